@@ -1,0 +1,46 @@
+#include "core/Common.h"
+
+#include "core/LocalFormats.h"
+#include "core/Paths.h"
+
+namespace korvanel {
+
+ApplicationBlock& App()
+{
+    static ApplicationBlock block;
+    return block;
+}
+
+void InitialiseApplicationBlock(const QString& executableDirectory)
+{
+    ApplicationBlock& app = App();
+    app.bProjectOpen = false;
+    app.bProjectDirty = false;
+    app.iCurrentPage = 0;
+    app.sProgramDir = WithoutTrailingSeparator(executableDirectory);
+    app.DecimalChar = SystemDecimalChar();
+    app.OtherDecimalChar = OtherDecimalCharOf(app.DecimalChar);
+    app.sDefaultProjectFile = QStringLiteral("PROJECT1.KVL");
+    app.sProjectLabel = JoinPath(app.sProgramDir, QStringLiteral("PROJECTS"));
+    app.iGridRows = {5, 5, 16, 5, 17, 7, 100};
+    app.iFileErrors = 0;
+    app.iGraceLeft = 5;
+    app.bEvaluated = 0;
+    app.iCurrentSet = 1;
+    app.MethodLetter = {QStringLiteral("V"), QStringLiteral("P")};
+    app.SuitabilityColour = {QStringLiteral("0"), QStringLiteral("49152"), QStringLiteral("40443"),
+                             QStringLiteral("192")};
+    app.bFileError = false;
+    app.iExitAction = kExitNone;
+}
+
+bool IsAron() { return App().iNetConfIndex == 1; }
+
+void ResetRowBuffers()
+{
+    App().CurrentRow = {};
+    App().MeasuredRow = {};
+    App().SimulatedRow = {};
+}
+
+} // namespace korvanel

@@ -1,0 +1,166 @@
+// The one block of application state. It says which project is open, what it contains, which page is on show and
+// which objects live from start to exit. Everything that is global stands here, once.
+#pragma once
+
+#include "core/Quantities.h"
+#include "core/ValueRow.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <vector>
+
+namespace korvanel {
+
+class clsGraphColours;
+class clsProgSettings;
+class clsSymbols;
+class Clock;
+class Shell;
+
+inline constexpr int kProgressThresholdEntry = 6;
+
+struct ApplicationBlock
+{
+    // What is open and on show.
+    bool bProjectOpen = false;
+    bool bProjectDirty = false; ///< header or settings changed since the last save; rows are never "dirty"
+    qint16 iCurrentPage = 0;    ///< 0: no page
+    bool bFileError = false;    ///< set by a file routine that failed or was refused; the caller clears it
+    qint16 iExitAction = 0;     ///< kExit... below
+
+    // Paths and names.
+    QString sProgramDir;
+    QString sDefaultProjectFile;
+    QString sProjectLabel; ///< directory of projects at first, then the project's name, empty once closed
+    QString sProjectPath;
+    QString sMotorDbPath;
+    QString sProgramTitle;
+    QString sVersion;
+    QString sDialogPreset; ///< name that stands in the open dialog before the user types one
+    QString sPrinter;      ///< printer in use
+
+    QChar DecimalChar = u',';
+    QChar OtherDecimalChar = u'.';
+
+    // The recording.
+    qint32 iSetCount = 0;
+    qint32 iCurrentSet = 1;
+    qint32 lLastReadSet = 0;
+    qint32 lMarkedSets = 1;
+    QString sTimeText; ///< time stamp of the set last read
+    tValueRow CurrentRow;
+    tMeasuredRow MeasuredRow;
+    tValueRow SimulatedRow;
+    std::vector<qint16> ColumnLayout; ///< columns of the value grids
+    std::array<qint32, 7> iGridRows{};
+    qint16 iFileErrors = 0; ///< failed row operations since the last sample
+    qint16 iGraceLeft = 0;  ///< invalid samples tolerated in a row
+    qint32 bEvaluated = 0;
+    bool bModelValid = false; ///< Motor/Generator I may be used for estimation
+
+    // Running energies of the derived quantities: Ws and vars.
+    double dCalcS = 0;
+    double dCalcQ = 0;
+    double dCalcCosPhi = 0;
+    double dCalcPhi = 0;
+    double dEnergyWp = 0;
+    double dEnergyWpPlus = 0;
+    double dEnergyWpMinus = 0;
+    double dEnergyWq = 0;
+    double dStepWp = 0;
+    double dStepWq = 0;
+    double dLastT = 0;
+    std::array<double, 6> StartEnergies{}; ///< registers of the first set: Wp, Wp+, Wp-, Wq, Wq+, Wq-
+
+    // Constants as the block carries them: 0 until the first project. Formulas use the language's own.
+    double PI = 0;
+    double E = 0;
+    double SQRT3 = 0;
+    double LN10 = 0;
+
+    std::array<QString, 2> MethodLetter;
+    std::array<QString, 4> SuitabilityColour;
+
+    // Header of the project.
+    QString sProjectName;
+    QDateTime dtProjectCreated;
+    QDateTime dtProjectSaved;
+    QString sCompany;
+    QString sEditor;
+    QString sDescription;
+    QDateTime dtMeasurementBegin;
+    QDateTime dtMeasurementEnd;
+    QString sMeasurementTerm;
+    QString sDeviceId;
+    QString sDevice;
+    double dInterval = 1; ///< s between two sets
+
+    // Settings of the project.
+    qint16 iNetConfIndex = 0;
+    qint32 lComPort = 1;
+    qint32 lModbusAddress = 0;
+    qint32 lSound = 0;
+    qint16 iCalcMethod = 1;
+    qint32 PrintSetsOpt = 0;
+    qint32 StartAtSet = 1;
+    qint32 StopAtSet = 56;
+    bool bASMSim = false;
+    std::array<qint32, kQuantityCount> Checks{};
+    std::array<qint32, kQuantityCount> PrChecks{};
+    std::array<double, 2> dTransPrimary{1, 1};
+    std::array<double, 2> dTransSecondary{1, 1};
+    std::array<double, 6> ScaleEnds{};
+    std::array<double, 2> dTrigger{};
+    std::array<qint32, 16> PrintIt{};
+    std::array<qint32, 2> Export{};
+
+    // Factors that an instrument applies by itself.
+    float fDevScaleU = 1;
+    float fDevScaleI = 1;
+    float fDevScaleP = 1;
+
+    // What the catalogue says of the chosen instrument.
+    qint16 iMinInterval = 1;
+    bool bHasDevTrans = false;
+    bool bHasCounterReset = false;
+    bool bHasDeviceInfo = false;
+    std::array<QString, 6> WiringTexts; ///< net, U, I, P, wattmeter method, remark
+
+    // Position of the page within the frame, kept from page to page.
+    qint32 lPageLeft = 0;
+    qint32 lPageTop = 0;
+
+    // Objects of other rooms, created by the composition root and living until exit.
+    clsGraphColours* GraphColours = nullptr;
+    clsSymbols* Symbols = nullptr;
+    clsProgSettings* ProgSettings = nullptr;
+    const Clock* TheClock = nullptr;
+    Shell* TheShell = nullptr;
+
+    /// Number of sets above which a long operation shows its progress.
+    qint32 iProgressThreshold() const { return iGridRows[kProgressThresholdEntry]; }
+};
+
+/// Values of `iExitAction`.
+inline constexpr qint16 kExitNone = 0;
+inline constexpr qint16 kExitCancelled = 2;
+inline constexpr qint16 kExitRestarting = 13;
+inline constexpr qint16 kExitRestartWanted = 15;
+
+/// The block. It exists once and for the whole run.
+ApplicationBlock& App();
+
+/// Puts the block into its state at start-up. `executableDirectory` becomes `sProgramDir` without its trailing
+/// separator. The pointers to objects of other rooms stay as they are.
+void InitialiseApplicationBlock(const QString& executableDirectory);
+
+/// True in the net configuration that measures three phases with the formula S = sqrt(3) U I.
+bool IsAron();
+
+/// Empties the three row buffers, so that a quantity which the net configuration doesn't store reads as 0.
+void ResetRowBuffers();
+
+} // namespace korvanel

@@ -1,0 +1,36 @@
+// The user's own formats: the decimal character of the system, and dates and times as text. A system without a locale
+// of its own counts as German, the language of the program.
+#pragma once
+
+#include <QDateTime>
+#include <QLocale>
+#include <QString>
+
+namespace korvanel {
+
+/// The locale whose formats are shown.
+QLocale FormatLocale();
+
+/// Decimal character of the system's number format, "," where the system has no setting.
+QChar SystemDecimalChar();
+
+/// "." where the decimal character is ",", and "," in every other case.
+QChar OtherDecimalCharOf(QChar decimalChar);
+
+/// The zero date: what a date holds that was never set.
+QDateTime ZeroDate();
+
+/// Date, one blank, time, in the local short formats; the year has four digits and the time its seconds, since sets
+/// lie seconds apart.
+QString DateTimeText(const QDateTime& moment);
+
+/// General date format: the date alone at midnight, the time alone on the zero date, else as `DateTimeText`.
+QString GeneralDateText(const QDateTime& moment);
+
+/// ISO text as the project file stores it, "YYYY-MM-DD HH:MM:SS", local time.
+QString StoredDateText(const QDateTime& moment);
+
+/// Reads `StoredDateText`; an invalid date for any other text.
+QDateTime DateFromStoredText(const QString& text);
+
+} // namespace korvanel

@@ -1,0 +1,79 @@
+#include "core/Messages.h"
+
+#include "core/Common.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <exception>
+
+namespace korvanel {
+
+namespace {
+
+Answer Ask(const QString& question, const QString& path)
+{
+    return App().TheShell->ShowBox({Texts().titleAttention, question + u'\n' + path, BoxIcon::Question,
+                                    BoxButtons::YesNo, Answer::No});
+}
+
+} // namespace
+
+void ShowError(const QString& text)
+{
+    App().TheShell->ShowBox({Texts().titleError, text, BoxIcon::Exclamation, BoxButtons::Ok, Answer::Ok});
+}
+
+void ShowInformation(const QString& text)
+{
+    App().TheShell->ShowBox({Texts().titleInformation, text, BoxIcon::None, BoxButtons::Ok, Answer::Ok});
+}
+
+void ShowBadFormat(const QString& path) { ShowError(Texts().badFormat + u'\n' + path); }
+
+void ShowPathNotFound(const QString& path) { ShowError(Texts().notFound + u'\n' + path); }
+
+void ShowNotFound(const QString& path)
+{
+    ShowPathNotFound(path);
+    // The missing separator is wanted: the label is only shown, never opened.
+    App().sProjectLabel = QDir::toNativeSeparators(QDir::currentPath()) + App().sDefaultProjectFile;
+    App().TheShell->RefreshPage();
+    App().TheShell->RefreshStatusBar();
+    App().sDialogPreset = QStringLiteral("*.KVL");
+    App().bFileError = false;
+}
+
+void ConfirmDelete(const QString& fileName)
+{
+    if (Ask(Texts().reallyDelete, fileName) == Answer::No)
+        App().bFileError = true;
+}
+
+void ConfirmOverwrite(const QString& path) { App().bFileError = Ask(Texts().reallyOverwrite, path) != Answer::Yes; }
+
+void DeleteFile(const QString& path) { QFile::remove(path); }
+
+bool CheckNumberRange(QString& value, double minimum, double maximum)
+{
+    const RangeCheck check = TestNumberRange(value, minimum, maximum);
+    value = check.text;
+    if (!check.isAccepted)
+        ShowError(FillPlaceholders(Texts().numberRange, {NumberText(minimum), NumberText(maximum) + u' '}));
+    return check.isAccepted;
+}
+
+void ReportFailure(const QString& operation, const QString& reason) { ShowError(operation + u'\n' + reason); }
+
+void RunGuarded(const QString& operation, const std::function<void()>& routine)
+{
+    try {
+        routine();
+    } catch (const std::exception& error) {
+        ReportFailure(operation, QString::fromUtf8(error.what()));
+    }
+}
+
+} // namespace korvanel

@@ -1,0 +1,64 @@
+#include "core/SettingsStore.h"
+
+#include "core/Paths.h"
+
+#include <QFile>
+#include <QSettings>
+
+namespace korvanel {
+
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr QSettings::Format kStoreFormat = QSettings::NativeFormat;
+#else
+constexpr QSettings::Format kStoreFormat = QSettings::IniFormat;
+#endif
+
+QSettings OpenStore(const QString& application)
+{
+    return {kStoreFormat, QSettings::UserScope, application, application};
+}
+
+} // namespace
+
+std::map<QString, QString> ReadSection(const QString& application, const QString& section)
+{
+    QSettings store = OpenStore(application);
+    store.setFallbacksEnabled(false);
+    store.beginGroup(section);
+    std::map<QString, QString> values;
+    for (const QString& key : store.childKeys()) {
+        const QVariant value = store.value(key);
+        // A value with unquoted commas reads as a list; it was one text when it was written by hand.
+        values[key] = value.typeId() == QMetaType::QStringList ? value.toStringList().join(u',') : value.toString();
+    }
+    return values;
+}
+
+void StoreValue(const QString& application, const QString& section, const QString& key, const QString& value)
+{
+    QSettings store = OpenStore(application);
+    store.beginGroup(section);
+    store.setValue(key, value);
+    store.endGroup();
+    store.sync();
+}
+
+void DeleteSection(const QString& application, const QString& section)
+{
+    QSettings store = OpenStore(application);
+    store.remove(section);
+    store.sync();
+}
+
+QString SetDamagedStoreAside(const QString& application)
+{
+    const QSettings store = OpenStore(application);
+    if (store.status() != QSettings::FormatError)
+        return {};
+    const QString copy = store.fileName() + QStringLiteral(".bak");
+    return CopyFileReplacing(store.fileName(), copy).isEmpty() ? copy : QString();
+}
+
+} // namespace korvanel

@@ -1,0 +1,24 @@
+// The user's key-value store: texts under application, section and key, independent of any project.
+#pragma once
+
+#include <QString>
+
+#include <map>
+
+namespace korvanel {
+
+inline const QString kSettingsApplication = QStringLiteral("KORVANEL");
+
+/// All keys of a section with their values; empty if the section is missing or can't be read.
+std::map<QString, QString> ReadSection(const QString& application, const QString& section);
+
+/// Stores one value at once.
+void StoreValue(const QString& application, const QString& section, const QString& key, const QString& value);
+
+void DeleteSection(const QString& application, const QString& section);
+
+/// Looks at the store before its first use. A damaged one is copied aside, since the next write would replace it.
+/// Returns the path of the copy, or an empty text if the store is sound or new.
+QString SetDamagedStoreAside(const QString& application);
+
+} // namespace korvanel

@@ -1,0 +1,108 @@
+#include "core/TableDb.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace korvanel {
+
+namespace {
+
+// A reader of a backup program may hold the file for a moment; a recording must not lose its row over that.
+constexpr int kBusyTimeoutMs = 250;
+
+void Harden(SQLite::Database& db)
+{
+    sqlite3* handle = db.getHandle();
+    const auto configure = [handle](int option, int value) { sqlite3_db_config(handle, option, value, nullptr); };
+    configure(SQLITE_DBCONFIG_DEFENSIVE, 1);
+    configure(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
+    configure(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
+    configure(SQLITE_DBCONFIG_ENABLE_VIEW, 0);
+    configure(SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0);
+    sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestStoredText);
+    sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
+    db.exec("PRAGMA cell_size_check=ON; PRAGMA synchronous=FULL");
+}
+
+} // namespace
+
+TableDb::TableDb(SQLite::Database&& opened) : database(std::move(opened)) { Harden(database); }
+
+TableDb TableDb::Open(const QString& path)
+{
+    return WithDbErrors([&] {
+        return TableDb(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE, kBusyTimeoutMs));
+    });
+}
+
+TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersion)
+{
+    if (QFileInfo::exists(path))
+        throw DbError("file exists already");
+    return WithDbErrors([&] {
+        TableDb db(
+            SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs));
+        db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));
+        db.Execute(QStringLiteral("PRAGMA user_version=%1").arg(schemaVersion));
+        return db;
+    });
+}
+
+void TableDb::Execute(const QString& sql)
+{
+    WithDbErrors([&] { database.exec(sql.toStdString()); });
+}
+
+bool TableDb::IsReadOnly() { return sqlite3_db_readonly(database.getHandle(), "main") == 1; }
+
+bool TableDb::TableExists(const QString& name)
+{
+    return WithDbErrors([&] {
+        SQLite::Statement query(database, "SELECT 1 FROM sqlite_schema WHERE type='table' AND name=? COLLATE NOCASE "
+                                          "AND sql NOT LIKE 'CREATE VIRTUAL%'");
+        query.bind(1, name.toStdString());
+        return query.executeStep();
+    });
+}
+
+void TableDb::DropTable(const QString& name)
+{
+    if (TableExists(name))
+        Execute(QStringLiteral("DROP TABLE %1;").arg(BracketedName(name)));
+}
+
+void TableDb::RequirePlainTables()
+{
+    WithDbErrors([&] {
+        SQLite::Statement query(database, "SELECT name FROM sqlite_schema WHERE type IN ('trigger','view') LIMIT 1");
+        if (query.executeStep())
+            throw DbError("unexpected trigger or view: " + query.getColumn(0).getString());
+    });
+}
+
+DbTransaction::DbTransaction(TableDb& db) :
+    database(db), isOutermost(sqlite3_get_autocommit(db.Handle().getHandle()) != 0), isOpen(isOutermost)
+{
+    if (isOutermost)
+        database.Execute(QStringLiteral("BEGIN IMMEDIATE"));
+}
+
+DbTransaction::~DbTransaction()
+{
+    // An error such as a full disk may have ended the transaction already; then there is nothing to take back.
+    if (isOpen && sqlite3_get_autocommit(database.Handle().getHandle()) == 0)
+        database.Handle().tryExec("ROLLBACK");
+}
+
+void DbTransaction::Commit()
+{
+    if (!isOutermost)
+        return;
+    database.Execute(QStringLiteral("COMMIT"));
+    isOpen = false;
+}
+
+QString BracketedName(const QString& name) { return u'[' + QString(name).remove(u']') + u']'; }
+
+} // namespace korvanel

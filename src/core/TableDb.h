@@ -1,0 +1,85 @@
+// A table database: one SQLite file, opened with the care that a file from a stranger needs, and the few operations
+// that project and motor database share. Errors are thrown as DbError with the engine's own words.
+#pragma once
+
+#include <QString>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <stdexcept>
+
+namespace korvanel {
+
+class DbError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Longest text in bytes that is written to or read from a file. A longer one is refused by the engine, so that a
+/// hostile file can't fill the memory. It leaves room for `kLongestTypedText` characters in UTF-8.
+inline constexpr int kLongestStoredText = 128 * 1024;
+/// Longest text in characters that an input box takes.
+inline constexpr int kLongestTypedText = 32767;
+
+/// Marks a file as this program's; stands in the header of the file.
+inline constexpr int kProjectApplicationId = 0x4B564E4C;
+
+class TableDb
+{
+public:
+    /// Opens an existing file for reading and writing; a file that is write-protected opens for reading.
+    static TableDb Open(const QString& path);
+    /// Creates a new file. An existing one of that name is an error and stays as it is.
+    static TableDb Create(const QString& path, int applicationId, int schemaVersion);
+
+    SQLite::Database& Handle() { return database; }
+    void Execute(const QString& sql);
+    bool IsReadOnly();
+
+    /// Compares with the names of all tables, ignoring case. Views and virtual tables are no tables.
+    bool TableExists(const QString& name);
+    /// Drops the table if it exists.
+    void DropTable(const QString& name);
+    /// Throws if the file holds triggers or views: this program writes none, and a foreign one could change what is
+    /// read or stored behind its back.
+    void RequirePlainTables();
+
+private:
+    explicit TableDb(SQLite::Database&& opened);
+    SQLite::Database database;
+};
+
+/// One operation is one transaction. Within a transaction that is under way this does nothing, so that operations
+/// can be built from operations. Without `Commit` everything is taken back.
+class DbTransaction
+{
+public:
+    explicit DbTransaction(TableDb& db);
+    DbTransaction(const DbTransaction&) = delete;
+    DbTransaction& operator=(const DbTransaction&) = delete;
+    ~DbTransaction();
+    void Commit();
+
+private:
+    TableDb& database;
+    bool isOutermost;
+    bool isOpen;
+};
+
+/// The engine's statement text for a name: in square brackets, as a bracket can't stand within.
+QString BracketedName(const QString& name);
+
+/// Runs a routine and turns an exception of the library into DbError.
+template <typename Routine>
+auto WithDbErrors(Routine&& routine)
+{
+    try {
+        return routine();
+    } catch (const SQLite::Exception& error) {
+        throw DbError(error.what());
+    }
+}
+
+} // namespace korvanel

@@ -1,0 +1,40 @@
+// What a project's header and settings consist of: every key with its table and the field of the application block that
+// it stands for, in the order in which a save writes them. A new key is one line.
+#pragma once
+
+#include "core/Common.h"
+
+#include <functional>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace korvanel {
+
+enum class ProjectTable { Overview, Settings };
+
+/// A field of the block; its type decides on the column of the key-value table.
+using ProjectField = std::variant<qint16*, qint32*, double*, QDateTime*, QString*, bool*>;
+
+struct ProjectKey
+{
+    ProjectTable table;
+    std::string name;
+    ProjectField field;
+    /// Accepted numbers; a file that holds another one is not read as a project.
+    double minimum;
+    double maximum;
+    bool isMeasurementHeader = false; ///< one of the four keys that a run writes alone
+};
+
+const char* TableName(ProjectTable table);
+
+/// All keys with the fields of the block.
+const std::vector<ProjectKey>& ProjectKeys();
+
+/// Sets every field of the two tables to its default, with the constants of the block, and resets what else belongs to
+/// a project: marked sets, scale factors of the instrument. Fields that are told to keep their value keep it.
+void ResetProjectData();
+
+} // namespace korvanel

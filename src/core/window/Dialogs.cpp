@@ -1,0 +1,143 @@
+#include "core/window/Dialogs.h"
+
+#include "core/Paths.h"
+#include "core/Texts.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+
+namespace korvanel {
+
+namespace {
+
+struct BoxButton
+{
+    Answer answer;
+    QMessageBox::StandardButton button;
+    TextMember text;
+};
+
+constexpr std::array<BoxButton, 4> kButtons{{
+    {Answer::Ok, QMessageBox::Ok, &TextTable::buttonOk},
+    {Answer::Yes, QMessageBox::Yes, &TextTable::buttonYes},
+    {Answer::No, QMessageBox::No, &TextTable::buttonNo},
+    {Answer::Cancel, QMessageBox::Cancel, &TextTable::buttonCancel},
+}};
+
+QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons)
+{
+    switch (buttons) {
+    case BoxButtons::Ok:
+        return QMessageBox::Ok;
+    case BoxButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon)
+{
+    switch (icon) {
+    case BoxIcon::None:
+        return QMessageBox::NoIcon;
+    case BoxIcon::Exclamation:
+        return QMessageBox::Warning;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// "Text (*.MDB)|*.MDB|" as the toolkit writes it: the pattern in brackets behind the text.
+QStringList NameFilters(const QString& filter)
+{
+    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString text = parts[i];
+        text.remove(u'(' + parts[i + 1] + u')');
+        filters << text.trimmed() + QStringLiteral(" (") + parts[i + 1] + u')';
+    }
+    return filters;
+}
+
+void Prepare(QFileDialog& dialog, const FileQuestion& question)
+{
+    dialog.setObjectName(QStringLiteral("dlgFile"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setNameFilters(NameFilters(question.filter));
+    dialog.setLabelText(QFileDialog::Reject, Texts().buttonCancel);
+}
+
+QString Chosen(const QFileDialog& dialog)
+{
+    const QStringList files = dialog.selectedFiles();
+    return files.isEmpty() ? QString() : QDir::toNativeSeparators(files.front());
+}
+
+/// The next dialog opens where the user has been last.
+void RememberDirectory(const QString& path) { QDir::setCurrent(QFileInfo(path).absolutePath()); }
+
+} // namespace
+
+Answer RunBox(QWidget* parent, const Box& box)
+{
+    QMessageBox dialog(IconOf(box.icon), box.title, box.text, ButtonsOf(box.buttons), parent);
+    dialog.setTextFormat(Qt::PlainText);
+    dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    for (const BoxButton& entry : kButtons) {
+        QAbstractButton* button = dialog.button(entry.button);
+        if (!button)
+            continue;
+        button->setText(TextOf(entry.text));
+        if (entry.answer == box.preset)
+            dialog.setDefaultButton(entry.button);
+    }
+    const int pressed = dialog.exec();
+    for (const BoxButton& entry : kButtons)
+        if (entry.button == pressed)
+            return entry.answer;
+    return box.buttons == BoxButtons::Ok ? Answer::Ok : Answer::Cancel;
+}
+
+QString RunOpenDialog(QWidget* parent, const FileQuestion& question)
+{
+    QFileDialog dialog(parent, question.title, question.suggestion);
+    Prepare(dialog, question);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); name && !question.preset.isEmpty()) {
+        name->setText(question.preset);
+        name->selectAll(); // typing replaces it
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    const QString path = Chosen(dialog);
+    RememberDirectory(path);
+    return path;
+}
+
+QString RunSaveDialog(QWidget* parent, const FileQuestion& question)
+{
+    QFileDialog dialog(parent, question.title, QFileInfo(question.suggestion).absolutePath());
+    Prepare(dialog, question);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setLabelText(QFileDialog::Accept, Texts().titleSave);
+    dialog.selectFile(FileNameOf(question.suggestion));
+    if (dialog.exec() != QDialog::Accepted)
+        return question.suggestion;
+    const QString path = Chosen(dialog);
+    if (path != question.suggestion)
+        RememberDirectory(path);
+    return path;
+}
+
+} // namespace korvanel

@@ -1,0 +1,45 @@
+#include "core/window/FormH2.h"
+
+#include "core/Common.h"
+#include "core/NumberText.h"
+#include "core/Paths.h"
+#include "core/Texts.h"
+
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+FormH2::FormH2(QWidget* parent) : QDialog(parent)
+{
+    constexpr double kLarge = 1.6;
+    setObjectName(QStringLiteral("FormH2"));
+    setWindowTitle(Texts().aboutTitle);
+    auto* column = new QVBoxLayout(this);
+    const auto add = [column](const char* name, const QString& text) {
+        auto* label = new QLabel(text);
+        label->setObjectName(QLatin1String(name));
+        label->setAlignment(Qt::AlignCenter);
+        column->addWidget(label);
+        return label;
+    };
+    const QPixmap logo(JoinPath(App().sProgramDir, QStringLiteral("LOGO.BMP")));
+    if (!logo.isNull())
+        add("imgLogo", {})->setPixmap(logo);
+    QLabel* name = add("lblAbout_0", QStringLiteral("KORVANEL"));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * kLarge);
+    large.setBold(true);
+    name->setFont(large);
+    add("lblAbout_1", FillPlaceholders(Texts().aboutVersion, {App().sVersion}));
+    add("lblAbout_2", Texts().aboutText);
+    auto* ok = new QPushButton(Texts().buttonOk);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    column->addWidget(ok, 0, Qt::AlignCenter);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+} // namespace korvanel

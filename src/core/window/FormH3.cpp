@@ -1,0 +1,95 @@
+#include "core/window/FormH3.h"
+
+#include "core/Common.h"
+#include "core/Texts.h"
+#include "diagrams/clsSymbols.h"
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace korvanel {
+
+QString ColumnText(int column)
+{
+    switch (column) {
+    case kColumnTime:
+        return Texts().columnTime;
+    case kColumnTimeStamp:
+        return Texts().columnTimeStamp;
+    case kColumnSuitability:
+        return Texts().columnModel;
+    case kColumnMethod:
+        return Texts().columnMethod;
+    default:
+        return App().Symbols->Symbol(column);
+    }
+}
+
+FormH3::FormH3(QWidget* parent) : QDialog(parent), list(new QListWidget)
+{
+    setObjectName(QStringLiteral("FormH3"));
+    setWindowTitle(Texts().columnOrderTitle);
+    list->setObjectName(QStringLiteral("lstOrder"));
+    list->setDragDropMode(QAbstractItemView::InternalMove);
+    for (const qint16 column : App().ColumnLayout) {
+        auto* item = new QListWidgetItem(ColumnText(column), list);
+        item->setData(Qt::UserRole, column);
+    }
+    list->setCurrentRow(0);
+
+    auto* buttons = new QVBoxLayout;
+    const std::array captions{Texts().moveFirst, Texts().moveUp, Texts().moveDown, Texts().moveLast};
+    for (std::size_t i = 0; i < captions.size(); ++i)
+        AddMoveButton(*buttons, static_cast<int>(i), captions[i]);
+    buttons->addStretch(1);
+    auto* ok = new QPushButton(Texts().buttonOk);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    buttons->addWidget(ok);
+    auto* cancel = new QPushButton(Texts().buttonCancel);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    buttons->addWidget(cancel);
+    connect(this, &QDialog::accepted, this, [this] { WriteBack(); });
+
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(list, 1);
+    row->addLayout(buttons);
+}
+
+bool FormH3::ChangeOrder(QWidget* parent) { return FormH3(parent).exec() == QDialog::Accepted; }
+
+void FormH3::AddMoveButton(QVBoxLayout& column, int index, const QString& text)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(QStringLiteral("cmdMove_%1").arg(index));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, index] { Move(index); });
+    column.addWidget(button);
+}
+
+void FormH3::Move(int index)
+{
+    const int from = list->currentRow();
+    const int last = list->count() - 1;
+    const std::array targets{0, from - 1, from + 1, last};
+    const int to = targets.at(static_cast<std::size_t>(index));
+    if (from < 0 || to < 0 || to > last)
+        return;
+    list->insertItem(to, list->takeItem(from));
+    list->setCurrentRow(to);
+}
+
+void FormH3::WriteBack()
+{
+    for (int i = 0; i < list->count(); ++i)
+        App().ColumnLayout.at(static_cast<std::size_t>(i)) =
+            static_cast<qint16>(list->item(i)->data(Qt::UserRole).toInt());
+}
+
+} // namespace korvanel

@@ -1,0 +1,210 @@
+#include "core/window/MainMenu.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/Texts.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <array>
+#include <stdexcept>
+
+namespace korvanel {
+
+namespace {
+
+using T = TextTable;
+
+struct MenuEntry
+{
+    const char* parent; ///< object name of the menu above; none for the menu bar
+    const char* name;
+    TextMember caption;
+    bool isMenu = false;
+    QKeySequence::StandardKey shortcut = QKeySequence::UnknownKey;
+    bool hasSeparator = false; ///< a line stands above the entry
+};
+
+constexpr const char* kRecentFiles = "mnuFileMRU";
+
+constexpr MenuEntry kEntries[] = {
+    {.parent = nullptr, .name = "mnuFile", .caption = &T::mnuFile, .isMenu = true},
+    {.parent = "mnuFile", .name = "mnuNew", .caption = &T::mnuNew, .shortcut = QKeySequence::New},
+    {.parent = "mnuFile", .name = "mnuOpen", .caption = &T::mnuOpen, .shortcut = QKeySequence::Open},
+    {.parent = "mnuFile", .name = "mnuSave", .caption = &T::mnuSave, .shortcut = QKeySequence::Save},
+    {.parent = "mnuFile", .name = "mnuSaveAs", .caption = &T::mnuSaveAs},
+    {.parent = "mnuFile", .name = "mnuClose", .caption = &T::mnuClose, .shortcut = QKeySequence::Close},
+    {.parent = "mnuFile", .name = "mnuPrint", .caption = &T::mnuPrint, .shortcut = QKeySequence::Print,
+     .hasSeparator = true},
+    {.parent = "mnuFile", .name = "mnuDelete", .caption = &T::mnuDelete},
+    {.parent = "mnuFile", .name = kRecentFiles, .caption = nullptr},
+    {.parent = "mnuFile", .name = "mnuEnd", .caption = &T::mnuEnd, .shortcut = QKeySequence::Quit,
+     .hasSeparator = true},
+    {.parent = nullptr, .name = "mnuProjectData", .caption = &T::mnuProjectData, .isMenu = true},
+    {.parent = "mnuProjectData", .name = "mnuGeneralData", .caption = &T::mnuGeneralData},
+    {.parent = "mnuProjectData", .name = "mnuConfiguration", .caption = &T::mnuConfiguration},
+    {.parent = nullptr, .name = "mnuEngine", .caption = &T::mnuEngine, .isMenu = true},
+    {.parent = "mnuEngine", .name = "mnuDatabase", .caption = &T::mnuDatabase},
+    {.parent = nullptr, .name = "mnuDevice", .caption = &T::mnuDevice, .isMenu = true},
+    {.parent = "mnuDevice", .name = "mnuDeviceConf", .caption = &T::mnuDeviceConf},
+    {.parent = "mnuDevice", .name = "mnuOnlineDevice", .caption = &T::mnuOnlineDevice},
+    {.parent = "mnuDevice", .name = "mnuOfflineDevice", .caption = &T::mnuOfflineDevice},
+    {.parent = "mnuDevice", .name = "mnuResTable", .caption = &T::mnuResTable},
+    {.parent = "mnuDevice", .name = "mnuResGraph", .caption = &T::mnuResGraph},
+    {.parent = "mnuDevice", .name = "mnuResPrint", .caption = &T::mnuResPrint},
+    {.parent = nullptr, .name = "mnuoptions", .caption = &T::mnuoptions, .isMenu = true},
+    {.parent = "mnuoptions", .name = "mnuModbus", .caption = &T::mnuModbus},
+    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &T::mnuDatabaseOpt},
+    {.parent = "mnuoptions", .name = "mnuConvert", .caption = &T::mnuConvert},
+    {.parent = "mnuoptions", .name = "mnuLang", .caption = &T::mnuLang, .isMenu = true},
+    {.parent = nullptr, .name = "mnuHelp", .caption = &T::mnuHelp, .isMenu = true},
+    {.parent = "mnuHelp", .name = "mnuBook", .caption = &T::mnuBook, .shortcut = QKeySequence::HelpContents},
+    {.parent = "mnuHelp", .name = "mnuInternet", .caption = &T::mnuInternet},
+    {.parent = "mnuHelp", .name = "mnuInfo", .caption = &T::mnuInfo},
+};
+
+/// Entries that need an open project. `mnuEngine` needs a net configuration with a machine besides.
+constexpr std::array kProjectEntries{"mnuSave", "mnuSaveAs", "mnuClose", "mnuPrint", "mnuProjectData", "mnuDevice"};
+
+/// Menus that a run or a long calculation locks.
+constexpr std::array kBusyMenus{"mnuFile", "mnuEngine", "mnuProjectData", "mnuDevice", "mnuHelp", "mnuoptions"};
+
+/// A file name may hold an ampersand, which in a caption marks the key of the entry.
+QString PlainCaption(const QString& caption) { return QString(caption).replace(u'&', QStringLiteral("&&")); }
+
+} // namespace
+
+MainMenu::MainMenu(QMainWindow& window) : QObject(&window)
+{
+    for (const MenuEntry& line : kEntries) {
+        const QString name = QLatin1String(line.name);
+        if (line.isMenu) {
+            auto* menu = new QMenu(TextOf(line.caption), &window);
+            menu->setObjectName(name);
+            menu->menuAction()->setObjectName(name);
+            if (line.parent)
+                SubMenu(QLatin1String(line.parent))->addMenu(menu);
+            else
+                window.menuBar()->addMenu(menu);
+            menus[name] = menu;
+            entries[name] = menu->menuAction();
+            continue;
+        }
+        QMenu& parent = *SubMenu(QLatin1String(line.parent));
+        if (line.hasSeparator)
+            parent.addSeparator()->setObjectName(name + QStringLiteral("_separator"));
+        if (line.caption) {
+            AddEntry(parent, name, TextOf(line.caption));
+            Entry(name)->setShortcuts(line.shortcut);
+        } else { // where the recent files go
+            QAction* separator = parent.addSeparator();
+            separator->setObjectName(name + QStringLiteral("_0"));
+            recent.push_back(separator);
+        }
+    }
+    Entry(QStringLiteral("mnuInternet"))->setVisible(false); // there is no address yet
+    EnableProjectEntries(false);
+}
+
+void MainMenu::ApplyTexts()
+{
+    for (const MenuEntry& line : kEntries)
+        if (line.caption)
+            Entry(QLatin1String(line.name))->setText(TextOf(line.caption));
+}
+
+void MainMenu::AddEntry(QMenu& parent, const QString& name, const QString& caption)
+{
+    QAction* entry = parent.addAction(caption);
+    entry->setObjectName(name);
+    entries[name] = entry;
+}
+
+QAction* MainMenu::Entry(const QString& name) const { return entries.at(name); }
+QMenu* MainMenu::SubMenu(const QString& name) const { return menus.at(name); }
+
+void MainMenu::OnTriggered(const QString& name, const std::function<void()>& action)
+{
+    connect(Entry(name), &QAction::triggered, this, [name, action] { RunGuarded(name, action); });
+}
+
+void MainMenu::EnableProjectEntries(bool isProjectOpen)
+{
+    for (const char* name : kProjectEntries)
+        Entry(QLatin1String(name))->setEnabled(isProjectOpen);
+    Entry(QStringLiteral("mnuConvert"))->setEnabled(!isProjectOpen);
+    EnableMachine(isProjectOpen && HasMachine(App().iNetConfIndex));
+}
+
+void MainMenu::EnableMachine(bool isEnabled) { Entry(QStringLiteral("mnuEngine"))->setEnabled(isEnabled); }
+
+void MainMenu::SetBusy(bool areEnabled)
+{
+    if (!areEnabled && savedStates.empty()) {
+        for (const char* name : kBusyMenus) {
+            savedStates[QLatin1String(name)] = Entry(QLatin1String(name))->isEnabled();
+            Entry(QLatin1String(name))->setEnabled(false);
+        }
+    } else if (areEnabled) {
+        for (const auto& [name, wasEnabled] : savedStates)
+            Entry(name)->setEnabled(wasEnabled);
+        savedStates.clear();
+    }
+}
+
+void MainMenu::SetLanguages(const QStringList& names, const QStringList& files, const QString& used,
+                            const std::function<void(const QString&)>& choose)
+{
+    QMenu& languages = *SubMenu(QStringLiteral("mnuLang"));
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QString name = QStringLiteral("mnuLaname_%1").arg(i);
+        AddEntry(languages, name, PlainCaption(names[i]));
+        QAction* entry = Entry(name);
+        const bool isUsed = files[i] == used;
+        entry->setCheckable(true);
+        entry->setChecked(isUsed);
+        const QString file = files[i];
+        connect(entry, &QAction::triggered, this, [entry, name, file, isUsed, choose] {
+            entry->setChecked(isUsed); // the mark follows the language, not the click
+            if (!isUsed)
+                RunGuarded(name, [&] { choose(file); });
+        });
+    }
+}
+
+void MainMenu::SetCaption(int index, const QString& caption)
+{
+    if (index > 0) // element 0 is a line
+        recent.at(static_cast<std::size_t>(index))->setText(PlainCaption(caption));
+}
+
+void MainMenu::SetVisible(int index, bool isVisible) { recent.at(static_cast<std::size_t>(index))->setVisible(isVisible); }
+
+void MainMenu::Load(int index)
+{
+    if (index <= UpperBound())
+        return;
+    QMenu& file = *SubMenu(QStringLiteral("mnuFile"));
+    auto* entry = new QAction(&file);
+    entry->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(kRecentFiles)).arg(index));
+    const QList<QAction*> all = file.actions();
+    file.insertAction(all.at(all.indexOf(Entry(QStringLiteral("mnuEnd"))) - 1), entry); // above the line before End
+    connect(entry, &QAction::triggered, this, [this, entry] {
+        const QString path = entry->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
+        RunGuarded(entry->objectName(), [&] { openRecent(path); });
+    });
+    recent.push_back(entry);
+}
+
+void MainMenu::Unload(int index)
+{
+    QAction* entry = recent.at(static_cast<std::size_t>(index));
+    recent.erase(recent.begin() + index);
+    entry->setVisible(false);
+    entry->deleteLater(); // it may be the one whose click is being answered
+}
+
+} // namespace korvanel

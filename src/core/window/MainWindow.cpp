@@ -1,0 +1,286 @@
+#include "core/window/MainWindow.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Paths.h"
+#include "core/SettingsStore.h"
+#include "core/Texts.h"
+#include "core/clsProgSettings.h"
+#include "core/clsWaitCursor.h"
+#include "core/project/ProjectCommands.h"
+#include "core/project/ProjectStore.h"
+#include "core/window/Dialogs.h"
+#include "core/window/MainMenu.h"
+#include "core/window/Page.h"
+#include "core/window/PageTable.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+
+#include <cmath>
+
+namespace korvanel {
+
+namespace {
+
+const QString kRecentSection = QStringLiteral("MRU");
+
+} // namespace
+
+MainWindow::MainWindow() : menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this))
+{
+    setObjectName(QStringLiteral("MainForm"));
+    area->setObjectName(QStringLiteral("mdiFrame"));
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(area);
+    BuildStatusBar();
+    resize(kPageWidth + 200, kPageHeight + 160);
+    recentFiles.Init(*menu, kSettingsApplication, kRecentSection);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildStatusBar()
+{
+    const auto panel = [this](const char* name, int stretch) {
+        auto* label = new QLabel;
+        label->setObjectName(QLatin1String(name));
+        label->setTextFormat(Qt::PlainText);
+        statusBar()->addWidget(label, stretch);
+        return label;
+    };
+    constexpr int kPercentWidth = 140;
+    programPanel = panel("lblPanel_0", 1);
+    filePanel = panel("lblPanel_1", 2);
+    percentPanel = panel("lblPanel_2", 0);
+    percentPanel->setFixedWidth(kPercentWidth);
+    percentPanel->setAlignment(Qt::AlignCenter);
+}
+
+void MainWindow::ApplyMainTexts()
+{
+    setWindowTitle(App().sProgramTitle);
+    programPanel->setText(App().sProgramTitle + App().sVersion);
+    menu->ApplyTexts();
+}
+
+void MainWindow::RegisterPage(int number, PageBuilder builder) { builders[number] = std::move(builder); }
+
+// The flow of pages.
+
+void MainWindow::UnloadAndOpen(int number)
+{
+    UnloadPage();
+    App().iCurrentPage = static_cast<qint16>(number);
+    ShowPage();
+}
+
+void MainWindow::UnloadPage()
+{
+    if (!page)
+        return;
+    App().lPageLeft = pageFrame->x();
+    App().lPageTop = pageFrame->y();
+    SaveIfDirty();
+    LeavePage();
+    // The page may be the one whose button is being answered, so it goes when the event is over.
+    Page* left = page;
+    page.clear();
+    pageFrame->hide();
+    area->removeSubWindow(pageFrame);
+    left->hide();
+    pageFrame->deleteLater();
+    left->deleteLater();
+}
+
+void MainWindow::LeavePage()
+{
+    if (page)
+        page->Leave();
+    App().iCurrentPage = kNoPageOnShow;
+}
+
+bool MainWindow::CheckPageAllowed()
+{
+    const PageEntry* entry = FindPage(App().iCurrentPage);
+    if (!entry)
+        return true;
+    if (entry->number == kPageMachine)
+        return isMachinePageAllowed();
+    if (MayShowWithoutMachine(*entry, App().iNetConfIndex, App().bModelValid))
+        return true;
+    ShowError(Texts().noMachineChosen);
+    App().iCurrentPage = kPageMachine;
+    ShowPage();
+    return true;
+}
+
+void MainWindow::ShowPage()
+{
+    clsWaitCursor cursor;
+    cursor.Show();
+    const int wanted = App().iCurrentPage;
+    const bool isAllowed = CheckPageAllowed();
+    const PageEntry* entry = FindPage(App().iCurrentPage);
+    const bool isShownAlready = wanted != App().iCurrentPage;
+    if (isShownAlready)
+        return;
+    if (!isAllowed || !entry) {
+        App().iCurrentPage = kNoPageOnShow;
+        return;
+    }
+    page = builders.at(entry->number)(*this, *entry);
+    page->AddBottomRow();
+    pageFrame = area->addSubWindow(page, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    PlacePage(*pageFrame);
+    page->Refresh();
+    page->show();
+    pageFrame->show();
+    pageFrame->setFixedSize(pageFrame->sizeHint());
+    page->FocusFirstControl();
+}
+
+void MainWindow::PlacePage(QMdiSubWindow& frame)
+{
+    const QSize room = area->viewport()->size() - frame.sizeHint();
+    frame.move(std::clamp(App().lPageLeft, 0, std::max(0, room.width())),
+               std::clamp(App().lPageTop, 0, std::max(0, room.height())));
+}
+
+void MainWindow::RefreshPage()
+{
+    if (page)
+        page->Refresh();
+}
+
+void MainWindow::SetPageButtons(bool areEnabled)
+{
+    if (!page)
+        return;
+    page->findChild<QPushButton*>(QStringLiteral("cmdBack"))->setEnabled(areEnabled);
+    page->findChild<QPushButton*>(QStringLiteral("cmdForw"))
+        ->setEnabled(areEnabled && page->Entry().forward != kNoPageOnShow);
+}
+
+void MainWindow::RefreshStatusBar()
+{
+    filePanel->setText(FileNameOf(App().sProjectPath));
+    RefreshCaption();
+}
+
+void MainWindow::RefreshCaption()
+{
+    setWindowTitle(QStringLiteral("KORVANEL [ ") + App().sProjectName + QStringLiteral(" ]"));
+}
+
+// The shell.
+
+Answer MainWindow::ShowBox(const Box& box) { return RunBox(this, box); }
+QString MainWindow::AskOpenPath(const FileQuestion& question) { return RunOpenDialog(this, question); }
+QString MainWindow::AskSavePath(const FileQuestion& question) { return RunSaveDialog(this, question); }
+
+void MainWindow::SetWaitCursor(bool isWaiting)
+{
+    if (isWaiting)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void MainWindow::Beep() { QApplication::beep(); }
+
+void MainWindow::ShowProgress(Progress mode, double fraction)
+{
+    if (App().iSetCount <= App().iProgressThreshold())
+        return;
+    switch (mode) {
+    case Progress::Begin:
+        if (!progressBar) {
+            progressBar = new QProgressBar(percentPanel);
+            progressBar->setObjectName(QStringLiteral("prgProgress"));
+            progressBar->setTextVisible(false);
+        }
+        progressBar->setValue(0);
+        progressBar->setGeometry(percentPanel->rect());
+        progressBar->show();
+        SetBusyMenus(false);
+        break;
+    case Progress::Advance: {
+        if (!progressBar || !(fraction >= 0 && fraction < 1))
+            return;
+        const int percent = static_cast<int>(std::floor(fraction * 100));
+        if (percent != progressBar->value()) {
+            progressBar->setValue(percent);
+            percentPanel->setText(FillPlaceholders(Texts().percentPanel, {QString::number(std::round(fraction * 100))}));
+            QApplication::processEvents();
+        }
+        break;
+    }
+    case Progress::End:
+        if (progressBar)
+            progressBar->hide();
+        percentPanel->clear();
+        SetBusyMenus(true);
+        RefreshPage();
+        break;
+    }
+}
+
+void MainWindow::SetBusyMenus(bool areEnabled) { menu->SetBusy(areEnabled); }
+void MainWindow::EnableProjectMenus(bool isProjectOpen) { menu->EnableProjectEntries(isProjectOpen); }
+void MainWindow::EnableMachineMenu(bool isEnabled) { menu->EnableMachine(isEnabled); }
+void MainWindow::AddRecentFile(const QString& path) { recentFiles.Add(path); }
+void MainWindow::SelectRecentFile(const QString& path) { recentFiles.SelectItem(path); }
+QStringList MainWindow::PrinterNames() { return QPrinterInfo::availablePrinterNames(); }
+QString MainWindow::DefaultPrinterName() { return QPrinterInfo::defaultPrinterName(); }
+
+// The end of the program.
+
+void MainWindow::EndProgram()
+{
+    UnloadPage();
+    if (CloseProject())
+        close();
+}
+
+void MainWindow::ChooseLanguage(const QString& languageFile)
+{
+    const Answer answer = ShowBox({App().sProgramTitle.trimmed(), Texts().languageChange, BoxIcon::Question,
+                                   BoxButtons::YesNo, Answer::Yes});
+    if (answer != Answer::Yes)
+        return;
+    App().ProgSettings->SetLanguageFile(languageFile);
+    App().iExitAction = kExitRestartWanted;
+    close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    RunGuarded(objectName(), [this, event] {
+        const bool isClosing = CloseProject();
+        event->setAccepted(isClosing);
+        // A cancelled closing goes on all the same: the user keeps the window and the project, without a page.
+        SaveIfDirty();
+        UnloadPage();
+        recentFiles.StoreSettings(kSettingsApplication, kRecentSection);
+        for (QWidget* other : QApplication::topLevelWidgets())
+            if (other != this && other->isVisible())
+                other->close();
+        if (isClosing && App().iExitAction == kExitRestartWanted) {
+            App().iExitAction = kExitRestarting;
+            QProcess::startDetached(QApplication::applicationFilePath(), {});
+        }
+    });
+}
+
+} // namespace korvanel

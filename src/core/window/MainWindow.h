@@ -1,0 +1,102 @@
+// The frame of the program: menu, status bar and the one page on show. It is the shell through which modules reach the
+// user, and it keeps the flow from page to page.
+#pragma once
+
+#include "core/Shell.h"
+#include "core/window/clsMRUMenu.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QProgressBar;
+
+namespace korvanel {
+
+class MainMenu;
+class MainWindow;
+class Page;
+struct PageEntry;
+
+/// Makes a page when it is shown.
+using PageBuilder = std::function<Page*(MainWindow&, const PageEntry&)>;
+
+class MainWindow : public QMainWindow, public Shell
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// The builder of a page; the composition root registers one for each number.
+    void RegisterPage(int number, PageBuilder builder);
+    /// Whether the machine page can be shown, asked each time.
+    void SetMachinePageCheck(std::function<bool()> check) { isMachinePageAllowed = std::move(check); }
+
+    /// Puts title and version on the window and its first panel, and the texts of the table on the menu.
+    void ApplyMainTexts();
+
+    /// Unloads the page on show and shows another; 7 shows none.
+    void UnloadAndOpen(int page);
+    /// Tells whether the current page may be shown; without a valid machine it shows the machine page instead.
+    bool CheckPageAllowed();
+    /// Ends what the page keeps running and forgets it as the current one.
+    void LeavePage();
+    /// Buttons of a page that a run must not be left by.
+    void SetPageButtons(bool areEnabled);
+    Page* PageOnShow() const { return page; }
+    MainMenu& Menu() { return *menu; }
+
+    /// The menu's End: closes unless the user cancels.
+    void EndProgram();
+    /// Starts the program anew in another language, if the user agrees.
+    void ChooseLanguage(const QString& languageFile);
+
+    // Shell
+    Answer ShowBox(const Box& box) override;
+    QString AskOpenPath(const FileQuestion& question) override;
+    QString AskSavePath(const FileQuestion& question) override;
+    void SetWaitCursor(bool isWaiting) override;
+    void Beep() override;
+    void ShowProgress(Progress mode, double fraction) override;
+    void SetBusyMenus(bool areEnabled) override;
+    void EnableProjectMenus(bool isProjectOpen) override;
+    void EnableMachineMenu(bool isEnabled) override;
+    void UnloadPage() override;
+    void ShowPage() override;
+    void RefreshPage() override;
+    void RefreshStatusBar() override;
+    void RefreshCaption() override;
+    void AddRecentFile(const QString& path) override;
+    void SelectRecentFile(const QString& path) override;
+    QStringList PrinterNames() override;
+    QString DefaultPrinterName() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildStatusBar();
+    void PlacePage(QMdiSubWindow& frame);
+
+    std::unique_ptr<MainMenu> menu;
+    clsMRUMenu recentFiles;
+    std::map<int, PageBuilder> builders;
+    std::function<bool()> isMachinePageAllowed = [] { return true; };
+    QMdiArea* area;
+    QPointer<Page> page;
+    QPointer<QMdiSubWindow> pageFrame;
+    QLabel* programPanel = nullptr;
+    QLabel* filePanel = nullptr;
+    QLabel* percentPanel = nullptr;
+    QProgressBar* progressBar = nullptr;
+};
+
+} // namespace korvanel

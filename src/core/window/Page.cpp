@@ -1,0 +1,68 @@
+#include "core/window/Page.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/Texts.h"
+#include "core/window/MainWindow.h"
+#include "core/window/PageTable.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+Page::Page(MainWindow& window, const PageEntry& entry) :
+    frameWindow(window), pageEntry(entry), body(new QVBoxLayout)
+{
+    setObjectName(QLatin1String(entry.name));
+    setWindowTitle(TextOf(entry.title));
+    setFixedSize(kPageWidth, kPageHeight);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(body, 1);
+}
+
+void Page::AddBottomRow()
+{
+    auto* row = new QHBoxLayout;
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+    if (pageEntry.showsDeviceId)
+        AddDeviceLabel(*row);
+    row->addStretch(1);
+    QPushButton* back = AddButton(*row, "cmdBack", Texts().buttonBack);
+    connect(back, &QPushButton::clicked, this, [this] { Go(PageBefore(pageEntry, App().iNetConfIndex)); });
+    QPushButton* forward = AddButton(*row, "cmdForw", Texts().buttonForward);
+    forward->setEnabled(pageEntry.forward != kNoPageOnShow);
+    connect(forward, &QPushButton::clicked, this, [this] {
+        if (MayGoForward())
+            Go(PageBehind(pageEntry, App().iNetConfIndex));
+    });
+}
+
+QPushButton* Page::AddButton(QHBoxLayout& row, const char* name, const QString& text)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(QLatin1String(name));
+    row.addWidget(button);
+    return button;
+}
+
+void Page::AddDeviceLabel(QHBoxLayout& row)
+{
+    constexpr double kSmall = 0.85;
+    auto* label = new QLabel(App().sDeviceId);
+    label->setObjectName(QStringLiteral("lblDeviceID"));
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * kSmall);
+    label->setFont(font);
+    row.addWidget(label);
+}
+
+void Page::Go(int page)
+{
+    RunGuarded(objectName(), [this, page] { frameWindow.UnloadAndOpen(page); });
+}
+
+} // namespace korvanel

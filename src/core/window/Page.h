@@ -1,0 +1,55 @@
+// A page: a child window of fixed size in the frame, with the buttons that lead back and forward along the path.
+// Pages build their controls in their constructor and are made anew each time they are shown.
+#pragma once
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QPushButton;
+class QVBoxLayout;
+
+namespace korvanel {
+
+class MainWindow;
+struct PageEntry;
+
+/// Size of every page: 11310 by 7300 twips at 15 twips a pixel.
+inline constexpr int kPageWidth = 754;
+inline constexpr int kPageHeight = 487;
+
+class Page : public QWidget
+{
+    Q_OBJECT
+
+public:
+    Page(MainWindow& window, const PageEntry& entry);
+
+    const PageEntry& Entry() const { return pageEntry; }
+    /// Takes what it shows from the application block again.
+    virtual void Refresh() {}
+    /// Stops what the page keeps running; called when the page is left.
+    virtual void Leave() {}
+    /// Adds the bottom row behind the page's own controls: the buttons and, on the pages that carry one, the small
+    /// label with the identity of the instrument.
+    void AddBottomRow();
+    /// Gives the keyboard to the first control.
+    void FocusFirstControl() { focusNextChild(); }
+
+protected:
+    /// Layout for the controls of the page, above its buttons.
+    QVBoxLayout& Body() { return *body; }
+    MainWindow& Window() { return frameWindow; }
+    /// Whether the page may be left forward; a page that checks its input overrides it.
+    virtual bool MayGoForward() { return true; }
+
+private:
+    QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& text);
+    void AddDeviceLabel(QHBoxLayout& row);
+    void Go(int page);
+
+    MainWindow& frameWindow;
+    const PageEntry& pageEntry;
+    QVBoxLayout* body;
+};
+
+} // namespace korvanel

@@ -1,0 +1,138 @@
+#include "data/FileManaging.h"
+
+#include "core/Clock.h"
+#include "core/Common.h"
+#include "core/LocalFormats.h"
+#include "core/Messages.h"
+#include "core/ProjectDb.h"
+#include "core/Texts.h"
+#include "data/ComputedQuantities.h"
+#include "data/RowWriter.h"
+#include "data/SetCursor.h"
+
+namespace korvanel {
+
+namespace {
+
+constexpr quint8 kCorrected = 255;
+
+/// Runs a row operation; its failure is told once and counted.
+template <typename Routine>
+bool RowOperation(const QString& complaint, Routine&& routine)
+{
+    try {
+        routine();
+        return true;
+    } catch (const DbError& error) {
+        ++App().iFileErrors;
+        ShowError(complaint + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        return false;
+    }
+}
+
+/// The recordset in a slot, prepared on first use since the opening.
+template <typename Kind, typename... Arguments>
+Kind& Prepared(RecordsetSlot slot, Arguments... arguments)
+{
+    std::unique_ptr<Recordset>& recordset = CurrentRecordset(slot);
+    if (auto* present = dynamic_cast<Kind*>(recordset.get()))
+        return *present;
+    recordset = std::make_unique<Kind>(ProjectDb(), arguments...);
+    return static_cast<Kind&>(*recordset);
+}
+
+SetQuery& PreparedQuery(SetSource source)
+{
+    const RecordsetSlot slot = source == SetSource::Measured  ? RecordsetSlot::ReadRow
+                               : source == SetSource::Scratch ? RecordsetSlot::ReadTemp
+                                                              : RecordsetSlot::ReadSimulated;
+    return Prepared<SetQuery>(slot, App().iNetConfIndex, source, SetRange::One);
+}
+
+QString TimeTextOf(const QString& stored)
+{
+    if (stored.isEmpty())
+        return {};
+    const QDateTime moment = DateFromStoredText(stored);
+    return moment.isValid() ? DateTimeText(moment) : stored;
+}
+
+} // namespace
+
+void OpenJoinedRecordset()
+{
+    CurrentRecordset(RecordsetSlot::Write) =
+        std::make_unique<RowWriter>(ProjectDb(), App().iNetConfIndex, RowOrigin::Measured);
+}
+
+void OpenSimulatedRecordset()
+{
+    CurrentRecordset(RecordsetSlot::Write) = std::make_unique<SimulatedRowWriter>(ProjectDb());
+}
+
+bool AppendMeasuredRow()
+{
+    return RowOperation(Texts().cannotWriteFile, [] {
+        ApplicationBlock& app = App();
+        tMeasuredRow& row = app.MeasuredRow;
+        if (HasRegisters(app.iNetConfIndex))
+            FormRelativeEnergies();
+        else if (IntegratesEnergy(app.iNetConfIndex))
+            StepEnergyOnline();
+        if (HasMachine(app.iNetConfIndex))
+            row.sMethod = app.MethodLetter.at(static_cast<std::size_t>(app.iCalcMethod));
+        const quint8 mark = row.sValidMask == QLatin1String("NNNN") ? 0 : kCorrected;
+        Prepared<RowWriter>(RecordsetSlot::Write, app.iNetConfIndex, RowOrigin::Measured)
+            .Append(row, {.set = row.lSet, .time = StoredDateText(PresentMoment()), .mark = mark});
+    });
+}
+
+bool AppendRow(qint32 set)
+{
+    return RowOperation(Texts().cannotWriteFile, [set] {
+        tValueRow row = App().CurrentRow;
+        row.dWp = row.dWpPlus = row.dWpMinus = row.dWq = 0;
+        Prepared<RowWriter>(RecordsetSlot::Append, App().iNetConfIndex, RowOrigin::ByHand)
+            .Append(row, {.set = set, .time = {}, .mark = kCorrected});
+    });
+}
+
+bool UpdateRow(qint32 set)
+{
+    return RowOperation(Texts().cannotWriteFile, [set] {
+        App().bEvaluated = 0;
+        Prepared<RowUpdater>(RecordsetSlot::Update, App().iNetConfIndex).Update(App().CurrentRow, set);
+    });
+}
+
+bool ReadRow(qint32 set, bool fromTemp)
+{
+    return RowOperation(Texts().cannotReadFile, [set, fromTemp] {
+        SetQuery& query = PreparedQuery(fromTemp ? SetSource::Scratch : SetSource::Measured);
+        query.Seek(set);
+        if (!query.Step())
+            return;
+        App().lLastReadSet = set;
+        query.Fill(App().CurrentRow);
+        App().sTimeText = TimeTextOf(query.StoredTime());
+    });
+}
+
+bool AppendSimulatedRow(qint32 set)
+{
+    return RowOperation(Texts().cannotWriteFile, [set] {
+        Prepared<SimulatedRowWriter>(RecordsetSlot::Write).Append(App().SimulatedRow, set);
+    });
+}
+
+bool ReadSimulatedRow(qint32 set)
+{
+    return RowOperation(Texts().cannotReadFile, [set] {
+        SetQuery& query = PreparedQuery(SetSource::Simulated);
+        query.Seek(set);
+        if (query.Step())
+            query.Fill(App().SimulatedRow);
+    });
+}
+
+} // namespace korvanel

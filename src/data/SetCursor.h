@@ -1,0 +1,80 @@
+// Reading sets. `SetQuery` is one prepared read over a join of the value tables; `SetCursor` walks all sets in order
+// with it, in constant memory; `ReadRow` looks up single sets. Columns are bound to fields of the row once, when the
+// query is prepared, so that a row costs no look-up by name.
+#pragma once
+
+#include "core/ProjectDb.h"
+#include "core/ValueRow.h"
+
+#include <QString>
+
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace korvanel {
+
+enum class SetSource {
+    Measured,  ///< SampledValues with ComputedValues
+    Scratch,   ///< the scratch table Temp, a copy of that join
+    Simulated, ///< SampledValues with SimulatedValues: the fields that a simulation has
+};
+
+/// Whether a query gives the one set that is asked for, or all in order.
+enum class SetRange { One, All };
+
+class SetQuery : public Recordset
+{
+public:
+    /// Prepares the query for the columns of a net configuration. Throws DbError.
+    SetQuery(TableDb& db, int netConf, SetSource source, SetRange range);
+    ~SetQuery() override;
+
+    /// Chooses the set of a query for one set.
+    void Seek(qint32 set);
+    /// Steps to the next row; false at the end. Throws DbError.
+    bool Step();
+    /// Number of the set of the present row.
+    qint32 Set() const;
+    /// Fills the fields that the configuration stores and leaves the others. Nulls and texts read as numbers give 0.
+    void Fill(tValueRow& row) const;
+    /// Time stamp of the present row as stored; empty if it has none.
+    QString StoredTime() const;
+
+private:
+    struct Binding
+    {
+        double& (*field)(tValueRow&);
+        int column;
+    };
+    sqlite3_stmt* statement = nullptr;
+    std::vector<Binding> reals;
+    int timeColumn = -1;
+    int markColumn = -1;
+    int letterColumn = -1;
+};
+
+/// All sets from the first to the last.
+class SetCursor
+{
+public:
+    SetCursor(TableDb& db, int netConf, SetSource source = SetSource::Measured) :
+        query(db, netConf, source, SetRange::All)
+    {
+    }
+    /// Fills the row from the next set; false behind the last one.
+    bool Next(tValueRow& row)
+    {
+        if (!query.Step())
+            return false;
+        query.Fill(row);
+        return true;
+    }
+    qint32 Set() const { return query.Set(); }
+    QString StoredTime() const { return query.StoredTime(); }
+
+private:
+    SetQuery query;
+};
+
+} // namespace korvanel

@@ -1,0 +1,23 @@
+#include "diagrams/clsSymbols.h"
+
+#include "diagrams/QuantityTable.h"
+
+namespace korvanel {
+
+clsSymbols::clsSymbols()
+{
+    for (std::size_t i = 0; i < kQuantityTable.size(); ++i) {
+        symbols[i] = QString::fromUtf8(kQuantityTable[i].symbol);
+        units[i] = QString::fromUtf8(kQuantityTable[i].unit);
+    }
+}
+
+const QString& clsSymbols::Symbol(int index) const { return symbols.at(static_cast<std::size_t>(index)); }
+const QString& clsSymbols::Unit(int index) const { return units.at(static_cast<std::size_t>(index)); }
+
+QString clsSymbols::SymbolWithUnit(int index) const
+{
+    return Unit(index).isEmpty() ? Symbol(index) : Symbol(index) + QStringLiteral(" [") + Unit(index) + u']';
+}
+
+} // namespace korvanel

@@ -1,0 +1,132 @@
+#include "instruments/Catalogue.h"
+
+#include "core/Common.h"
+
+#include <algorithm>
+
+namespace korvanel {
+
+namespace {
+
+using T = TextTable;
+
+constexpr const char* kSinglePhase[] = {"ISKRA MI71XX 1Ø2W (1b)", "NANOVIP-PLUS 1Ø2W", "NORMA D4355 1Ø2W",
+                                        "YOKOGAWA WT130 1Ø2W", "YOKOGAWA 2535 1Ø2W"};
+constexpr const char* kThreePhase[] = {
+    "ISKRA MI71XX 3Ø3W (3b)", "ISKRA MI71XX 3Ø4W (4b)", "ISKRA MI71XX 3Ø3W (3u)", "ISKRA MI71XX 3Ø4W (4u)",
+    "NANOVIP-PLUS 3Ø3W",      "NORMA D4355 3Ø4W",       "YOKOGAWA WT130 1Ø2W",    "YOKOGAWA WT130 3Ø3W",
+    "YOKOGAWA WT130 3Ø4W",    "YOKOGAWA 2535 1Ø2W",     "YOKOGAWA 2535 3Ø3W",     "YOKOGAWA 2535 3Ø4W"};
+constexpr const char* kRecorder[] = {"ISKRA MI71XX 1Ø2W (1b) Rec"};
+constexpr const char* kPhaseRecorder[] = {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", "ISKRA MI71XX 3Ø4W (4u) Rec L-L"};
+constexpr const char* kMachineRecorder[] = {"ISKRA MI71XX 3Ø4W (4u) Rec L-L"};
+constexpr const char* kVoltageMeter[] = {"ISKRA MI71XX 3Ø4W U "};
+
+constexpr std::array<NetConfiguration, kNetConfCount> kNetConfigurations{{
+    {NetTab::SinglePhase, &T::netConfSemiSequential, kSinglePhase},
+    {NetTab::ThreePhase, &T::netConfSemiSequential, kThreePhase},
+    {NetTab::Machine, &T::netConfMachine, kThreePhase},
+    {NetTab::SinglePhase, &T::netConfSequential, kRecorder},
+    {NetTab::ThreePhase, &T::netConfPhases, kPhaseRecorder},
+    {NetTab::Machine, &T::netConfMachinePhases, kMachineRecorder},
+    {NetTab::Voltage, &T::netConfVoltage, kVoltageMeter},
+}};
+
+/// Net, U, I, P, wattmeter method.
+using Wiring = std::array<TextMember, 5>;
+
+constexpr Wiring kOnePhase{&T::wiringN1, &T::wiringV1, &T::wiringV1, &T::wiringP1, &T::wiringW1};
+constexpr Wiring kSymmetric{&T::wiringN2, &T::wiringV2, &T::wiringC1, &T::wiringP1, &T::wiringW1};
+constexpr Wiring kSymmetricThreeWire{&T::wiringN5, &T::wiringV2, &T::wiringC1, &T::wiringP1, &T::wiringW1};
+constexpr Wiring kNanovipThreeWire{&T::wiringN5, &T::wiringV3, &T::wiringV1, &T::wiringP1, &T::wiringW1};
+constexpr Wiring kAron{&T::wiringN3, &T::wiringV3, &T::wiringC2, &T::wiringP2, &T::wiringW2};
+constexpr Wiring kFourWire{&T::wiringN4, &T::wiringV4, &T::wiringC3, &T::wiringP3, &T::wiringW3};
+constexpr Wiring kPhaseToPhase{&T::wiringN4, &T::wiringV4, &T::wiringC4, &T::wiringP3, &T::wiringW3};
+constexpr Wiring kVoltageOnly{&T::wiringN2, &T::wiringV2, &T::wiringC3, &T::wiringNone, &T::wiringNone};
+
+struct Instrument
+{
+    const char* entry;
+    Wiring wiring;
+    TextMember remark = nullptr;
+    qint16 minInterval = 1;
+    bool hasDeviceFunctions = false;
+    /// Wiring of a single-phase meter in a three-phase net, which is net configuration 1 alone.
+    const Wiring* wiringInThreePhaseNet = nullptr;
+};
+
+constexpr Instrument Iskra(const char* entry, const Wiring& wiring, qint16 minInterval = 1)
+{
+    return {.entry = entry, .wiring = wiring, .remark = &T::wiringR2, .minInterval = minInterval,
+            .hasDeviceFunctions = true};
+}
+
+// A sample of the phase recorders takes 34 requests one after the other, hence their 5 s.
+constexpr qint16 kPhaseRecorderInterval = 5;
+constexpr qint16 kSlowInterval = 2;
+
+constexpr Instrument kInstruments[] = {
+    Iskra("ISKRA MI71XX 1Ø2W (1b)", kOnePhase),
+    Iskra("ISKRA MI71XX 1Ø2W (1b) Rec", kOnePhase),
+    Iskra("ISKRA MI71XX 3Ø3W (3u)", kAron),
+    Iskra("ISKRA MI71XX 3Ø4W (4u)", kFourWire),
+    Iskra("ISKRA MI71XX 3Ø3W (3b)", kSymmetricThreeWire),
+    Iskra("ISKRA MI71XX 3Ø4W (4b)", kSymmetric),
+    Iskra("ISKRA MI71XX 3Ø4W (4u) Rec L-N", kFourWire, kPhaseRecorderInterval),
+    Iskra("ISKRA MI71XX 3Ø4W (4u) Rec L-L", kPhaseToPhase, kPhaseRecorderInterval),
+    Iskra("ISKRA MI71XX 3Ø4W U ", kVoltageOnly),
+    {.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
+    {.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire, .minInterval = kSlowInterval},
+    {.entry = "NORMA D4355 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
+    {.entry = "NORMA D4355 3Ø4W", .wiring = kFourWire, .minInterval = kSlowInterval},
+    {.entry = "YOKOGAWA WT130 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric},
+    {.entry = "YOKOGAWA WT130 3Ø3W", .wiring = kAron},
+    {.entry = "YOKOGAWA WT130 3Ø4W", .wiring = kFourWire},
+    {.entry = "YOKOGAWA 2535 1Ø2W", .wiring = kOnePhase, .remark = &T::wiringR1, .wiringInThreePhaseNet = &kSymmetric},
+    {.entry = "YOKOGAWA 2535 3Ø3W", .wiring = kAron, .remark = &T::wiringR1},
+    {.entry = "YOKOGAWA 2535 3Ø4W", .wiring = kFourWire, .remark = &T::wiringR1},
+};
+
+constexpr int kThreePhaseNet = 1;
+
+} // namespace
+
+const NetConfiguration& NetConfigurationOf(int netConf)
+{
+    return kNetConfigurations.at(static_cast<std::size_t>(netConf));
+}
+
+QStringList InstrumentEntries(int netConf)
+{
+    QStringList entries;
+    for (const char* entry : NetConfigurationOf(netConf).entries)
+        entries << QString::fromUtf8(entry);
+    return entries;
+}
+
+InstrumentFacts FactsOf(const QString& entry, int netConf)
+{
+    const auto* instrument = std::find_if(std::begin(kInstruments), std::end(kInstruments), [&](const Instrument& i) {
+        return entry == QString::fromUtf8(i.entry);
+    });
+    InstrumentFacts facts;
+    if (instrument == std::end(kInstruments))
+        return facts;
+    const bool isInThreePhaseNet = instrument->wiringInThreePhaseNet && netConf == kThreePhaseNet;
+    const Wiring& wiring = isInThreePhaseNet ? *instrument->wiringInThreePhaseNet : instrument->wiring;
+    std::transform(wiring.begin(), wiring.end(), facts.wiring.begin(), TextOf);
+    if (instrument->remark)
+        facts.wiring.back() = TextOf(instrument->remark);
+    facts.minInterval = instrument->minInterval;
+    facts.hasDeviceFunctions = instrument->hasDeviceFunctions;
+    return facts;
+}
+
+void LookUpInstrument(const QString& entry)
+{
+    const InstrumentFacts facts = FactsOf(entry, App().iNetConfIndex);
+    App().WiringTexts = facts.wiring;
+    App().iMinInterval = facts.minInterval;
+    App().bHasDevTrans = App().bHasCounterReset = App().bHasDeviceInfo = facts.hasDeviceFunctions;
+}
+
+} // namespace korvanel

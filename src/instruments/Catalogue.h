@@ -1,0 +1,47 @@
+// What can be measured with what: the seven net configurations with the instruments that each allows, and for every
+// instrument entry its wiring, its smallest interval and its capabilities. The text of an entry is its key everywhere;
+// case and blanks count.
+#pragma once
+
+#include "core/Quantities.h"
+#include "core/Texts.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <span>
+
+namespace korvanel {
+
+/// Tabs of the net configuration page, by their keys A to D.
+enum class NetTab { SinglePhase, ThreePhase, Machine, Voltage };
+
+struct NetConfiguration
+{
+    NetTab tab;
+    TextMember heading;
+    std::span<const char* const> entries; ///< instruments in list order
+};
+
+/// The configuration of an index from 0 to 6; throws std::out_of_range beyond.
+const NetConfiguration& NetConfigurationOf(int netConf);
+
+/// Instrument entries of a net configuration, in list order.
+QStringList InstrumentEntries(int netConf);
+
+/// What the catalogue knows of an instrument entry.
+struct InstrumentFacts
+{
+    std::array<QString, 6> wiring; ///< net, U, I, P, wattmeter method, remark
+    qint16 minInterval = 1;        ///< s
+    bool hasDeviceFunctions = false; ///< transformers, counter reset and device info
+};
+
+/// An unknown entry has empty texts, 1 s and no functions.
+InstrumentFacts FactsOf(const QString& entry, int netConf);
+
+/// Looks an entry up for the net configuration of the block and puts the result there.
+void LookUpInstrument(const QString& entry);
+
+} // namespace korvanel

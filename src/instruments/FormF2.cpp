@@ -1,0 +1,149 @@
+#include "instruments/FormF2.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "instruments/NetConfigurationChange.h"
+#include "instruments/QuantityLists.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace korvanel {
+
+namespace {
+
+struct TabEntry
+{
+    NetTab tab;
+    const char* key;
+    TextMember title;
+};
+
+/// In the order on the page.
+constexpr std::array<TabEntry, 4> kTabs{{
+    {NetTab::SinglePhase, "A", &TextTable::tabSinglePhase},
+    {NetTab::ThreePhase, "B", &TextTable::tabThreePhase},
+    {NetTab::Voltage, "D", &TextTable::tabVoltage},
+    {NetTab::Machine, "C", &TextTable::tabMachine},
+}};
+
+} // namespace
+
+FormF2::FormF2(MainWindow& window, const PageEntry& entry) :
+    Page(window, entry), tabs(new QTabWidget), options(new QButtonGroup(this))
+{
+    tabs->setObjectName(QStringLiteral("tabPage"));
+    for (const TabEntry& tab : kTabs)
+        if (QWidget* content = BuildTab(tab.tab)) {
+            content->setObjectName(QStringLiteral("tabPage_") + QLatin1String(tab.key));
+            tabs->addTab(content, TextOf(tab.title));
+        }
+    Body().addWidget(tabs);
+    auto* note = new QLabel(Texts().noteNotAllDevices);
+    note->setObjectName(QStringLiteral("lblNote"));
+    Body().addWidget(note);
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(BuildList(0, "lblMeasured", Texts().measuredQuantities));
+    row->addWidget(BuildList(1, "lblCalculated", Texts().calculatedQuantities));
+    Body().addLayout(row, 1);
+    connect(options, &QButtonGroup::idToggled, this, [this](int netConf, bool isChecked) {
+        if (isChecked && !isChoosing)
+            RunGuarded(QStringLiteral("optNetConf"), [this, netConf] { Choose(netConf); });
+    });
+}
+
+/// A tab without a usable option is left out.
+QWidget* FormF2::BuildTab(NetTab tab)
+{
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    bool isUsable = false;
+    for (int netConf = 0; netConf < kNetConfCount; ++netConf) {
+        const NetConfiguration& configuration = NetConfigurationOf(netConf);
+        if (configuration.tab != tab)
+            continue;
+        column->addWidget(BuildOption(netConf));
+        isUsable = isUsable || !configuration.entries.empty();
+    }
+    column->addStretch(1);
+    if (isUsable)
+        return content;
+    delete content;
+    return nullptr;
+}
+
+QWidget* FormF2::BuildOption(int netConf)
+{
+    constexpr int kIndent = 22;
+    const NetConfiguration& configuration = NetConfigurationOf(netConf);
+    auto* frame = new QFrame;
+    frame->setObjectName(QStringLiteral("fraNetConf_%1").arg(netConf));
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* column = new QVBoxLayout(frame);
+    auto* option = new QRadioButton(TextOf(configuration.heading));
+    option->setObjectName(QStringLiteral("optNetConf_%1").arg(netConf));
+    option->setEnabled(!configuration.entries.empty());
+    options->addButton(option, netConf);
+    column->addWidget(option);
+    auto* devices =
+        new QLabel(FillPlaceholders(Texts().supportedDevices, {InstrumentEntries(netConf).join(QStringLiteral(", "))}));
+    devices->setObjectName(QStringLiteral("lblDevices_%1").arg(netConf));
+    devices->setWordWrap(true);
+    devices->setIndent(kIndent);
+    column->addWidget(devices);
+    return frame;
+}
+
+QWidget* FormF2::BuildList(int index, const char* captionName, const QString& caption)
+{
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* label = new QLabel(caption);
+    label->setObjectName(QLatin1String(captionName));
+    column->addWidget(label);
+    auto* box = new QPlainTextEdit;
+    box->setObjectName(QStringLiteral("txtDescr_%1").arg(index));
+    box->setReadOnly(true);
+    box->setTabChangesFocus(true);
+    column->addWidget(box, 1);
+    lists[index] = box;
+    return content;
+}
+
+void FormF2::Refresh()
+{
+    const QScopedValueRollback guard(isChoosing, true);
+    QAbstractButton* option = options->button(App().iNetConfIndex);
+    option->setChecked(true);
+    for (int i = 0; i < tabs->count(); ++i)
+        if (tabs->widget(i)->isAncestorOf(option))
+            tabs->setCurrentIndex(i);
+    ShowLists();
+}
+
+void FormF2::Choose(int netConf)
+{
+    ChangeNetConfiguration(netConf);
+    // Checks the option that is in force now: the new one, or the former one after a refusal.
+    Refresh();
+}
+
+void FormF2::ShowLists()
+{
+    lists[0]->setPlainText(MeasuredList(App().iNetConfIndex));
+    lists[1]->setPlainText(CalculatedList(App().iNetConfIndex));
+}
+
+} // namespace korvanel

@@ -1,0 +1,66 @@
+#include "instruments/NetConfigurationChange.h"
+
+#include "core/Clock.h"
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/ProjectDb.h"
+#include "core/Texts.h"
+#include "core/project/ProjectStore.h"
+#include "data/ValueTables.h"
+
+namespace korvanel {
+
+namespace {
+
+bool IsLossAgreed()
+{
+    return App().TheShell->ShowBox({App().sProgramTitle.trimmed(), Texts().changeDeletesValues, BoxIcon::Question,
+                                    BoxButtons::YesNo, Answer::No}) == Answer::Yes;
+}
+
+/// New tables and the settings that tell of them are one transaction: a file with one but not the other would be of
+/// no use.
+void RebuildTables()
+{
+    const ProjectDbScope scope;
+    DbTransaction transaction(ProjectDb());
+    DropValueTables();
+    CreateValueTables();
+    TransferProjectData(Direction::Write);
+    transaction.Commit();
+}
+
+} // namespace
+
+bool ChangeNetConfiguration(int netConf)
+{
+    ApplicationBlock& app = App();
+    if (netConf == app.iNetConfIndex)
+        return true;
+    RefreshSetCount();
+    if (app.iSetCount > 0 && !IsLossAgreed())
+        return false;
+
+    const ApplicationBlock before = app;
+    app.iNetConfIndex = static_cast<qint16>(netConf);
+    app.bASMSim = false; // the simulated sets go with the tables
+    app.bModelValid = app.bModelValid && HasMachine(netConf);
+    app.dtProjectSaved = PresentMoment();
+    try {
+        RebuildTables();
+    } catch (const DbError& error) {
+        app = before;
+        ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        return false;
+    }
+    app.iSetCount = 0;
+    app.iCurrentSet = 1;
+    app.bEvaluated = 0;
+    ResetRowBuffers();
+    BuildColumnLayout();
+    app.TheShell->EnableMachineMenu(HasMachine(netConf));
+    app.bProjectDirty = true;
+    return true;
+}
+
+} // namespace korvanel

@@ -1,0 +1,149 @@
+// Composition root: creates the long-lived objects in their order, registers the pages and what the menu does, and
+// starts the event loop.
+
+#include "core/Clock.h"
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Paths.h"
+#include "core/SettingsStore.h"
+#include "core/Texts.h"
+#include "core/clsProgSettings.h"
+#include "core/project/FormF1.h"
+#include "core/project/ProjectCommands.h"
+#include "core/window/FormH2.h"
+#include "core/window/FormLater.h"
+#include "core/window/Help.h"
+#include "core/window/MainMenu.h"
+#include "core/window/MainWindow.h"
+#include "core/window/PageTable.h"
+#include "core/window/StartScreen.h"
+#include "diagrams/clsGraphColours.h"
+#include "diagrams/clsSymbols.h"
+#include "instruments/FormF2.h"
+#include "language/LangManaging.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QPixmap>
+#include <QTranslator>
+
+using namespace korvanel;
+
+namespace {
+
+template <typename Form>
+Page* Build(MainWindow& window, const PageEntry& entry)
+{
+    return new Form(window, entry);
+}
+
+void RegisterPages(MainWindow& window)
+{
+    for (const PageEntry& entry : Pages())
+        window.RegisterPage(entry.number, Build<FormLater>);
+    window.RegisterPage(kPageGeneralData, Build<FormF1>);
+    window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
+}
+
+void ConnectPageEntries(MainWindow& window)
+{
+    struct Way
+    {
+        const char* entry;
+        PageNumber page;
+    };
+    constexpr Way kWays[] = {
+        {"mnuGeneralData", kPageGeneralData}, {"mnuConfiguration", kPageNetConfiguration},
+        {"mnuDeviceConf", kPageDevice},       {"mnuOnlineDevice", kPageMeasure},
+        {"mnuOfflineDevice", kPageEditor},    {"mnuResTable", kPageResultTable},
+        {"mnuResGraph", kPageResultGraph},    {"mnuResPrint", kPagePrint},
+        {"mnuPrint", kPagePrint},             {"mnuDatabase", kPageMachine},
+    };
+    for (const Way& way : kWays)
+        window.Menu().OnTriggered(QLatin1String(way.entry), [&window, way] { window.UnloadAndOpen(way.page); });
+}
+
+void ConnectMenu(MainWindow& window)
+{
+    MainMenu& menu = window.Menu();
+    ConnectPageEntries(window);
+    menu.OnTriggered(QStringLiteral("mnuNew"), NewProject);
+    menu.OnTriggered(QStringLiteral("mnuOpen"), OpenProjectFromMenu);
+    menu.OnTriggered(QStringLiteral("mnuSave"), SaveProjectFromMenu);
+    menu.OnTriggered(QStringLiteral("mnuSaveAs"), SaveProjectAs);
+    menu.OnTriggered(QStringLiteral("mnuClose"), CloseProjectFromMenu);
+    menu.OnTriggered(QStringLiteral("mnuDelete"), DeleteProjectFile);
+    menu.OnTriggered(QStringLiteral("mnuEnd"), [&window] { window.EndProgram(); });
+    menu.OnTriggered(QStringLiteral("mnuBook"), OpenManual);
+    menu.OnTriggered(QStringLiteral("mnuInfo"), [&window] { FormH2(&window).exec(); });
+    for (const char* later : {"mnuModbus", "mnuDatabaseOpt", "mnuConvert"})
+        menu.OnTriggered(QLatin1String(later), [] { ShowInformation(Texts().laterVersion); });
+    menu.OnRecentFile(OpenRecentProject);
+}
+
+/// The toolkit's own texts, as in its file dialog, in the language of the built-in table.
+void TranslateToolkit(QApplication& application)
+{
+    auto* translator = new QTranslator(&application);
+    if (translator->load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(translator);
+}
+
+QPixmap LoadLogo()
+{
+    const QString path = JoinPath(App().sProgramDir, QStringLiteral("LOGO.BMP"));
+    QPixmap logo(path);
+    if (logo.isNull())
+        ShowNotFound(path);
+    return logo;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(kSettingsApplication);
+    QApplication::setWindowIcon(QIcon(JoinPath(QApplication::applicationDirPath(), QStringLiteral("KORVANEL.png"))));
+    SetBuiltInTexts();
+    InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
+    const SystemClock clock;
+    App().TheClock = &clock;
+    MainWindow window;
+    App().TheShell = &window;
+
+    const QString damagedStore = SetDamagedStoreAside(kSettingsApplication);
+    clsGraphColours colours(kSettingsApplication);
+    App().GraphColours = &colours;
+    RunGuarded(QStringLiteral("clsGraphColours"), [&] { colours.ReadSettings(); });
+    clsSymbols symbols;
+    App().Symbols = &symbols;
+    clsProgSettings settings(App().sProgramDir);
+    App().ProgSettings = &settings;
+    App().sMotorDbPath = settings.MotorDatabase();
+    if (!damagedStore.isEmpty())
+        ShowError(FillPlaceholders(Texts().settingsDamaged, {damagedStore}));
+
+    const QString projects = App().sProjectLabel; // a missing logo changes the label
+    const QPixmap logo = LoadLogo();
+    App().sProgramTitle = QStringLiteral("KORVANEL ");
+    App().sVersion = QStringLiteral("V" KORVANEL_VERSION);
+
+    StartScreen startScreen(logo);
+    startScreen.ShowInFront();
+    RegisterPages(window);
+    ConnectMenu(window);
+    const Languages languages = LoadLanguage();
+    if (settings.LanguageFile() == kStandardLanguage)
+        TranslateToolkit(application);
+    window.ApplyMainTexts();
+    window.Menu().SetLanguages(languages.names, languages.files, settings.LanguageFile(),
+                               [&window](const QString& file) { window.ChooseLanguage(file); });
+    window.show();
+    startScreen.ShowInFront();
+    QDir::setCurrent(projects); // a missing directory changes nothing
+    return QApplication::exec();
+}
