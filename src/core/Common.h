@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace korvanel {
@@ -129,9 +130,9 @@ struct ApplicationBlock
     bool bHasDeviceInfo = false;
     std::array<QString, 6> WiringTexts; ///< net, U, I, P, wattmeter method, remark
 
-    // Position of the page within the frame, kept from page to page.
-    qint32 lPageLeft = 0;
-    qint32 lPageTop = 0;
+    // Position of the page within the frame, kept from page to page; none before the first page has been left.
+    std::optional<qint32> lPageLeft;
+    std::optional<qint32> lPageTop;
 
     // Objects of other rooms, created by the composition root and living until exit.
     clsGraphColours* GraphColours = nullptr;

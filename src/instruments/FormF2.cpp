@@ -48,6 +48,7 @@ FormF2::FormF2(MainWindow& window, const PageEntry& entry) :
             content->setObjectName(QStringLiteral("tabPage_") + QLatin1String(tab.key));
             tabs->addTab(content, TextOf(tab.title));
         }
+    tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     Body().addWidget(tabs);
     auto* note = new QLabel(Texts().noteNotAllDevices);
     note->setObjectName(QStringLiteral("lblNote"));
@@ -91,6 +92,7 @@ QWidget* FormF2::BuildOption(int netConf)
     frame->setObjectName(QStringLiteral("fraNetConf_%1").arg(netConf));
     frame->setFrameShape(QFrame::StyledPanel);
     auto* column = new QVBoxLayout(frame);
+    column->setSpacing(0);
     auto* option = new QRadioButton(TextOf(configuration.heading));
     option->setObjectName(QStringLiteral("optNetConf_%1").arg(netConf));
     option->setEnabled(!configuration.entries.empty());

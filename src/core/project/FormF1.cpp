@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -90,7 +91,10 @@ void FormF1::AddPath()
         RunGuarded(QStringLiteral("cmdEdit"), [] { SaveProjectAsFromPage(); });
         Refresh();
     });
-    form->addRow(QString(), saveAs);
+    auto* row = new QHBoxLayout;
+    row->addWidget(saveAs);
+    row->addStretch(1);
+    form->addRow(QString(), row);
 }
 
 void FormF1::Refresh()

@@ -153,8 +153,10 @@ void MainWindow::ShowPage()
 void MainWindow::PlacePage(QMdiSubWindow& frame)
 {
     const QSize room = area->viewport()->size() - frame.sizeHint();
-    frame.move(std::clamp(App().lPageLeft, 0, std::max(0, room.width())),
-               std::clamp(App().lPageTop, 0, std::max(0, room.height())));
+    const auto placed = [](std::optional<qint32> stored, int span) {
+        return std::clamp(stored.value_or(span / 2), 0, std::max(0, span));
+    };
+    frame.move(placed(App().lPageLeft, room.width()), placed(App().lPageTop, room.height()));
 }
 
 void MainWindow::RefreshPage()

@@ -24,6 +24,9 @@ class Page : public QWidget
 public:
     Page(MainWindow& window, const PageEntry& entry);
 
+    /// The page has its size whatever its controls would like.
+    QSize sizeHint() const override { return {kPageWidth, kPageHeight}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
     const PageEntry& Entry() const { return pageEntry; }
     /// Takes what it shows from the application block again.
     virtual void Refresh() {}

@@ -1,0 +1,53 @@
+// A project file in the test's own folder, open in the block, and a look at it with plain SQL.
+#pragma once
+
+#include "core/ProjectDb.h"
+#include "core/project/ProjectStore.h"
+#include "support/Fixture.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+
+namespace korvanel::test {
+
+class ProjectTest : public BlockTest
+{
+protected:
+    /// Creates a project of a net configuration and leaves it open, as New does.
+    void CreateProject(int netConf, const QString& name = QStringLiteral("test.MDB"))
+    {
+        ResetProjectData();
+        App().iNetConfIndex = static_cast<qint16>(netConf);
+        App().sProjectPath = PathOf(name);
+        CreateProjectFile(App().sProjectPath);
+        ASSERT_TRUE(SaveProject());
+        App().bProjectOpen = true;
+    }
+
+    /// The first column of the first row that a statement gives, as text; "null" for a null, nothing without a row.
+    QString Query(const QString& sql) const { return QueryFile(App().sProjectPath, sql); }
+
+    static QString QueryFile(const QString& path, const QString& sql)
+    {
+        SQLite::Database db(path.toStdString());
+        SQLite::Statement query(db, sql.toStdString());
+        if (!query.executeStep())
+            return {};
+        return query.getColumn(0).isNull() ? QStringLiteral("null")
+                                           : QString::fromStdString(query.getColumn(0).getString());
+    }
+
+    /// Names of the columns of a table, joined with commas.
+    QString ColumnNames(const QString& table) const
+    {
+        return Query(QStringLiteral("SELECT group_concat(name, ',') FROM pragma_table_info('%1')").arg(table));
+    }
+
+    void Execute(const QString& sql) const
+    {
+        SQLite::Database db(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
+        db.exec(sql.toStdString());
+    }
+};
+
+} // namespace korvanel::test

@@ -1,0 +1,91 @@
+// A shell without a user: it records what it is asked and answers from a script.
+#pragma once
+
+#include "core/Shell.h"
+
+#include <QString>
+
+#include <deque>
+#include <ostream>
+#include <vector>
+
+namespace korvanel::test {
+
+class RecordingShell : public Shell
+{
+public:
+    // The script. An exhausted one answers No to questions and cancels dialogs.
+    std::deque<Answer> answers;
+    std::deque<QString> openPaths;
+    std::deque<QString> savePaths;
+
+    // The record.
+    std::vector<Box> boxes;
+    std::vector<FileQuestion> openQuestions;
+    std::vector<FileQuestion> saveQuestions;
+    QStringList calls;
+    QStringList printers;
+    QString defaultPrinter;
+    int waiting = 0;
+
+    QStringList BoxTexts() const
+    {
+        QStringList texts;
+        for (const Box& box : boxes)
+            texts << box.text;
+        return texts;
+    }
+
+    Answer ShowBox(const Box& box) override
+    {
+        boxes.push_back(box);
+        if (box.buttons == BoxButtons::Ok)
+            return Answer::Ok;
+        return Next(answers, Answer::No);
+    }
+    QString AskOpenPath(const FileQuestion& question) override
+    {
+        openQuestions.push_back(question);
+        return Next(openPaths, QString());
+    }
+    QString AskSavePath(const FileQuestion& question) override
+    {
+        saveQuestions.push_back(question);
+        return Next(savePaths, question.suggestion);
+    }
+    void SetWaitCursor(bool isWaiting) override { waiting += isWaiting ? 1 : -1; }
+    void Beep() override { calls << QStringLiteral("Beep"); }
+    void ShowProgress(Progress mode, double) override
+    {
+        calls << QStringLiteral("ShowProgress %1").arg(static_cast<int>(mode));
+    }
+    void SetBusyMenus(bool areEnabled) override { Record("SetBusyMenus", areEnabled); }
+    void EnableProjectMenus(bool isProjectOpen) override { Record("EnableProjectMenus", isProjectOpen); }
+    void EnableMachineMenu(bool isEnabled) override { Record("EnableMachineMenu", isEnabled); }
+    void UnloadPage() override { calls << QStringLiteral("UnloadPage"); }
+    void ShowPage() override { calls << QStringLiteral("ShowPage"); }
+    void RefreshPage() override { calls << QStringLiteral("RefreshPage"); }
+    void RefreshStatusBar() override { calls << QStringLiteral("RefreshStatusBar"); }
+    void RefreshCaption() override { calls << QStringLiteral("RefreshCaption"); }
+    void AddRecentFile(const QString& path) override { calls << QStringLiteral("AddRecentFile ") + path; }
+    void SelectRecentFile(const QString& path) override { calls << QStringLiteral("SelectRecentFile ") + path; }
+    QStringList PrinterNames() override { return printers; }
+    QString DefaultPrinterName() override { return defaultPrinter; }
+
+private:
+    void Record(const char* what, bool flag) { calls << QStringLiteral("%1 %2").arg(QLatin1String(what)).arg(flag); }
+    template <typename Value>
+    static Value Next(std::deque<Value>& script, const Value& otherwise)
+    {
+        if (script.empty())
+            return otherwise;
+        const Value value = script.front();
+        script.pop_front();
+        return value;
+    }
+};
+
+} // namespace korvanel::test
+
+/// For the failures of assertions on texts.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }

@@ -1,0 +1,76 @@
+// Starts the real program with private settings and drives it through its controls, as a person would: end-to-end
+// tests and the demo are written with it.
+#pragma once
+
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QStringList>
+
+#include <stdexcept>
+
+namespace korvanel {
+
+class DriverError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+class ProgramDriver
+{
+public:
+    /// `settingsDirectory` holds the user's settings of this run. `program` is the executable to start.
+    explicit ProgramDriver(const QString& settingsDirectory, const QString& program = QStringLiteral(KORVANEL_PROGRAM));
+    ~ProgramDriver();
+    ProgramDriver(const ProgramDriver&) = delete;
+    ProgramDriver& operator=(const ProgramDriver&) = delete;
+
+    /// Puts a variable into the environment of the program; before `Start`.
+    void SetEnvironment(const QString& name, const QString& value);
+    /// Starts the program and waits for its main window.
+    void Start();
+    /// Waits for the program's end; its exit code. Throws if it doesn't end or crashed.
+    int WaitForEnd();
+    bool IsRunning() const { return process.state() == QProcess::Running; }
+    void Kill();
+
+    void Trigger(const QString& name) { Do("trigger", name); }
+    void Type(const QString& name, const QString& text) { Do("type", name, text); }
+    void Choose(const QString& name, const QString& text) { Do("choose", name, text); }
+    void Grab(const QString& name, const QString& file) { Do("grab", name, file); }
+    void CloseMainWindow() { Do("close"); }
+    QJsonObject Read(const QString& name) { return Do("read", name); }
+    QString Text(const QString& name) { return Read(name)["text"].toString(); }
+    bool IsEnabled(const QString& name) { return Read(name)["enabled"].toBool(); }
+    /// True if there is a control of that name on show.
+    bool IsShown(const QString& name);
+    QString MainTitle();
+
+    /// Waits for a window of that name ("message" for a message box); its description.
+    QJsonObject WaitForWindow(const QString& name);
+    /// Waits for a control to be on show.
+    void WaitForControl(const QString& name);
+    /// Waits for a message box, presses a button of it and returns its text.
+    QString AnswerBox(const QString& button);
+    /// Waits for the file dialog and gives it a path; an empty path cancels it.
+    void GivePath(const QString& path);
+    /// Waits until no modal window is on show any more.
+    void WaitForQuiet();
+    /// Whether a command would be refused, as pressing a disabled button is.
+    bool IsRefused(const char* what, const QString& name, const QString& text = {});
+
+private:
+    QJsonObject Do(const char* what, const QString& name = {}, const QString& text = {});
+    QJsonObject Send(const QJsonObject& command);
+    QJsonObject FindWindow(const QString& name);
+    template <typename Condition>
+    void WaitFor(const QString& what, Condition&& isMet);
+
+    QString program;
+    QString socketName;
+    QProcess process;
+    QLocalSocket socket;
+};
+
+} // namespace korvanel

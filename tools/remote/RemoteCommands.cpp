@@ -1,0 +1,311 @@
+#include "RemoteCommands.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QJsonArray>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+
+namespace korvanel::remote {
+
+namespace {
+
+QJsonObject Failure(const QString& reason) { return {{"ok", false}, {"error", reason}}; }
+QJsonObject Success() { return {{"ok", true}}; }
+
+/// The control of a name: one that is on show before one that is not.
+QWidget* FindControl(const QString& name)
+{
+    QWidget* hidden = nullptr;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->objectName() != name)
+            continue;
+        if (widget->isVisible())
+            return widget;
+        hidden = widget;
+    }
+    return hidden;
+}
+
+QAction* FindAction(const QString& name)
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* action = window->findChild<QAction*>(name))
+            return action;
+    return nullptr;
+}
+
+/// A modal box opened by the control must not hold the answer back, so the press itself comes after it.
+void Later(QObject* context, const std::function<void()>& press) { QTimer::singleShot(0, context, press); }
+
+/// What a person can't reach can't be pressed: hidden, disabled, or behind a modal window.
+QString Obstacle(QWidget* widget)
+{
+    if (!widget->isVisible())
+        return QStringLiteral("not visible");
+    if (!widget->isEnabled())
+        return QStringLiteral("disabled");
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal && modal != widget->window() ? QStringLiteral("behind a modal window") : QString();
+}
+
+bool IsReachable(QAction* action)
+{
+    if (!action->isEnabled() || !action->isVisible())
+        return false;
+    for (QObject* owner : action->associatedObjects())
+        if (auto* menu = qobject_cast<QMenu*>(owner); menu && menu->menuAction() != action)
+            return IsReachable(menu->menuAction());
+    return true;
+}
+
+QJsonObject Trigger(const QString& name)
+{
+    if (QAction* action = FindAction(name)) {
+        if (!IsReachable(action) || QApplication::activeModalWidget())
+            return Failure(QStringLiteral("menu entry can't be reached: ") + name);
+        Later(action, [action] { action->trigger(); });
+        return Success();
+    }
+    auto* button = qobject_cast<QAbstractButton*>(FindControl(name));
+    if (!button)
+        return Failure(QStringLiteral("no such button or menu entry: ") + name);
+    if (const QString obstacle = Obstacle(button); !obstacle.isEmpty())
+        return Failure(name + QStringLiteral(": ") + obstacle);
+    Later(button, [button] { button->click(); });
+    return Success();
+}
+
+void PressKeys(QWidget* widget, const QString& text)
+{
+    for (const QChar c : text) {
+        const int key = c == u'\n' ? Qt::Key_Return : 0;
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(widget, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(widget, &release);
+    }
+}
+
+QJsonObject Type(const QString& name, const QString& text)
+{
+    QWidget* widget = FindControl(name);
+    if (!widget)
+        return Failure(QStringLiteral("no such control: ") + name);
+    if (const QString obstacle = Obstacle(widget); !obstacle.isEmpty())
+        return Failure(name + QStringLiteral(": ") + obstacle);
+    widget->setFocus();
+    if (auto* combo = qobject_cast<QComboBox*>(widget); combo && combo->lineEdit())
+        widget = combo->lineEdit();
+    if (auto* line = qobject_cast<QLineEdit*>(widget))
+        line->selectAll();
+    else if (auto* box = qobject_cast<QPlainTextEdit*>(widget))
+        box->selectAll();
+    else
+        return Failure(QStringLiteral("not a text box: ") + name);
+    if (text.isEmpty()) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+        QApplication::sendEvent(widget, &press);
+    }
+    PressKeys(widget, text);
+    return Success();
+}
+
+QJsonObject Choose(const QString& name, const QString& text)
+{
+    QWidget* widget = FindControl(name);
+    if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        const int index = combo->findText(text);
+        if (index < 0)
+            return Failure(QStringLiteral("no such entry: ") + text);
+        combo->setCurrentIndex(index);
+        emit combo->activated(index);
+        return Success();
+    }
+    if (auto* list = qobject_cast<QListWidget*>(widget)) {
+        const QList<QListWidgetItem*> items = list->findItems(text, Qt::MatchExactly);
+        if (items.isEmpty())
+            return Failure(QStringLiteral("no such entry: ") + text);
+        list->setCurrentItem(items.front());
+        return Success();
+    }
+    if (auto* tabs = qobject_cast<QTabWidget*>(widget))
+        for (int i = 0; i < tabs->count(); ++i)
+            if (tabs->tabText(i) == text) {
+                tabs->setCurrentIndex(i);
+                return Success();
+            }
+    return Failure(QStringLiteral("nothing to choose from: ") + name);
+}
+
+QJsonArray Items(QWidget* widget)
+{
+    QJsonArray items;
+    if (auto* combo = qobject_cast<QComboBox*>(widget))
+        for (int i = 0; i < combo->count(); ++i)
+            items.append(combo->itemText(i));
+    else if (auto* list = qobject_cast<QListWidget*>(widget))
+        for (int i = 0; i < list->count(); ++i)
+            items.append(list->item(i)->text());
+    else if (auto* tabs = qobject_cast<QTabWidget*>(widget))
+        for (int i = 0; i < tabs->count(); ++i)
+            items.append(tabs->tabText(i));
+    return items;
+}
+
+QString TextOfControl(QWidget* widget)
+{
+    if (auto* line = qobject_cast<QLineEdit*>(widget))
+        return line->text();
+    if (auto* box = qobject_cast<QPlainTextEdit*>(widget))
+        return box->toPlainText();
+    if (auto* label = qobject_cast<QLabel*>(widget))
+        return label->text();
+    if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        return button->text();
+    if (auto* group = qobject_cast<QGroupBox*>(widget))
+        return group->title();
+    if (auto* combo = qobject_cast<QComboBox*>(widget))
+        return combo->currentText();
+    if (auto* tabs = qobject_cast<QTabWidget*>(widget))
+        return tabs->tabText(tabs->currentIndex());
+    if (auto* message = qobject_cast<QMessageBox*>(widget))
+        return message->text();
+    return {};
+}
+
+QJsonObject Read(const QString& name)
+{
+    if (QAction* action = FindAction(name))
+        return {{"ok", true},
+                {"text", action->text()},
+                {"enabled", action->isEnabled()},
+                {"visible", action->isVisible()},
+                {"checked", action->isChecked()}};
+    QWidget* widget = FindControl(name);
+    if (!widget)
+        return Failure(QStringLiteral("no such control: ") + name);
+    const auto* button = qobject_cast<QAbstractButton*>(widget);
+    return {{"ok", true},
+            {"text", TextOfControl(widget)},
+            {"title", widget->windowTitle()},
+            {"toolTip", widget->toolTip()},
+            {"enabled", widget->isEnabled()},
+            {"visible", widget->isVisible()},
+            {"checked", button && button->isChecked()},
+            {"focused", widget->hasFocus()},
+            {"items", Items(widget)}};
+}
+
+QJsonObject Windows()
+{
+    QJsonArray windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || !window->isWindow() || qobject_cast<QMenu*>(window))
+            continue;
+        QJsonObject entry{{"name", window->objectName()}, {"title", window->windowTitle()}};
+        if (auto* box = qobject_cast<QMessageBox*>(window)) {
+            QJsonArray buttons;
+            for (const QAbstractButton* button : box->buttons())
+                buttons.append(button->text());
+            entry["name"] = QStringLiteral("message");
+            entry["text"] = box->text();
+            entry["icon"] = static_cast<int>(box->icon());
+            entry["buttons"] = buttons;
+            entry["preset"] = box->defaultButton() ? box->defaultButton()->text() : QString();
+        }
+        windows.append(entry);
+    }
+    return {{"ok", true}, {"windows", windows}};
+}
+
+QJsonObject PressAnswer(const QString& text)
+{
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box)
+        return Failure(QStringLiteral("no message box on show"));
+    for (QAbstractButton* button : box->buttons())
+        if (button->text().remove(u'&') == text) {
+            Later(button, [button] { button->click(); });
+            return Success();
+        }
+    return Failure(QStringLiteral("no such answer: ") + text);
+}
+
+QJsonObject GivePath(const QString& path)
+{
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (!dialog)
+        return Failure(QStringLiteral("no file dialog on show"));
+    if (path.isEmpty()) {
+        Later(dialog, [dialog] { dialog->reject(); });
+        return Success();
+    }
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+    Later(dialog, [dialog] { QMetaObject::invokeMethod(dialog, "accept"); });
+    return Success();
+}
+
+QJsonObject Grab(const QString& name, const QString& file)
+{
+    QWidget* widget = name.isEmpty() ? QApplication::activeWindow() : FindControl(name);
+    if (!widget)
+        return Failure(QStringLiteral("no such window: ") + name);
+    return widget->grab().save(file) ? Success() : Failure(QStringLiteral("can't write ") + file);
+}
+
+QJsonObject CloseMainWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* main = qobject_cast<QMainWindow*>(window)) {
+            Later(main, [main] { main->close(); });
+            return Success();
+        }
+    return Failure(QStringLiteral("no main window"));
+}
+
+} // namespace
+
+QJsonObject Execute(const QJsonObject& command)
+{
+    const QString what = command["do"].toString();
+    const QString name = command["name"].toString();
+    const QString text = command["text"].toString();
+    if (what == u"windows")
+        return Windows();
+    if (what == u"trigger")
+        return Trigger(name);
+    if (what == u"type")
+        return Type(name, text);
+    if (what == u"choose")
+        return Choose(name, text);
+    if (what == u"read")
+        return Read(name);
+    if (what == u"answer")
+        return PressAnswer(text);
+    if (what == u"path")
+        return GivePath(text);
+    if (what == u"grab")
+        return Grab(name, text);
+    if (what == u"close")
+        return CloseMainWindow();
+    return Failure(QStringLiteral("unknown command: ") + what);
+}
+
+} // namespace korvanel::remote
