@@ -29,7 +29,7 @@ protected:
 
     static QString QueryFile(const QString& path, const QString& sql)
     {
-        SQLite::Database db(path.toStdString());
+        SQLite::Database db(path.toStdString(), SQLite::OPEN_READWRITE); // may have to roll a killed row back
         SQLite::Statement query(db, sql.toStdString());
         if (!query.executeStep())
             return {};

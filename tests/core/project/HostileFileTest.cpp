@@ -1,0 +1,380 @@
+// Files that come from a stranger, a broken disk or a full one: each is told, harms nothing and stays as it was.
+#include "core/Paths.h"
+#include "core/project/ProjectCommands.h"
+#include "data/FileManaging.h"
+#include "data/ValueTables.h"
+#include "instruments/NetConfigurationChange.h"
+#include "support/ProjectFixture.h"
+
+#include <csignal>
+#include <limits>
+
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace korvanel::test {
+namespace {
+
+class HostileFile : public ProjectTest
+{
+protected:
+    /// Opens as the menu does and expects the refusal, with the file as it was.
+    void ExpectRefusal(const QString& name)
+    {
+        const QByteArray before = ContentOf(name);
+        shell.boxes.clear();
+        OpenRecentProject(PathOf(name));
+        EXPECT_EQ(shell.BoxTexts(), QStringList{"Ungültiges Dateiformat:\n" + PathOf(name)});
+        EXPECT_FALSE(App().bProjectOpen);
+        EXPECT_FALSE(IsProjectDbOpen());
+        EXPECT_TRUE(App().iNetConfIndex >= 0 && App().iNetConfIndex < kNetConfCount);
+        EXPECT_TRUE(ContentOf(name) == before) << "the file has changed";
+    }
+    void MakeProject() { CreateProject(2); App().bProjectOpen = false; }
+};
+
+TEST_F(HostileFile, NoDatabase)
+{
+    WriteContent("x.MDB", QByteArray(8192, 'x'));
+    ExpectRefusal("x.MDB");
+}
+
+TEST_F(HostileFile, EmptyFile)
+{
+    WriteContent("x.MDB", {});
+    ExpectRefusal("x.MDB");
+}
+
+TEST_F(HostileFile, TruncatedAnywhere)
+{
+    MakeProject();
+    const QByteArray whole = ContentOf("test.MDB");
+    for (qsizetype size = 1; size < whole.size() - 4096; size += 997) {
+        WriteContent("cut.MDB", whole.left(size));
+        ExpectRefusal("cut.MDB");
+    }
+}
+
+TEST_F(HostileFile, DatabaseWithoutSamples)
+{
+    MakeProject();
+    Execute("DROP TABLE SampledValues");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, ViewInPlaceOfSamples)
+{
+    MakeProject();
+    Execute("ALTER TABLE SampledValues RENAME TO hidden; CREATE VIEW SampledValues AS SELECT * FROM hidden");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, ViewInPlaceOfSettings)
+{
+    MakeProject();
+    Execute("ALTER TABLE Settings RENAME TO hidden; CREATE VIEW Settings AS SELECT * FROM hidden");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, TriggerOnSettings)
+{
+    MakeProject();
+    Execute("CREATE TRIGGER evil AFTER UPDATE ON Settings BEGIN DELETE FROM SampledValues; END");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, TriggersNeverFireEvenIfTheyComeLater)
+{
+    MakeProject();
+    OpenProjectDb();
+    Execute("CREATE TRIGGER evil AFTER UPDATE ON Settings BEGIN DELETE FROM Overview; END");
+    EXPECT_TRUE(SaveProject());
+    CloseProjectDb();
+    EXPECT_EQ(Query("SELECT count(*) FROM Overview"), "12");
+}
+
+TEST_F(HostileFile, MissingKeyTable)
+{
+    MakeProject();
+    Execute("DROP TABLE Overview");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, KeyTableWithOtherColumns)
+{
+    MakeProject();
+    Execute("DROP TABLE Settings; CREATE TABLE Settings (Name TEXT, Wert TEXT)");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, ValuesOfWrongTypeNullOrOutOfRange)
+{
+    const char* const changes[] = {
+        "UPDATE Settings SET Number=99 WHERE Name='iNetConfIndex'",
+        "UPDATE Settings SET Number=-1 WHERE Name='iNetConfIndex'",
+        "UPDATE Settings SET Number=70000 WHERE Name='iNetConfIndex'",
+        "UPDATE Settings SET Number='zwei' WHERE Name='iNetConfIndex'",
+        "UPDATE Settings SET Number=2 WHERE Name='iCalcMethod'",
+        "UPDATE Settings SET Number=NULL WHERE Name='COM'",
+        "UPDATE Settings SET Number=x'0102' WHERE Name='COM'",
+        "UPDATE Settings SET Number=9223372036854775807 WHERE Name='COM'",
+        "UPDATE Settings SET Number=-1e300 WHERE Name='MODBUS'",
+        "UPDATE Settings SET Decimal=9e999 WHERE Name='ScaleEnds 0'",
+        "UPDATE Settings SET Decimal='' WHERE Name='dTrigger 1'",
+        "UPDATE Settings SET Number=NULL WHERE Name='bASMSim'",
+        "UPDATE Overview SET Time='gestern' WHERE Name='Project Created'",
+        "UPDATE Overview SET Time='2026-02-30 00:00:00' WHERE Name='Project Created'",
+        "UPDATE Overview SET Time=NULL WHERE Name='Measurement End'",
+        "UPDATE Overview SET Decimal=NULL WHERE Name='Measurement Interval'",
+        "UPDATE Overview SET Text=x'ff00ff' WHERE Name='Project Name'",
+    };
+    MakeProject();
+    const QByteArray whole = ContentOf("test.MDB");
+    for (const char* change : changes) {
+        SCOPED_TRACE(change);
+        WriteContent("test.MDB", whole);
+        App().sProjectPath = PathOf("test.MDB");
+        Execute(change);
+        ExpectRefusal("test.MDB");
+    }
+}
+
+TEST_F(HostileFile, TextOfTenMegabytes)
+{
+    MakeProject();
+    Execute("UPDATE Overview SET Text=hex(zeroblob(5000000)) WHERE Name='Project Name'");
+    ExpectRefusal("test.MDB");
+}
+
+TEST_F(HostileFile, LongTextThatAUserMayTypeIsKept)
+{
+    MakeProject();
+    App().sDescription = QString(kLongestTypedText, u'€');
+    ASSERT_TRUE(SaveProject());
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_EQ(App().sDescription.size(), kLongestTypedText);
+}
+
+TEST_F(HostileFile, TextWithNullCharactersAndBrokenUtf8OpensWithoutHarm)
+{
+    MakeProject();
+    Execute("UPDATE Overview SET Text=CAST(x'41004200ff' AS TEXT) WHERE Name='Project Name'");
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_EQ(App().sProjectName.size(), 5);
+}
+
+TEST_F(HostileFile, OverwrittenPagesNeverCrash)
+{
+    MakeProject();
+    OpenProjectDb();
+    for (App().MeasuredRow.lSet = 1; App().MeasuredRow.lSet <= 200; ++App().MeasuredRow.lSet)
+        ASSERT_TRUE(AppendMeasuredRow());
+    CloseProjectDb();
+    const QByteArray whole = ContentOf("test.MDB");
+    for (qsizetype page = 0; page < whole.size() / 4096; ++page) {
+        QByteArray damaged = whole;
+        for (qsizetype i = page == 0 ? 100 : 0; i < 4096; i += 7)
+            damaged[page * 4096 + i] = static_cast<char>(i * 31);
+        WriteContent("damaged.MDB", damaged);
+        OpenRecentProject(PathOf("damaged.MDB"));
+        OpenDbGuarded();
+        for (qint32 set = 1; set <= 200; set += 50)
+            ReadRow(set);
+        CloseDbGuarded();
+        EXPECT_TRUE(ContentOf("damaged.MDB") == damaged) << "page " << page;
+        App().bProjectOpen = false;
+    }
+}
+
+TEST_F(HostileFile, DirectoryInPlaceOfAFile)
+{
+    QDir(folder.path()).mkdir("dir.MDB");
+    OpenRecentProject(PathOf("dir.MDB"));
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Konnte Pfad/Datei nicht finden: \n" + PathOf("dir.MDB")});
+}
+
+TEST_F(HostileFile, LockedByAnotherProcess)
+{
+    MakeProject();
+    SQLite::Database other(PathOf("test.MDB").toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    ExpectRefusal("test.MDB");
+    other.exec("ROLLBACK");
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_TRUE(App().bProjectOpen);
+}
+
+TEST_F(HostileFile, NewerVersionOpensAsItStands)
+{
+    MakeProject();
+    Execute("PRAGMA user_version=77; ALTER TABLE SampledValues ADD COLUMN [T oil] REAL");
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_TRUE(SaveProject());
+    EXPECT_EQ(Query("PRAGMA user_version"), "77");
+}
+
+#ifdef Q_OS_UNIX
+
+/// File permissions don't bind the superuser, so for the length of a test a superuser is somebody else.
+class Unprivileged
+{
+public:
+    explicit Unprivileged(const QString& folder)
+    {
+        constexpr uid_t kNobody = 65534;
+        if (geteuid() != 0)
+            return;
+        for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+            EXPECT_EQ(chown(file.filePath().toUtf8().constData(), kNobody, kNobody), 0);
+        EXPECT_EQ(chown(folder.toUtf8().constData(), kNobody, kNobody), 0);
+        EXPECT_EQ(seteuid(kNobody), 0);
+        wasRoot = true;
+    }
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+    ~Unprivileged()
+    {
+        if (wasRoot) {
+            EXPECT_EQ(seteuid(0), 0);
+        }
+    }
+
+private:
+    bool wasRoot = false;
+};
+
+TEST_F(HostileFile, ReadOnlyFileOpensWithAHintAndKeepsItsContent)
+{
+    MakeProject();
+    const QByteArray before = ContentOf("test.MDB");
+    const Unprivileged user(folder.path());
+    ASSERT_TRUE(QFile::setPermissions(PathOf("test.MDB"), QFile::ReadOwner));
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_TRUE(App().bProjectOpen);
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_TRUE(shell.boxes[0].text.startsWith("Die Projektdatei ist schreibgeschützt."));
+    App().sCompany = QStringLiteral("Werk");
+    App().bProjectDirty = true;
+    SaveIfDirty();
+    EXPECT_EQ(shell.boxes.size(), 2U);
+    EXPECT_TRUE(App().bProjectDirty);
+    App().MeasuredRow.lSet = 1;
+    OpenDbGuarded();
+    EXPECT_FALSE(AppendMeasuredRow());
+    CloseDbGuarded();
+    EXPECT_EQ(shell.boxes.size(), 3U);
+    EXPECT_TRUE(ContentOf("test.MDB") == before);
+}
+
+TEST_F(HostileFile, ReadOnlyDirectoryKeepsTheFileAsItWas)
+{
+    MakeProject();
+    const QByteArray before = ContentOf("test.MDB");
+    const Unprivileged user(folder.path());
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+    OpenRecentProject(PathOf("test.MDB"));
+    App().sCompany = QStringLiteral("Werk");
+    App().bProjectDirty = true;
+    SaveIfDirty();
+    EXPECT_TRUE(App().bProjectDirty);
+    EXPECT_FALSE(ChangeNetConfiguration(4));
+    EXPECT_EQ(App().iNetConfIndex, 2);
+    shell.savePaths = {PathOf("neu.MDB")};
+    SaveProjectAs();
+    EXPECT_EQ(App().sProjectPath, PathOf("test.MDB"));
+    EXPECT_EQ(shell.boxes.size(), 4U) << shell.BoxTexts().join(" / ").toStdString();
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_TRUE(ContentOf("test.MDB") == before);
+}
+
+/// A file system that is full from a size on, for this process alone.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t size)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &former);
+        const rlimit limit{size, former.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &former); }
+
+private:
+    rlimit former{};
+};
+
+TEST_F(HostileFile, FullDiskDuringCreationLeavesNoFile)
+{
+    for (const rlim_t size : {0U, 512U, 4096U, 8192U, 12288U}) {
+        shell.boxes.clear();
+        ResetProjectData();
+        const FullDisk disk(size);
+        CreateProjectFile(PathOf("neu.MDB"));
+        EXPECT_EQ(shell.boxes.size(), 1U) << size;
+        EXPECT_FALSE(QFile::exists(PathOf("neu.MDB"))) << size;
+        EXPECT_FALSE(QFile::exists(PathOf("neu.MDB-journal"))) << size;
+    }
+}
+
+TEST_F(HostileFile, FullDiskDuringASaveLeavesTheFileAsItWas)
+{
+    MakeProject();
+    App().bProjectOpen = true;
+    const QByteArray before = ContentOf("test.MDB");
+    App().sDescription = QString(30000, u'x'); // needs new pages
+    App().bProjectDirty = true;
+    {
+        const FullDisk disk(static_cast<rlim_t>(before.size()));
+        EXPECT_FALSE(SaveProject());
+    }
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Konnte Pfad/Datei nicht finden: \n" + PathOf("test.MDB")});
+    EXPECT_TRUE(App().bProjectDirty);
+    EXPECT_TRUE(ContentOf("test.MDB") == before);
+    EXPECT_TRUE(SaveProject()) << "with room again the save works";
+    EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
+}
+
+TEST_F(HostileFile, FullDiskDuringARunLosesNoStoredRow)
+{
+    MakeProject();
+    OpenProjectDb();
+    OpenJoinedRecordset();
+    qint32 stored = 0;
+    {
+        const FullDisk disk(static_cast<rlim_t>(ContentOf("test.MDB").size()));
+        for (App().MeasuredRow.lSet = 1; App().iFileErrors == 0 && stored < 1000; ++App().MeasuredRow.lSet) {
+            if (AppendMeasuredRow())
+                ++stored;
+        }
+    }
+    EXPECT_GT(stored, 0);
+    EXPECT_LT(stored, 1000);
+    App().MeasuredRow.lSet = stored + 1;
+    EXPECT_TRUE(AppendMeasuredRow()) << "with room again the run goes on";
+    CloseProjectDb();
+    EXPECT_EQ(CountSets(), stored + 1);
+    EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
+}
+
+TEST_F(HostileFile, FullDiskDuringACopyLeavesTheTargetAsItWas)
+{
+    MakeProject();
+    WriteContent("ziel.MDB", "old");
+    const FullDisk disk(4096);
+    EXPECT_FALSE(CopyFileReplacing(PathOf("test.MDB"), PathOf("ziel.MDB")).isEmpty());
+    EXPECT_EQ(ContentOf("ziel.MDB"), "old");
+}
+
+#endif
+
+} // namespace
+} // namespace korvanel::test
