@@ -55,6 +55,7 @@ void DeleteSection(const QString& application, const QString& section)
 QString SetDamagedStoreAside(const QString& application)
 {
     const QSettings store = OpenStore(application);
+    store.allKeys(); // sections are parsed when they are first looked at
     if (store.status() != QSettings::FormatError)
         return {};
     const QString copy = store.fileName() + QStringLiteral(".bak");

@@ -11,14 +11,20 @@ TEST(LocalFormatsTest, FormatLocale_OfASystemWithoutLocaleIsGerman)
     EXPECT_EQ(FormatLocale().language(), QLocale::German);
 }
 
-TEST(LocalFormatsTest, SystemDecimalChar_WithoutSettingIsTheComma) { EXPECT_EQ(SystemDecimalChar(), u','); }
+TEST(LocalFormatsTest, SystemDecimalChar_WithoutSettingIsTheComma)
+{
+    EXPECT_EQ(SystemDecimalChar(), u',');
+}
 
-TEST(LocalFormatsTest, OtherDecimalChar_IsThePointForTheComma) { EXPECT_EQ(OtherDecimalCharOf(u','), u'.'); }
+TEST(LocalFormatsTest, OtherDecimalChar_IsThePointForTheComma)
+{
+    EXPECT_EQ(OtherDecimalCharOf(u','), u'.');
+}
 
 TEST(LocalFormatsTest, OtherDecimalChar_IsTheCommaForAnyOtherSetting)
 {
     for (const QChar decimalChar : {u'.', u';', u'\'', u' '})
-        EXPECT_EQ(OtherDecimalCharOf(decimalChar), u',') << decimalChar.unicode();
+        EXPECT_EQ(OtherDecimalCharOf(decimalChar), u',') << QString(decimalChar).toStdString();
 }
 
 TEST(LocalFormatsTest, ZeroDate_IsTheEndOf1899)
@@ -54,8 +60,8 @@ TEST(LocalFormatsTest, StoredDateText_IsIsoWithABlank)
 
 TEST(LocalFormatsTest, DateFromStoredText_ReturnsWhatWasStored)
 {
-    for (const QDateTime& moment : {QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)), ZeroDate(),
-                                    QDateTime(QDate(2024, 2, 29), QTime(23, 59, 59))})
+    for (const QDateTime& moment :
+         {QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)), ZeroDate(), QDateTime(QDate(2024, 2, 29), QTime(23, 59, 59))})
         EXPECT_EQ(DateFromStoredText(StoredDateText(moment)), moment) << StoredDateText(moment).toStdString();
 }
 

@@ -23,36 +23,26 @@ struct Printed
 
 TEST_F(NumberTextTest, NumberText_HasUpToFifteenDigitsAndNoTrailingZeros)
 {
-    const Printed cases[] = {{0, "0"},
-                             {-0.0, "0"},
-                             {1, "1"},
-                             {1.5, "1,5"},
-                             {-1.25, "-1,25"},
-                             {100, "100"},
-                             {0.1 + 0.2, "0,3"},
-                             {1.0 / 3, "0,333333333333333"},
-                             {2.0 / 3, "0,666666666666667"},
-                             {1234567.5, "1234567,5"},
-                             {123456789012345.6, "123456789012346"},
-                             {999999999999999, "999999999999999"},
-                             {0.00001, "0,00001"},
-                             {1e-15, "0,000000000000001"},
-                             {-1e-15, "-0,000000000000001"}};
-    for (const Printed& c : cases)
+    const Printed wholes[] = {{0, "0"}, {-0.0, "0"}, {100, "100"}, {999999999999999, "999999999999999"}};
+    for (const Printed& c : wholes)
+        EXPECT_EQ(NumberText(c.value), c.text);
+    const Printed fractions[] = {{1.5, "1,5"},
+                                 {-1.25, "-1,25"},
+                                 {0.1 + 0.2, "0,3"},
+                                 {1.0 / 3, "0,333333333333333"},
+                                 {2.0 / 3, "0,666666666666667"},
+                                 {123456789012345.6, "123456789012346"},
+                                 {1e-15, "0,000000000000001"}};
+    for (const Printed& c : fractions)
         EXPECT_EQ(NumberText(c.value), c.text);
 }
 
 TEST_F(NumberTextTest, NumberText_HasAnExponentOnlyOutsideThePlainRange)
 {
-    for (const double value : {1e15, -2.5e20, 1e-16, 3e300})
+    for (const double value : {1e15, -2.5e20, 1e-16, 3e300, 999999999999999.9}) // fifteen digits make the last one 1e15
         EXPECT_TRUE(NumberText(value).contains('E')) << value;
     for (const double value : {9.99e14, 1e-15, -9.5e14, 1.25e-14})
         EXPECT_FALSE(NumberText(value).contains('E')) << value;
-}
-
-TEST_F(NumberTextTest, NumberText_RoundingUpToTheLimitTakesTheExponent)
-{
-    EXPECT_TRUE(NumberText(999999999999999.9).contains('E')); // fifteen digits make it 1e15
 }
 
 TEST_F(NumberTextTest, NumberText_FollowsTheLocalDecimalCharacter)
@@ -65,8 +55,7 @@ TEST_F(NumberTextTest, NumberText_FollowsTheLocalDecimalCharacter)
 
 TEST_F(NumberTextTest, DotNumberText_HasAPointWhateverTheSetting)
 {
-    EXPECT_EQ(DotNumberText(1.5), "1.5");
-    EXPECT_EQ(DotNumberText(-0.001), "-0.001");
+    EXPECT_EQ(DotNumberText(-1.5), "-1.5");
 }
 
 TEST_F(NumberTextTest, LeadingNumber_ReadsTheStartWithAPointOnly)
@@ -76,9 +65,9 @@ TEST_F(NumberTextTest, LeadingNumber_ReadsTheStartWithAPointOnly)
         const char* text;
         double value;
     };
-    const Case cases[] = {{"1.5", 1.5}, {"1,5", 1},    {" 3.5kW", 3.5}, {"-2", -2}, {"1e3", 1000}, {"1e", 1},
-                          {"abc", 0},   {"", 0},       {".5", 0.5},     {".", 0},   {"inf", 0},    {"nan", 0},
-                          {"0x10", 0},  {"1.2.3", 1.2}, {"12 34", 12}};
+    const Case cases[] = {{"1.5", 1.5}, {"1,5", 1}, {" 3.5kW", 3.5}, {"-2", -2},     {"1e3", 1000},
+                          {"1e", 1},    {"abc", 0}, {"", 0},         {".5", 0.5},    {".", 0},
+                          {"inf", 0},   {"nan", 0}, {"0x10", 0},     {"1.2.3", 1.2}, {"12 34", 12}};
     for (const Case& c : cases)
         EXPECT_EQ(LeadingNumber(c.text), c.value) << c.text;
 }
@@ -154,13 +143,6 @@ TEST_F(NumberTextTest, TestNumberRange_ReplacesTheFirstPointOnlyAndFailsOnTheSec
     EXPECT_EQ(check.text, "1,2.3");
 }
 
-TEST_F(NumberTextTest, TestNumberRange_EmptyCountsAsOne)
-{
-    EXPECT_TRUE(TestNumberRange("", 0, 1).isAccepted);
-    EXPECT_EQ(TestNumberRange("", 0, 1).text, "1");
-    EXPECT_FALSE(TestNumberRange("", 2, 3).isAccepted);
-}
-
 TEST_F(NumberTextTest, TestNumberRange_AcceptsNumbersHoweverTheyAreWritten)
 {
     for (const char* text : {"1,50", "1e3", ",5", "007", " 5", "+5", "-0,25", "1000", "0"})
@@ -169,7 +151,7 @@ TEST_F(NumberTextTest, TestNumberRange_AcceptsNumbersHoweverTheyAreWritten)
 
 TEST_F(NumberTextTest, TestNumberRange_RefusesWhatIsNoNumber)
 {
-    for (const char* text : {"abc", "5 V", "1,2,3", "nan", "inf", "1e999", "0x10", "-", ",", " "})
+    for (const char* text : {"abc", "5 V", "1,2,3", "nan", "inf", "1e999", "0x10", "-", ",", " ", "1,0e3"})
         EXPECT_FALSE(TestNumberRange(text, -1e308, 1e308).isAccepted) << text;
 }
 
@@ -197,7 +179,10 @@ TEST_F(NumberTextTest, RoundValue_PrintsTheRoundedValue)
     EXPECT_EQ(RoundValue(0, 100), "0");
 }
 
-TEST_F(NumberTextTest, RoundValue_OfANullIsTheEmptyText) { EXPECT_EQ(RoundValue(std::nullopt, 100), ""); }
+TEST_F(NumberTextTest, RoundValue_OfANullIsTheEmptyText)
+{
+    EXPECT_EQ(RoundValue(std::nullopt, 100), "");
+}
 
 TEST_F(NumberTextTest, RoundText_NormalisesInPlaceAndRounds)
 {
@@ -241,7 +226,10 @@ TEST_F(NumberTextTest, RoundSignificant_LeavesTheFactorForZeroAndFromOneOn)
     }
 }
 
-TEST_F(NumberTextTest, Pad_PutsABlankOnBothSides) { EXPECT_EQ(Pad("x"), " x "); }
+TEST_F(NumberTextTest, Pad_PutsABlankOnBothSides)
+{
+    EXPECT_EQ(Pad("x"), " x ");
+}
 
 TEST_F(NumberTextTest, Clamp_LimitsToBothEnds)
 {
@@ -253,10 +241,10 @@ TEST_F(NumberTextTest, Clamp_LimitsToBothEnds)
 
 TEST_F(NumberTextTest, FormatPrefixed_ChangesThePrefixAtItsThresholds)
 {
-    const Printed cases[] = {{0, "0"},           {0.001, "1m"},    {0.005, "5m"},        {0.0099, "9,9m"},
-                             {0.01, "0,01"},     {5, "5"},         {9999, "9999"},       {10000, "10k"},
-                             {-20000, "-20k"},   {1234567, "1234,57k"}, {9999000, "9999k"}, {10000000, "10M"},
-                             {9999000000.0, "9999M"}, {10000000000.0, "10G"}, {-2.5e13, "-25000G"}};
+    const Printed cases[] = {
+        {0, "0"},           {0.001, "1m"},     {0.005, "5m"},           {0.0099, "9,9m"},       {0.01, "0,01"},
+        {5, "5"},           {9999, "9999"},    {10000, "10k"},          {-20000, "-20k"},       {1234567, "1234,57k"},
+        {9999000, "9999k"}, {10000000, "10M"}, {9999000000.0, "9999M"}, {10000000000.0, "10G"}, {-2.5e13, "-25000G"}};
     for (const Printed& c : cases)
         EXPECT_EQ(FormatPrefixed(c.value, 100, false), c.text) << c.value;
 }
@@ -356,8 +344,8 @@ TEST_F(NumberTextTest, NiceStep_IsFiveOrTenTimesAPowerOfTen)
         double x;
         double step;
     };
-    const Case cases[] = {{0.5, 5}, {2.5, 5}, {2.6, 10}, {5, 10}, {-5, 10}, {5.1, 50}, {50, 100}, {0.2, 0.5},
-                          {0.3, 1}, {123, 500}, {0.004, 0.01}};
+    const Case cases[] = {{0.5, 5},  {2.5, 5},   {2.6, 10}, {5, 10},    {-5, 10},     {5.1, 50},
+                          {50, 100}, {0.2, 0.5}, {0.3, 1},  {123, 500}, {0.004, 0.01}};
     for (const Case& c : cases)
         EXPECT_DOUBLE_EQ(NiceStep(c.x, 0, 1e6), c.step) << c.x;
 }
@@ -369,12 +357,15 @@ TEST_F(NumberTextTest, NiceStep_IsLimitedToHighThenToLow)
     EXPECT_EQ(NiceStep(50, 30, 20), 30); // the lower limit has the last word
 }
 
-TEST_F(NumberTextTest, NiceStep_OfZeroGivesLowerLimit) { EXPECT_EQ(NiceStep(0, 0.25, 20), 0.25); }
+TEST_F(NumberTextTest, NiceStep_OfZeroGivesLowerLimit)
+{
+    EXPECT_EQ(NiceStep(0, 0.25, 20), 0.25);
+}
 
 TEST_F(NumberTextTest, SecondsToTime_HasTwoDigitsAndUncappedHours)
 {
-    const Printed cases[] = {{0, "00:00:00"},        {59, "00:00:59"},     {60, "00:01:00"},      {3599, "00:59:59"},
-                             {86400, "24:00:00"},    {360000, "100:00:00"}, {90061.25, "25:01:01"}};
+    const Printed cases[] = {{0, "00:00:00"},     {59, "00:00:59"},      {60, "00:01:00"},      {3599, "00:59:59"},
+                             {86400, "24:00:00"}, {360000, "100:00:00"}, {90061.25, "25:01:01"}};
     for (const Printed& c : cases)
         EXPECT_EQ(SecondsToTime(c.value, false), c.text);
 }

@@ -20,12 +20,12 @@ TEST_F(PathsTest, JoinPath_PutsExactlyOneSeparatorBetween)
         const char* directory;
         const char* name;
     };
-    const Case backslashes[] = {{"C:\\K", "P"}, {"C:\\K\\", "P"}, {"C:\\K", "\\P"}, {"C:\\K\\", "\\P"},
-                                {"C:\\K\\\\", "\\\\P"}, {"C:\\K/", "/P"}};
+    const Case backslashes[] = {{"C:\\K", "P"},     {"C:\\K\\", "P"},       {"C:\\K", "\\P"},
+                                {"C:\\K\\", "\\P"}, {"C:\\K\\\\", "\\\\P"}, {"C:\\K/", "/P"}};
     for (const Case& c : backslashes)
         EXPECT_EQ(JoinPath(c.directory, c.name, u'\\'), "C:\\K\\P") << c.directory << " + " << c.name;
-    const Case slashes[] = {{"/opt/k", "P"}, {"/opt/k/", "P"}, {"/opt/k", "/P"}, {"/opt/k/", "/P"},
-                            {"/opt/k//", "//P"}, {"/opt/k\\", "\\P"}};
+    const Case slashes[] = {{"/opt/k", "P"},   {"/opt/k/", "P"},    {"/opt/k", "/P"},
+                            {"/opt/k/", "/P"}, {"/opt/k//", "//P"}, {"/opt/k\\", "\\P"}};
     for (const Case& c : slashes)
         EXPECT_EQ(JoinPath(c.directory, c.name, u'/'), "/opt/k/P") << c.directory << " + " << c.name;
 }
@@ -56,7 +56,10 @@ TEST_F(PathsTest, WithoutTrailingSeparator_RemovesOne)
     EXPECT_EQ(WithoutTrailingSeparator(""), "");
 }
 
-TEST_F(PathsTest, WithoutTrailingSeparator_KeepsTheRoot) { EXPECT_EQ(WithoutTrailingSeparator("/"), "/"); }
+TEST_F(PathsTest, WithoutTrailingSeparator_KeepsTheRoot)
+{
+    EXPECT_EQ(WithoutTrailingSeparator("/"), "/");
+}
 
 TEST_F(PathsTest, FileNameOf_IsWhatStandsBehindTheLastSeparator)
 {

@@ -1,0 +1,236 @@
+// The languages of the program's folder, and loading the one that the settings name.
+#include "language/LangManaging.h"
+
+#include "core/SettingsStore.h"
+#include "core/clsProgSettings.h"
+#include "support/Fixture.h"
+
+#include <memory>
+
+namespace korvanel::test {
+
+namespace {
+
+const QString kMissing = QStringLiteral("Couldn't find the saved language file.\nLoading standard language!");
+const QString kBroken = QStringLiteral("Unable to load the language file!\nLoading standard language!");
+
+class LangManagingTest : public BlockTest
+{
+protected:
+    LangManagingTest()
+    {
+        DeleteSection(kSettingsApplication, "Settings");
+        settings = std::make_unique<clsProgSettings>(App().sProgramDir);
+        App().ProgSettings = settings.get();
+    }
+    ~LangManagingTest() override { DeleteSection(kSettingsApplication, "Settings"); }
+
+    void WriteLanguage(const QString& file, const QByteArray& content) const
+    {
+        ASSERT_TRUE(QDir(folder.path()).mkpath("LANGUAGES"));
+        WriteContent("LANGUAGES/" + file, content);
+    }
+    void UseLanguage(const QString& file) const { settings->SetLanguageFile(file); }
+    QString SavedLanguage() const { return clsProgSettings(App().sProgramDir).LanguageFile(); }
+
+    /// The state after any failure: told once, built-in texts, "standard" in use and saved.
+    void ExpectFallenBack(const QString& message) const
+    {
+        ASSERT_EQ(shell.boxes.size(), 1u);
+        EXPECT_EQ(shell.boxes[0].text, message);
+        EXPECT_EQ(shell.boxes[0].icon, BoxIcon::Exclamation);
+        EXPECT_EQ(settings->LanguageFile(), "standard");
+        EXPECT_EQ(SavedLanguage(), "standard");
+        ExpectBuiltInTexts();
+    }
+    static void ExpectBuiltInTexts()
+    {
+        for (const TextEntry& entry : TextEntries())
+            EXPECT_EQ(TextOf(entry.variable), entry.german);
+    }
+
+    std::unique_ptr<clsProgSettings> settings;
+};
+
+} // namespace
+
+TEST_F(LangManagingTest, FindLanguages_WithoutAFolderIsStandardAlone)
+{
+    EXPECT_EQ(FindLanguages().names, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().files, QStringList{"standard"});
+}
+
+TEST_F(LangManagingTest, FindLanguages_OfAnEmptyFolderIsStandardAlone)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir("LANGUAGES"));
+    EXPECT_EQ(FindLanguages().names, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().files, QStringList{"standard"});
+}
+
+TEST_F(LangManagingTest, FindLanguages_OffersFilesByTheirNamesBehindStandard)
+{
+    WriteLanguage("eng.lng", "lang=English\r\n");
+    WriteLanguage("fra.lng", "lang=Fran\xE7"
+                             "ais\n");
+    const Languages languages = FindLanguages();
+    ASSERT_EQ(languages.names.size(), 3);
+    ASSERT_EQ(languages.files.size(), 3);
+    EXPECT_EQ(languages.names.front(), "standard");
+    EXPECT_EQ(languages.files.front(), "standard");
+    EXPECT_EQ(languages.names.value(languages.files.indexOf("eng.lng")), "English");
+    EXPECT_EQ(languages.names.value(languages.files.indexOf("fra.lng")), "Français");
+}
+
+TEST_F(LangManagingTest, FindLanguages_SkipsAFileWithoutItsNameInLineOne)
+{
+    WriteLanguage("eng.lng", "lang=English\n");
+    WriteLanguage("bad.lng", "[MAIN]\nlang=Bad\n");
+    WriteLanguage("empty.lng", "");
+    WriteLanguage("readme.txt", "lang=Text\n");
+    EXPECT_EQ(FindLanguages().files, (QStringList{"standard", "eng.lng"}));
+}
+
+TEST_F(LangManagingTest, FindLanguages_SkipsADirectory)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkpath("LANGUAGES/ordner.lng"));
+    EXPECT_EQ(FindLanguages().files, QStringList{"standard"});
+}
+
+TEST_F(LangManagingTest, FindLanguages_OffersAFileThatIsBrokenFurtherOn)
+{
+    WriteLanguage("eng.lng", "lang=English\n[MAIN]\nrubbish\n");
+    EXPECT_EQ(FindLanguages().files, (QStringList{"standard", "eng.lng"}));
+}
+
+TEST_F(LangManagingTest, LoadLanguage_OfStandardSetsTheBuiltInTexts)
+{
+    Texts().mnuFile = "changed";
+    const Languages languages = LoadLanguage();
+    ExpectBuiltInTexts();
+    EXPECT_EQ(languages.names, QStringList{"standard"});
+    EXPECT_TRUE(shell.boxes.empty());
+    EXPECT_EQ(settings->LanguageFile(), "standard");
+}
+
+TEST_F(LangManagingTest, LoadLanguage_ReadsTheSectionsOverTheBuiltInTexts)
+{
+    WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=2\n001 &File\n002 &New\n[DEFAULT]\nsize=1\n001 Error\n");
+    UseLanguage("eng.lng");
+    const Languages languages = LoadLanguage();
+    EXPECT_EQ(Texts().mnuFile, "&File");
+    EXPECT_EQ(Texts().mnuNew, "&New");
+    EXPECT_EQ(Texts().titleError, "Error");
+    EXPECT_TRUE(shell.boxes.empty());
+    EXPECT_EQ(SavedLanguage(), "eng.lng");
+    EXPECT_EQ(languages.files, (QStringList{"standard", "eng.lng"}));
+}
+
+TEST_F(LangManagingTest, LoadLanguage_EntryWithADoubledTildeHasTwoLines)
+{
+    WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=1\n001 one~~two\n");
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    EXPECT_EQ(Texts().mnuFile, "one\ntwo");
+}
+
+TEST_F(LangManagingTest, LoadLanguage_AMissingSectionKeepsTheBuiltInTexts)
+{
+    WriteLanguage("eng.lng", "lang=English\n[DEFAULT]\nsize=1\n001 Error\n");
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    EXPECT_EQ(Texts().mnuFile, "&Datei");
+    EXPECT_EQ(Texts().nameVoltage, "Spannung");
+}
+
+TEST_F(LangManagingTest, LoadLanguage_ASectionThatIsTooShortLeavesEmptyCaptions)
+{
+    WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=1\n001 &File\n");
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    EXPECT_EQ(Texts().mnuNew, "");
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(LangManagingTest, LoadLanguage_ForeignSectionsAndSurplusEntriesAreHarmless)
+{
+    QByteArray content = "lang=English\n[NOBODY]\nsize=1\n001 x\n[MAIN]\nsize=500\n";
+    for (int i = 1; i <= 500; ++i)
+        content += QStringLiteral("%1 text %1\n").arg(i, 3, 10, QLatin1Char('0')).toLatin1();
+    WriteLanguage("eng.lng", content);
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    EXPECT_EQ(Texts().mnuFile, "text 001");
+    EXPECT_EQ(Texts().titleError, "Fehlermeldung");
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(LangManagingTest, LoadLanguage_OfAMissingFileFallsBackAndSaves)
+{
+    UseLanguage("weg.lng");
+    const Languages languages = LoadLanguage();
+    ExpectFallenBack(kMissing);
+    EXPECT_EQ(languages.files, QStringList{"standard"});
+}
+
+TEST_F(LangManagingTest, LoadLanguage_OfAMissingFileBesideOthersFallsBack)
+{
+    WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=1\n001 &File\n");
+    UseLanguage("weg.lng");
+    LoadLanguage();
+    ExpectFallenBack(kMissing);
+}
+
+TEST_F(LangManagingTest, LoadLanguage_OfABrokenFileFallsBackWithoutHalfOfIt)
+{
+    WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=1\n001 &File\n[DEFAULT]\nsize=2\n001 Error\n");
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    ExpectFallenBack(kBroken);
+}
+
+TEST_F(LangManagingTest, LoadLanguage_OfAFileThatIsNoLanguageFileFallsBack)
+{
+    WriteLanguage("eng.lng", "[MAIN]\nsize=1\n001 &File\n");
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    ExpectFallenBack(kBroken);
+}
+
+TEST_F(LangManagingTest, LoadLanguage_ANameWithAPathReachesNoFileOutsideTheFolder)
+{
+    const QByteArray content = "lang=English\n[MAIN]\nsize=1\n001 &File\n";
+    WriteContent("outside.lng", content);
+    ASSERT_TRUE(QDir(folder.path()).mkpath("LANGUAGES/sub"));
+    WriteContent("LANGUAGES/sub/inside.lng", content);
+    for (const QString& name :
+         {QString("../outside.lng"), QString("..\\outside.lng"), PathOf("outside.lng"), QString("sub/inside.lng")}) {
+        SCOPED_TRACE(name.toStdString());
+        shell.boxes.clear();
+        UseLanguage(name);
+        LoadLanguage();
+        ExpectFallenBack(kMissing);
+    }
+}
+
+TEST_F(LangManagingTest, LoadLanguage_ANameOfNoFileIsMissing)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkpath("LANGUAGES/ordner.lng"));
+    for (const char* name : {"", ".", "..", "ordner.lng"}) {
+        SCOPED_TRACE(name);
+        shell.boxes.clear();
+        UseLanguage(name);
+        LoadLanguage();
+        ExpectFallenBack(kMissing);
+    }
+}
+
+TEST_F(LangManagingTest, LoadLanguage_IsSilentAtTheStartAfterAFallback)
+{
+    UseLanguage("weg.lng");
+    LoadLanguage();
+    shell.boxes.clear();
+    LoadLanguage();
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+} // namespace korvanel::test

@@ -48,10 +48,28 @@ void ProgramDriver::Start()
     process.start(program, {});
     if (!process.waitForStarted(kPatienceMs))
         throw DriverError("program does not start: " + program.toStdString());
+    Connect();
+}
+
+void ProgramDriver::Connect()
+{
     WaitFor(QStringLiteral("the socket"), [this] {
+        socket.abort();
         socket.connectToServer(socketName);
         return socket.waitForConnected(kPauseMs);
     });
+}
+
+void ProgramDriver::FollowRestart()
+{
+    WaitForEnd();
+    Connect();
+}
+
+void ProgramDriver::WaitForDisconnect()
+{
+    if (socket.state() != QLocalSocket::UnconnectedState && !socket.waitForDisconnected(kPatienceMs))
+        throw DriverError("program does not end");
 }
 
 int ProgramDriver::WaitForEnd()
@@ -74,8 +92,7 @@ void ProgramDriver::Kill()
 
 bool ProgramDriver::IsShown(const QString& name)
 {
-    const QJsonObject answer = Send({{"do", "read"}, {"name", name}});
-    return answer["ok"].toBool() && answer["visible"].toBool();
+    return Read(name)["visible"].toBool();
 }
 
 QString ProgramDriver::MainTitle() { return FindWindow(QStringLiteral("MainForm"))["title"].toString(); }
@@ -93,6 +110,11 @@ QJsonObject ProgramDriver::WaitForWindow(const QString& name)
 void ProgramDriver::WaitForControl(const QString& name)
 {
     WaitFor(name, [&] { return IsShown(name); });
+}
+
+void ProgramDriver::WaitUntilGone(const QString& name)
+{
+    WaitFor(QStringLiteral("the end of ") + name, [&] { return !IsShown(name); });
 }
 
 QString ProgramDriver::AnswerBox(const QString& button)

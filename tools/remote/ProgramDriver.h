@@ -30,6 +30,10 @@ public:
     void SetEnvironment(const QString& name, const QString& value);
     /// Starts the program and waits for its main window.
     void Start();
+    /// Connects to the program that the first one has started in its place before it ended.
+    void FollowRestart();
+    /// Waits until a program that was started by another one has ended.
+    void WaitForDisconnect();
     /// Waits for the program's end; its exit code. Throws if it doesn't end or crashed.
     int WaitForEnd();
     bool IsRunning() const { return process.state() == QProcess::Running; }
@@ -40,7 +44,8 @@ public:
     void Choose(const QString& name, const QString& text) { Do("choose", name, text); }
     void Grab(const QString& name, const QString& file) { Do("grab", name, file); }
     void CloseMainWindow() { Do("close"); }
-    QJsonObject Read(const QString& name) { return Do("read", name); }
+    /// What can be read of a control; without "ok" there is none of that name.
+    QJsonObject Read(const QString& name) { return Send({{"do", "read"}, {"name", name}}); }
     QString Text(const QString& name) { return Read(name)["text"].toString(); }
     bool IsEnabled(const QString& name) { return Read(name)["enabled"].toBool(); }
     /// True if there is a control of that name on show.
@@ -51,6 +56,8 @@ public:
     QJsonObject WaitForWindow(const QString& name);
     /// Waits for a control to be on show.
     void WaitForControl(const QString& name);
+    /// Waits for a control to go.
+    void WaitUntilGone(const QString& name);
     /// Waits for a message box, presses a button of it and returns its text.
     QString AnswerBox(const QString& button);
     /// Waits for the file dialog and gives it a path; an empty path cancels it.
@@ -61,6 +68,7 @@ public:
     bool IsRefused(const char* what, const QString& name, const QString& text = {});
 
 private:
+    void Connect();
     QJsonObject Do(const char* what, const QString& name = {}, const QString& text = {});
     QJsonObject Send(const QJsonObject& command);
     QJsonObject FindWindow(const QString& name);

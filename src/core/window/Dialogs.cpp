@@ -69,11 +69,15 @@ QStringList NameFilters(const QString& filter)
     return filters;
 }
 
-void Prepare(QFileDialog& dialog, const FileQuestion& question)
+void Prepare(QFileDialog& dialog, const FileQuestion& question, QFileDialog::AcceptMode mode)
 {
     dialog.setObjectName(QStringLiteral("dlgFile"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setNameFilters(NameFilters(question.filter));
+    const bool isSaving = mode == QFileDialog::AcceptSave;
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(isSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setLabelText(QFileDialog::Accept, isSaving ? Texts().titleSave : Texts().titleOpen);
     dialog.setLabelText(QFileDialog::Reject, Texts().buttonCancel);
 }
 
@@ -111,8 +115,7 @@ Answer RunBox(QWidget* parent, const Box& box)
 QString RunOpenDialog(QWidget* parent, const FileQuestion& question)
 {
     QFileDialog dialog(parent, question.title, question.suggestion);
-    Prepare(dialog, question);
-    dialog.setFileMode(QFileDialog::ExistingFile);
+    Prepare(dialog, question, QFileDialog::AcceptOpen);
     if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); name && !question.preset.isEmpty()) {
         name->setText(question.preset);
         name->selectAll(); // typing replaces it
@@ -127,10 +130,7 @@ QString RunOpenDialog(QWidget* parent, const FileQuestion& question)
 QString RunSaveDialog(QWidget* parent, const FileQuestion& question)
 {
     QFileDialog dialog(parent, question.title, QFileInfo(question.suggestion).absolutePath());
-    Prepare(dialog, question);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setLabelText(QFileDialog::Accept, Texts().titleSave);
+    Prepare(dialog, question, QFileDialog::AcceptSave);
     dialog.selectFile(FileNameOf(question.suggestion));
     if (dialog.exec() != QDialog::Accepted)
         return question.suggestion;

@@ -147,7 +147,6 @@ void MainWindow::ShowPage()
     page->show();
     pageFrame->show();
     pageFrame->setFixedSize(pageFrame->sizeHint());
-    page->FocusFirstControl();
 }
 
 void MainWindow::PlacePage(QMdiSubWindow& frame)

@@ -35,8 +35,6 @@ public:
     /// Adds the bottom row behind the page's own controls: the buttons and, on the pages that carry one, the small
     /// label with the identity of the instrument.
     void AddBottomRow();
-    /// Gives the keyboard to the first control.
-    void FocusFirstControl() { focusNextChild(); }
 
 protected:
     /// Layout for the controls of the page, above its buttons.

@@ -1,0 +1,279 @@
+// The real program, driven through its controls, with its files looked at by plain SQL.
+#include "remote/ProgramDriver.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <gtest/gtest.h>
+
+namespace korvanel::test {
+namespace {
+
+class ProgramTest : public ::testing::Test
+{
+protected:
+    QString PathOf(const QString& name) const { return folder.filePath(name); }
+    void Write(const QString& name, const QByteArray& content) const
+    {
+        QFile file(PathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    static QString Query(const QString& path, const char* sql)
+    {
+        SQLite::Database db(path.toStdString());
+        SQLite::Statement query(db, sql);
+        return query.executeStep() ? QString::fromStdString(query.getColumn(0).getString()) : QString();
+    }
+    /// A copy of the program in a folder of its own, with what is told to stand beside it.
+    QString InstallProgram(bool withLogo = true)
+    {
+        const QDir here(folder.path());
+        EXPECT_TRUE(here.mkpath("program/PROJECTS"));
+        EXPECT_TRUE(here.mkpath("program/LANGUAGES"));
+        const QString program = PathOf("program/KORVANEL");
+        const QString original = QStringLiteral(KORVANEL_PROGRAM);
+        EXPECT_TRUE(QFile::copy(original, program));
+        if (withLogo) {
+            EXPECT_TRUE(QFile::copy(QFileInfo(original).dir().filePath("LOGO.BMP"), PathOf("program/LOGO.BMP")));
+        }
+        return program;
+    }
+    QString SettingsFile() const { return PathOf("settings/KORVANEL/KORVANEL.ini"); }
+    void WriteSetting(const QString& key, const QString& value) const
+    {
+        QSettings(SettingsFile(), QSettings::IniFormat).setValue(key, value);
+    }
+    QString Setting(const QString& key) const
+    {
+        return QSettings(SettingsFile(), QSettings::IniFormat).value(key).toString();
+    }
+    void NewProject(ProgramDriver& program, const QString& path)
+    {
+        program.Trigger("mnuNew");
+        program.GivePath(path);
+        program.WaitForControl("FormF1");
+    }
+
+    QTemporaryDir folder;
+    QString settings = folder.filePath("settings");
+};
+
+TEST_F(ProgramTest, FromTheFirstStartToAStoredProjectAndBack)
+{
+    const QString path = PathOf("Pumpe.MDB");
+    {
+        ProgramDriver program(settings);
+        program.Start();
+        const QJsonObject main = program.WaitForWindow("MainForm");
+        EXPECT_EQ(main["title"].toString(), "KORVANEL ");
+        EXPECT_FALSE(program.IsEnabled("mnuSave"));
+        EXPECT_TRUE(program.IsRefused("trigger", "mnuSave"));
+        NewProject(program, PathOf("Pumpe"));
+        program.Type("txtName", "Kühlpumpe");
+        EXPECT_EQ(program.MainTitle(), "KORVANEL [ Kühlpumpe ]");
+        program.Trigger("cmdForw");
+        program.WaitForControl("FormF2");
+        program.Choose("tabPage", "3-Phasen-Spannungsmessung");
+        program.Trigger("optNetConf_6");
+        program.Trigger("mnuEnd");
+        EXPECT_EQ(program.WaitForEnd(), 0);
+    }
+    EXPECT_EQ(Query(path, "SELECT Text FROM Overview WHERE Name='Project Name'"), "Kühlpumpe");
+    EXPECT_EQ(Query(path, "SELECT Number FROM Settings WHERE Name='iNetConfIndex'"), "6");
+    EXPECT_EQ(Query(path, "SELECT group_concat(name) FROM pragma_table_info('SampledValues')"),
+              "Set,Time,U sum,U 1,U 2,U 3,f sum,t,Edit");
+    EXPECT_EQ(Query(path, "PRAGMA integrity_check"), "ok");
+    {
+        ProgramDriver program(settings);
+        program.Start();
+        program.WaitForWindow("MainForm");
+        program.Trigger("mnuOpen");
+        program.GivePath(path);
+        program.WaitForControl("FormF1");
+        EXPECT_EQ(program.Text("txtName"), "Kühlpumpe");
+        EXPECT_EQ(program.Text("lblPanel_1"), "Pumpe.MDB");
+        program.CloseMainWindow();
+        EXPECT_EQ(program.WaitForEnd(), 0);
+    }
+    EXPECT_EQ(Setting("MRU/1"), path);
+    EXPECT_EQ(Setting("MRU/Max"), "4");
+    {
+        ProgramDriver program(settings);
+        program.Start();
+        program.WaitForWindow("MainForm");
+        program.Trigger("mnuFileMRU_1");
+        program.WaitForControl("FormF1");
+        EXPECT_EQ(program.Text("txtName"), "Kühlpumpe");
+    }
+}
+
+TEST_F(ProgramTest, ConfirmingTheSuggestionOfNewCreatesNothing)
+{
+    ProgramDriver program(settings, InstallProgram());
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuNew");
+    program.GivePath(PathOf("program/PROJECTS/PROJECT1.MDB"));
+    program.WaitForQuiet();
+    EXPECT_FALSE(program.IsEnabled("mnuSave"));
+    EXPECT_FALSE(QFile::exists(PathOf("program/PROJECTS/PROJECT1.MDB")));
+    program.Trigger("mnuNew");
+    program.GivePath({}); // cancelled
+    program.WaitForQuiet();
+    EXPECT_FALSE(program.IsEnabled("mnuSave"));
+}
+
+TEST_F(ProgramTest, MessagesAreRealModalBoxes)
+{
+    Write("kein Projekt.MDB", "nothing of the kind");
+    Write("alt.KVL", "old");
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuOpen");
+    program.GivePath(PathOf("kein Projekt.MDB"));
+    const QJsonObject box = program.WaitForWindow("message");
+    EXPECT_EQ(box["title"].toString(), "Fehlermeldung");
+    EXPECT_EQ(box["text"].toString(), "Ungültiges Dateiformat:\n" + PathOf("kein Projekt.MDB"));
+    EXPECT_EQ(box["buttons"].toArray(), QJsonArray{"OK"});
+    EXPECT_TRUE(program.IsRefused("trigger", "mnuNew")) << "the box is modal";
+    program.AnswerBox("OK");
+    program.WaitForQuiet();
+    program.Trigger("mnuDelete");
+    program.GivePath(PathOf("alt.KVL"));
+    EXPECT_EQ(program.AnswerBox("Nein"), "Datei wirklich löschen?\n" + PathOf("alt.KVL"));
+    program.WaitForQuiet();
+    EXPECT_TRUE(QFile::exists(PathOf("alt.KVL")));
+    program.Trigger("mnuDelete");
+    program.GivePath(PathOf("alt.KVL"));
+    program.AnswerBox("Ja");
+    program.WaitForQuiet();
+    EXPECT_FALSE(QFile::exists(PathOf("alt.KVL")));
+}
+
+TEST_F(ProgramTest, MissingLogoIsToldAndTheProgramStarts)
+{
+    ProgramDriver program(settings, InstallProgram(false));
+    program.Start();
+    EXPECT_EQ(program.AnswerBox("OK"), "Konnte Pfad/Datei nicht finden: \n" + PathOf("program/LOGO.BMP"));
+    EXPECT_EQ(program.WaitForWindow("MainForm")["title"].toString(), "KORVANEL ");
+}
+
+TEST_F(ProgramTest, StartScreenClosesItselfAndLeavesTheMainWindow)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForControl("FormStart");
+    EXPECT_EQ(program.Text("lblStart_0"), "KORVANEL");
+    program.WaitForWindow("MainForm");
+    program.WaitUntilGone("FormStart");
+    EXPECT_TRUE(program.IsRunning());
+    EXPECT_EQ(program.WaitForWindow("MainForm")["title"].toString(), "KORVANEL ");
+}
+
+TEST_F(ProgramTest, ChosenLanguageRestartsTheProgramInIt)
+{
+    const QString installed = InstallProgram();
+    Write("program/LANGUAGES/english.lng", "lang=English\r\n[MAIN]\r\nsize=2\r\n001 &File\r\n002 &New\r\n");
+    Write("program/LANGUAGES/notes.lng", "just notes\r\n");
+    ProgramDriver program(settings, installed);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    EXPECT_EQ(program.Text("mnuLaname_0"), "standard");
+    EXPECT_TRUE(program.Read("mnuLaname_0")["checked"].toBool());
+    EXPECT_EQ(program.Text("mnuLaname_1"), "English");
+    EXPECT_FALSE(program.Read("mnuLaname_2")["ok"].toBool()) << "the other file is none of a language";
+    program.Trigger("mnuLaname_1");
+    program.AnswerBox("Nein");
+    program.WaitForQuiet();
+    EXPECT_EQ(Setting("Settings/LangFile"), "");
+    EXPECT_FALSE(program.Read("mnuLaname_1")["checked"].toBool());
+    program.Trigger("mnuLaname_1");
+    program.AnswerBox("Ja");
+    program.FollowRestart();
+    program.WaitForWindow("MainForm");
+    EXPECT_EQ(program.Text("mnuFile"), "&File");
+    EXPECT_TRUE(program.Read("mnuLaname_1")["checked"].toBool());
+    EXPECT_EQ(Setting("Settings/LangFile"), "english.lng");
+    program.CloseMainWindow();
+    program.WaitForDisconnect();
+}
+
+TEST_F(ProgramTest, SavedLanguageWithoutItsFileFallsBackToTheStandard)
+{
+    WriteSetting("Settings/LangFile", "klingon.lng");
+    ProgramDriver program(settings);
+    program.Start();
+    EXPECT_EQ(program.AnswerBox("OK"), "Couldn't find the saved language file.\nLoading standard language!");
+    program.WaitForWindow("MainForm");
+    EXPECT_EQ(program.Text("mnuFile"), "&Datei");
+    EXPECT_EQ(Setting("Settings/LangFile"), "standard");
+}
+
+TEST_F(ProgramTest, StrangeSettingsAreToldAndTheProgramStarts)
+{
+    WriteSetting("GraphColours/77", "255");
+    WriteSetting("Settings/Cycles", "many");
+    WriteSetting("MRU/Max", "-3");
+    ProgramDriver program(settings);
+    program.Start();
+    EXPECT_TRUE(program.AnswerBox("OK").startsWith("clsGraphColours\n"));
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuInfo");
+    program.WaitForControl("FormH2");
+}
+
+TEST_F(ProgramTest, DamagedSettingsStoreIsCopiedAsideAndTold)
+{
+    QDir(folder.path()).mkpath("settings/KORVANEL");
+    const QByteArray garbage("[Settings\nno line of a store\n\x01\x02%zz\n");
+    Write("settings/KORVANEL/KORVANEL.ini", garbage);
+    {
+        ProgramDriver program(settings);
+        program.Start();
+        EXPECT_TRUE(program.AnswerBox("OK").startsWith("Die Programmeinstellungen sind beschädigt."));
+        program.WaitForWindow("MainForm");
+        program.CloseMainWindow();
+        EXPECT_EQ(program.WaitForEnd(), 0);
+    }
+    QFile copy(SettingsFile() + ".bak");
+    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
+    EXPECT_EQ(copy.readAll(), garbage);
+}
+
+TEST_F(ProgramTest, RecentFileThatIsGoneIsToldAndStaysOnTheList)
+{
+    WriteSetting("MRU/Max", "4");
+    WriteSetting("MRU/1", PathOf("weg.MDB"));
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuFileMRU_1");
+    EXPECT_EQ(program.AnswerBox("OK"), "Konnte Pfad/Datei nicht finden: \n" + PathOf("weg.MDB"));
+    program.WaitForQuiet();
+    EXPECT_EQ(program.Text("mnuFileMRU_1"), PathOf("weg.MDB"));
+}
+
+TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuModbus");
+    EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
+    program.WaitForQuiet();
+    NewProject(program, PathOf("x"));
+    program.Trigger("mnuResTable");
+    program.WaitForControl("FormF6");
+    EXPECT_TRUE(program.IsShown("lblDeviceID"));
+}
+
+} // namespace
+} // namespace korvanel::test

@@ -1,0 +1,81 @@
+// The real main window with the real pages, but for its modal dialogs: those are recorded and answered from a script.
+#pragma once
+
+#include "core/project/FormF1.h"
+#include "core/project/ProjectCommands.h"
+#include "core/window/FormLater.h"
+#include "core/window/MainMenu.h"
+#include "core/window/MainWindow.h"
+#include "core/window/Page.h"
+#include "core/window/PageTable.h"
+#include "instruments/FormF2.h"
+#include "support/ProjectFixture.h"
+
+#include <QAction>
+#include <QApplication>
+
+namespace korvanel::test {
+
+class ScriptedWindow : public MainWindow
+{
+public:
+    explicit ScriptedWindow(RecordingShell& ofScript) : script(ofScript) {}
+    Answer ShowBox(const Box& box) override { return script.ShowBox(box); }
+    QString AskOpenPath(const FileQuestion& question) override { return script.AskOpenPath(question); }
+    QString AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }
+
+private:
+    RecordingShell& script;
+};
+
+class WindowTest : public ProjectTest
+{
+protected:
+    WindowTest() : window(shell)
+    {
+        App().TheShell = &window;
+        App().sVersion = QStringLiteral("V1.2.3");
+        for (const PageEntry& entry : Pages())
+            window.RegisterPage(entry.number, Build<FormLater>);
+        window.RegisterPage(kPageGeneralData, Build<FormF1>);
+        window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
+        window.ApplyMainTexts();
+        window.show();
+    }
+    ~WindowTest() override
+    {
+        App().bProjectDirty = false;
+        App().bProjectOpen = false;
+        window.UnloadPage();
+    }
+
+    template <typename Form>
+    static Page* Build(MainWindow& frame, const PageEntry& entry)
+    {
+        return new Form(frame, entry);
+    }
+
+    /// A project of a net configuration, open in the window without a page.
+    void OpenInWindow(int netConf)
+    {
+        CreateProject(netConf);
+        window.EnableProjectMenus(true);
+    }
+
+    template <typename Control>
+    Control& Find(const char* name)
+    {
+        // A page that was left lives until the event loop deletes it.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto* control = window.findChild<Control*>(QLatin1String(name));
+        if (!control)
+            throw std::runtime_error(std::string("no control ") + name);
+        return *control;
+    }
+    QString PageName() { return window.PageOnShow() ? window.PageOnShow()->objectName() : QString(); }
+    bool IsEntryEnabled(const char* name) { return window.Menu().Entry(QLatin1String(name))->isEnabled(); }
+
+    ScriptedWindow window;
+};
+
+} // namespace korvanel::test
