@@ -2,6 +2,9 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <vector>
+
 namespace korvanel {
 
 QLocale FormatLocale()
@@ -26,20 +29,82 @@ QDateTime ZeroDate()
 
 namespace {
 
-QString DateText(const QDate& date)
+/// The local short formats with a four-digit year and with seconds. Asked of the system once.
+struct Formats
 {
-    static const QRegularExpression shortYear(QStringLiteral("(?<!y)yy(?!y)"));
-    QString format = FormatLocale().dateFormat(QLocale::ShortFormat);
-    format.replace(shortYear, QStringLiteral("yyyy"));
-    return FormatLocale().toString(date, format);
+    QLocale locale = FormatLocale();
+    QString date = locale.dateFormat(QLocale::ShortFormat);
+    QString time = locale.timeFormat(QLocale::ShortFormat);
+
+    Formats()
+    {
+        static const QRegularExpression shortYear(QStringLiteral("(?<!y)yy(?!y)"));
+        date.replace(shortYear, QStringLiteral("yyyy"));
+        if (!time.contains(QStringLiteral("ss")))
+            time.replace(QStringLiteral("mm"), QStringLiteral("mm:ss"));
+    }
+};
+
+const Formats& LocalFormats()
+{
+    static const Formats formats;
+    return formats;
 }
 
-QString TimeText(const QTime& time)
+QString DateText(const QDate& date) { return LocalFormats().locale.toString(date, LocalFormats().date); }
+QString TimeText(const QTime& time) { return LocalFormats().locale.toString(time, LocalFormats().time); }
+
+/// A piece of the stored text, or a character between.
+struct Piece
 {
-    QString format = FormatLocale().timeFormat(QLocale::ShortFormat);
-    if (!format.contains(QStringLiteral("ss")))
-        format.replace(QStringLiteral("mm"), QStringLiteral("mm:ss"));
-    return FormatLocale().toString(time, format);
+    int position = -1; ///< within the stored text; -1: the literal
+    int length = 0;
+    bool dropsZero = false;
+    QChar literal = {};
+};
+
+/// The local formats as a rearrangement of the stored text. Empty where they hold names of months or the like.
+std::vector<Piece> Rearrangement()
+{
+    struct Token
+    {
+        const char* text;
+        Piece piece;
+    };
+    static const Token tokens[] = {{"yyyy", {0, 4}}, {"MM", {5, 2}},  {"M", {5, 2, true}},  {"dd", {8, 2}},
+                                   {"d", {8, 2, true}}, {"HH", {11, 2}}, {"H", {11, 2, true}}, {"mm", {14, 2}},
+                                   {"ss", {17, 2}}};
+    const QString format = LocalFormats().date + u' ' + LocalFormats().time;
+    if (format.contains(QStringLiteral("MMM")) || format.contains(QStringLiteral("ddd")))
+        return {};
+    std::vector<Piece> pieces;
+    for (qsizetype i = 0; i < format.size();) {
+        const auto* token = std::find_if(std::begin(tokens), std::end(tokens), [&](const Token& t) {
+            return QStringView(format).mid(i).startsWith(QLatin1String(t.text));
+        });
+        if (token != std::end(tokens)) {
+            pieces.push_back(token->piece);
+            i += static_cast<qsizetype>(qstrlen(token->text));
+        } else if (format[i].isLetter() || format[i] == u'\'') {
+            return {};
+        } else {
+            pieces.push_back({.literal = format[i]});
+            ++i;
+        }
+    }
+    return pieces;
+}
+
+/// "YYYY-MM-DD HH:MM:SS" with digits in their places.
+bool IsStoredForm(QStringView text)
+{
+    constexpr QStringView kForm = u"0000-00-00 00:00:00";
+    if (text.size() != kForm.size())
+        return false;
+    for (qsizetype i = 0; i < kForm.size(); ++i)
+        if (kForm[i] == u'0' ? text[i] < u'0' || text[i] > u'9' : text[i] != kForm[i])
+            return false;
+    return true;
 }
 
 } // namespace
@@ -47,6 +112,26 @@ QString TimeText(const QTime& time)
 QString DateTimeText(const QDateTime& moment)
 {
     return DateText(moment.date()) + QLatin1Char(' ') + TimeText(moment.time());
+}
+
+QString DateTimeTextOfStored(const QString& stored)
+{
+    static const std::vector<Piece> pieces = Rearrangement();
+    if (pieces.empty() || !IsStoredForm(stored)) {
+        const QDateTime moment = DateFromStoredText(stored);
+        return moment.isValid() ? DateTimeText(moment) : stored;
+    }
+    QString text;
+    text.reserve(stored.size());
+    for (const Piece& piece : pieces) {
+        if (piece.position < 0) {
+            text += piece.literal;
+            continue;
+        }
+        const bool startsLater = piece.dropsZero && stored[piece.position] == u'0';
+        text += QStringView(stored).mid(piece.position + (startsLater ? 1 : 0), piece.length - (startsLater ? 1 : 0));
+    }
+    return text;
 }
 
 QString GeneralDateText(const QDateTime& moment)

@@ -30,8 +30,12 @@ std::map<QString, QString> ReadSection(const QString& application, const QString
     std::map<QString, QString> values;
     for (const QString& key : store.childKeys()) {
         const QVariant value = store.value(key);
-        // A value with unquoted commas reads as a list; it was one text when it was written by hand.
-        values[key] = value.typeId() == QMetaType::QStringList ? value.toStringList().join(u',') : value.toString();
+        // A value with unquoted commas reads as a list; it was one text when it was written by hand. Any other type
+        // was never stored by this program.
+        if (value.typeId() == QMetaType::QStringList)
+            values[key] = value.toStringList().join(u',');
+        else if (value.typeId() == QMetaType::QString)
+            values[key] = value.toString();
     }
     return values;
 }

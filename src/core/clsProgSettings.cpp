@@ -4,7 +4,6 @@
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
 
-#include <QLocale>
 
 #include <cmath>
 #include <limits>
@@ -40,7 +39,7 @@ void Read(const Section& section, const QString& key, double& value)
     if (entry == section.end())
         return;
     bool isNumber = false;
-    const double number = QLocale::c().toDouble(entry->second.trimmed(), &isNumber);
+    const double number = entry->second.toDouble(&isNumber); // takes the point alone, and no separators of thousands
     if (isNumber && std::isfinite(number))
         value = number;
 }

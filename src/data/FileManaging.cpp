@@ -49,14 +49,6 @@ SetQuery& PreparedQuery(SetSource source)
     return Prepared<SetQuery>(slot, App().iNetConfIndex, source, SetRange::One);
 }
 
-QString TimeTextOf(const QString& stored)
-{
-    if (stored.isEmpty())
-        return {};
-    const QDateTime moment = DateFromStoredText(stored);
-    return moment.isValid() ? DateTimeText(moment) : stored;
-}
-
 } // namespace
 
 void OpenJoinedRecordset()
@@ -114,7 +106,7 @@ bool ReadRow(qint32 set, bool fromTemp)
             return;
         App().lLastReadSet = set;
         query.Fill(App().CurrentRow);
-        App().sTimeText = TimeTextOf(query.StoredTime());
+        App().sTimeText = DateTimeTextOfStored(query.StoredTime());
     });
 }
 

@@ -4,7 +4,7 @@
 #include "core/SettingsStore.h"
 #include "diagrams/QuantityTable.h"
 
-#include <limits>
+#include <stdexcept>
 
 namespace korvanel {
 
@@ -26,9 +26,10 @@ void clsGraphColours::ReadSettings()
         const double index = LeadingNumber(key);
         if (!IsBetween(index, 0, kQuantityCount - 1))
             throw std::out_of_range("GraphColours: " + key.toStdString());
-        const double colour = LeadingNumber(value);
-        if (IsBetween(colour, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max()))
-            colours.at(static_cast<std::size_t>(index)) = static_cast<qint32>(colour);
+        bool isNumber = false;
+        const qint32 colour = value.toInt(&isNumber);
+        if (isNumber) // else the default stands
+            colours.at(static_cast<std::size_t>(index)) = colour;
     }
 }
 

@@ -8,6 +8,7 @@
 #include "language/LanguageFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace korvanel {
 
@@ -56,9 +57,9 @@ Languages LoadLanguage()
     const QString used = App().ProgSettings->LanguageFile();
     if (used != kStandardLanguage) {
         // The name comes from the settings store; only a file of the folder itself is meant.
-        const bool isThere = used == FileNameOf(used) && QDir(LanguageFolder()).exists(used);
-        const std::optional<LanguageSections> sections =
-            isThere ? ReadLanguageFile(JoinPath(LanguageFolder(), used)) : std::nullopt;
+        const QString path = JoinPath(LanguageFolder(), used);
+        const bool isThere = used == FileNameOf(used) && QFileInfo(path).isFile();
+        const std::optional<LanguageSections> sections = isThere ? ReadLanguageFile(path) : std::nullopt;
         if (sections)
             ApplyTexts(*sections);
         else

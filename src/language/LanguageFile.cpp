@@ -9,8 +9,6 @@ namespace korvanel {
 
 namespace {
 
-constexpr qint64 kLongestLine = 64 * 1024;
-
 /// The characters of 0x80 to 0x9F, where the code page differs from Latin 1. Unused places map to themselves.
 constexpr std::array<char16_t, 32> kCp1252{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -21,10 +19,18 @@ std::optional<QString> ReadLine(QFile& file)
 {
     if (file.atEnd())
         return std::nullopt;
-    QByteArray line = file.readLine(kLongestLine);
+    QByteArray line = file.readLine();
     while (line.endsWith('\n') || line.endsWith('\r'))
         line.chop(1);
     return FromCp1252(line);
+}
+
+/// The name from the first line.
+std::optional<QString> ReadName(QFile& file)
+{
+    const std::optional<QString> line = ReadLine(file);
+    const QString mark = QStringLiteral("lang=");
+    return line && line->startsWith(mark) ? std::optional(line->mid(mark.size())) : std::nullopt;
 }
 
 std::optional<QString> SectionOfHeader(const QString& line)
@@ -78,17 +84,13 @@ QString FromCp1252(const QByteArray& bytes)
 std::optional<QString> LanguageName(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const std::optional<QString> line = ReadLine(file);
-    const QString mark = QStringLiteral("lang=");
-    return line && line->startsWith(mark) ? std::optional(line->mid(mark.size())) : std::nullopt;
+    return file.open(QIODevice::ReadOnly) ? ReadName(file) : std::nullopt;
 }
 
 std::optional<LanguageSections> ReadLanguageFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly) || !ReadName(file))
         return std::nullopt;
     LanguageSections sections;
     while (const std::optional<QString> line = ReadLine(file)) {

@@ -1,0 +1,142 @@
+// Runs the benchmarks, then prints what counts: the program's work as a ratio to the bare work beside it, measured in
+// the same run, and the peak memory.
+#include "Recording.h"
+
+#include "core/Common.h"
+#include "core/ProjectDb.h"
+#include "core/project/ProjectStore.h"
+#include "data/SetCursor.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <sys/resource.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace korvanel::bench {
+namespace {
+
+/// Shows the usual table and keeps the times of each benchmark.
+class KeepingReporter : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs) {
+            failed = failed || run.error_occurred;
+            if (run.aggregate_name == "median")
+                medians[run.run_name.function_name] =
+                    run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+        }
+    }
+    /// Median over the repetitions, in seconds.
+    double Median(const std::string& name) const { return medians.at(name); }
+    bool Has(const std::string& name) const { return medians.count(name) > 0; }
+    bool failed = false;
+
+private:
+    std::map<std::string, double> medians;
+};
+
+bool PrintRatio(const KeepingReporter& reporter, const char* what, const char* program, const char* bare, double limit)
+{
+    if (!reporter.Has(program) || !reporter.Has(bare))
+        return true;
+    const double ratio = reporter.Median(program) / reporter.Median(bare);
+    std::printf("%-46s %6.2f  (at most %.1f)%s\n", what, ratio, limit, ratio > limit ? "  TOO SLOW" : "");
+    return ratio <= limit;
+}
+
+bool PrintOpening(const KeepingReporter& reporter)
+{
+    if (!reporter.Has("Open_Program"))
+        return true;
+    constexpr double kLimit = 1.2;
+    const double ratio = reporter.Median("Open_Program") / (reporter.Median("Open_Empty") + reporter.Median("Open_Count"));
+    std::printf("%-46s %6.2f  (at most %.1f)%s\n", "open a million sets / open none + one count", ratio, kLimit,
+                ratio > kLimit ? "  TOO SLOW" : "");
+    return ratio <= kLimit;
+}
+
+/// Opens a project and walks all its sets; run in a process of its own, for its peak memory.
+int WalkProject(const QString& path)
+{
+    PrepareBlock();
+    OpenProject(path);
+    if (App().bFileError)
+        return EXIT_FAILURE;
+    const ProjectDbScope scope;
+    SetCursor cursor(ProjectDb(), App().iNetConfIndex);
+    tValueRow row;
+    while (cursor.Next(row)) {
+    }
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("%ld\n", usage.ru_maxrss);
+    return EXIT_SUCCESS;
+}
+
+/// Peak memory of that process in megabytes.
+double PeakMemory(const QString& path)
+{
+    constexpr double kKilo = 1024;
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--walk"), path});
+    process.waitForFinished(-1);
+    return process.readAllStandardOutput().toDouble() / kKilo;
+}
+
+bool PrintMemory()
+{
+    constexpr double kLimit = 16;
+    const double empty = PeakMemory(EmptyProject());
+    const double large = PeakMemory(LargeProject());
+    const bool isGood = empty > 0 && large - empty < kLimit;
+    std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n", "peak memory over an empty project",
+                large - empty, kLimit, empty, large, isGood ? "" : "  TOO MUCH");
+    return isGood;
+}
+
+} // namespace
+} // namespace korvanel::bench
+
+int main(int argc, char* argv[])
+{
+    using namespace korvanel::bench;
+    const QCoreApplication application(argc, argv);
+    if (argc == 3 && std::string(argv[1]) == "--walk")
+        return WalkProject(QString::fromLocal8Bit(argv[2]));
+
+    // Turn by turn, so that a disturbance of the machine hits both sides of a ratio.
+    std::vector<std::string> arguments{argv[0], "--benchmark_repetitions=9", "--benchmark_min_time=0.1",
+                                       "--benchmark_enable_random_interleaving=true",
+                                       "--benchmark_display_aggregates_only=true"};
+    arguments.insert(arguments.end(), argv + 1, argv + argc);
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    int count = static_cast<int>(pointers.size());
+    benchmark::Initialize(&count, pointers.data());
+    PrepareBlock();
+    LargeProject();
+    KeepingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+
+    std::printf("\nRatio of the program to the bare work, median of 9\n");
+    bool isGood = !reporter.failed;
+    isGood &= PrintRatio(reporter, "walk a million sets / bare loop", "Cursor_Program", "Cursor_Bare", 1.4);
+    isGood &= PrintRatio(reporter, "read a set at random / bare look-up", "ReadRow_Program", "ReadRow_Bare", 1.5);
+    isGood &= PrintRatio(reporter, "store a set durably / two bare inserts", "Append_Program", "Append_Bare", 1.3);
+    isGood &= PrintOpening(reporter);
+    isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);
+    isGood &= PrintMemory();
+    return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
+}
