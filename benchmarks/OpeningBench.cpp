@@ -19,8 +19,14 @@ void Open(benchmark::State& state, const QString& path, int sets)
     }
 }
 
-void Open_Empty(benchmark::State& state) { Open(state, EmptyProject(), 0); }
-void Open_Program(benchmark::State& state) { Open(state, LargeProject(), kSets); }
+void Open_Empty(benchmark::State& state)
+{
+    Open(state, EmptyProject(), 0);
+}
+void Open_Program(benchmark::State& state)
+{
+    Open(state, LargeProject(), kSets);
+}
 
 void Open_Count(benchmark::State& state)
 {

@@ -128,7 +128,10 @@ sqlite3_stmt* BareDatabase::Prepare(const char* sql)
     return statement;
 }
 
-void BareDatabase::Execute(const char* sql) { Check(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), handle); }
+void BareDatabase::Execute(const char* sql)
+{
+    Check(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), handle);
+}
 
 const char* const kBareSelect =
     "SELECT SampledValues.[Set], [Time], [U sum], [I sum], [f sum], [P sum], [phi sum], [Q sum], [S sum], "

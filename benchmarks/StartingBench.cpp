@@ -26,8 +26,14 @@ void Start(benchmark::State& state, const char* program)
     }
 }
 
-void Start_Bare(benchmark::State& state) { Start(state, KORVANEL_EMPTY_WINDOW); }
-void Start_Program(benchmark::State& state) { Start(state, KORVANEL_PROGRAM); }
+void Start_Bare(benchmark::State& state)
+{
+    Start(state, KORVANEL_EMPTY_WINDOW);
+}
+void Start_Program(benchmark::State& state)
+{
+    Start(state, KORVANEL_PROGRAM);
+}
 
 BENCHMARK(Start_Bare)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Start_Program)->UseRealTime()->Unit(benchmark::kMillisecond);

@@ -60,7 +60,8 @@ bool PrintOpening(const KeepingReporter& reporter)
     if (!reporter.Has("Open_Program"))
         return true;
     constexpr double kLimit = 1.2;
-    const double ratio = reporter.Median("Open_Program") / (reporter.Median("Open_Empty") + reporter.Median("Open_Count"));
+    const double ratio =
+        reporter.Median("Open_Program") / (reporter.Median("Open_Empty") + reporter.Median("Open_Count"));
     std::printf("%-46s %6.2f  (at most %.1f)%s\n", "open a million sets / open none + one count", ratio, kLimit,
                 ratio > kLimit ? "  TOO SLOW" : "");
     return ratio <= kLimit;
@@ -100,8 +101,8 @@ bool PrintMemory()
     const double empty = PeakMemory(EmptyProject());
     const double large = PeakMemory(LargeProject());
     const bool isGood = empty > 0 && large - empty < kLimit;
-    std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n", "peak memory over an empty project",
-                large - empty, kLimit, empty, large, isGood ? "" : "  TOO MUCH");
+    std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n",
+                "peak memory over an empty project", large - empty, kLimit, empty, large, isGood ? "" : "  TOO MUCH");
     return isGood;
 }
 

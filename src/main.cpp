@@ -56,11 +56,16 @@ void ConnectPageEntries(MainWindow& window)
         PageNumber page;
     };
     constexpr Way kWays[] = {
-        {"mnuGeneralData", kPageGeneralData}, {"mnuConfiguration", kPageNetConfiguration},
-        {"mnuDeviceConf", kPageDevice},       {"mnuOnlineDevice", kPageMeasure},
-        {"mnuOfflineDevice", kPageEditor},    {"mnuResTable", kPageResultTable},
-        {"mnuResGraph", kPageResultGraph},    {"mnuResPrint", kPagePrint},
-        {"mnuPrint", kPagePrint},             {"mnuDatabase", kPageMachine},
+        {"mnuGeneralData", kPageGeneralData},
+        {"mnuConfiguration", kPageNetConfiguration},
+        {"mnuDeviceConf", kPageDevice},
+        {"mnuOnlineDevice", kPageMeasure},
+        {"mnuOfflineDevice", kPageEditor},
+        {"mnuResTable", kPageResultTable},
+        {"mnuResGraph", kPageResultGraph},
+        {"mnuResPrint", kPagePrint},
+        {"mnuPrint", kPagePrint},
+        {"mnuDatabase", kPageMachine},
     };
     for (const Way& way : kWays)
         window.Menu().OnTriggered(QLatin1String(way.entry), [&window, way] { window.UnloadAndOpen(way.page); });

@@ -34,7 +34,10 @@ void InitialiseApplicationBlock(const QString& executableDirectory)
     app.iExitAction = kExitNone;
 }
 
-bool IsAron() { return App().iNetConfIndex == 1; }
+bool IsAron()
+{
+    return App().iNetConfIndex == 1;
+}
 
 void ResetRowBuffers()
 {

@@ -19,7 +19,10 @@ QChar SystemDecimalChar()
     return point.isEmpty() ? QChar(u',') : point.front();
 }
 
-QChar OtherDecimalCharOf(QChar decimalChar) { return decimalChar == u',' ? u'.' : u','; }
+QChar OtherDecimalCharOf(QChar decimalChar)
+{
+    return decimalChar == u',' ? u'.' : u',';
+}
 
 QDateTime ZeroDate()
 {
@@ -51,8 +54,14 @@ const Formats& LocalFormats()
     return formats;
 }
 
-QString DateText(const QDate& date) { return LocalFormats().locale.toString(date, LocalFormats().date); }
-QString TimeText(const QTime& time) { return LocalFormats().locale.toString(time, LocalFormats().time); }
+QString DateText(const QDate& date)
+{
+    return LocalFormats().locale.toString(date, LocalFormats().date);
+}
+QString TimeText(const QTime& time)
+{
+    return LocalFormats().locale.toString(time, LocalFormats().time);
+}
 
 /// A piece of the stored text, or a character between.
 struct Piece
@@ -71,9 +80,9 @@ std::vector<Piece> Rearrangement()
         const char* text;
         Piece piece;
     };
-    static const Token tokens[] = {{"yyyy", {0, 4}}, {"MM", {5, 2}},  {"M", {5, 2, true}},  {"dd", {8, 2}},
-                                   {"d", {8, 2, true}}, {"HH", {11, 2}}, {"H", {11, 2, true}}, {"mm", {14, 2}},
-                                   {"ss", {17, 2}}};
+    static const Token tokens[] = {{"yyyy", {0, 4}},     {"MM", {5, 2}},      {"M", {5, 2, true}},
+                                   {"dd", {8, 2}},       {"d", {8, 2, true}}, {"HH", {11, 2}},
+                                   {"H", {11, 2, true}}, {"mm", {14, 2}},     {"ss", {17, 2}}};
     const QString format = LocalFormats().date + u' ' + LocalFormats().time;
     if (format.contains(QStringLiteral("MMM")) || format.contains(QStringLiteral("ddd")))
         return {};
@@ -143,7 +152,10 @@ QString GeneralDateText(const QDateTime& moment)
     return DateTimeText(moment);
 }
 
-QString StoredDateText(const QDateTime& moment) { return moment.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")); }
+QString StoredDateText(const QDateTime& moment)
+{
+    return moment.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
 
 QDateTime DateFromStoredText(const QString& text)
 {

@@ -15,8 +15,8 @@ namespace {
 
 Answer Ask(const QString& question, const QString& path)
 {
-    return App().TheShell->ShowBox({Texts().titleAttention, question + u'\n' + path, BoxIcon::Question,
-                                    BoxButtons::YesNo, Answer::No});
+    return App().TheShell->ShowBox(
+        {Texts().titleAttention, question + u'\n' + path, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
 }
 
 } // namespace
@@ -31,9 +31,15 @@ void ShowInformation(const QString& text)
     App().TheShell->ShowBox({Texts().titleInformation, text, BoxIcon::None, BoxButtons::Ok, Answer::Ok});
 }
 
-void ShowBadFormat(const QString& path) { ShowError(Texts().badFormat + u'\n' + path); }
+void ShowBadFormat(const QString& path)
+{
+    ShowError(Texts().badFormat + u'\n' + path);
+}
 
-void ShowPathNotFound(const QString& path) { ShowError(Texts().notFound + u'\n' + path); }
+void ShowPathNotFound(const QString& path)
+{
+    ShowError(Texts().notFound + u'\n' + path);
+}
 
 void ShowNotFound(const QString& path)
 {
@@ -52,9 +58,15 @@ void ConfirmDelete(const QString& fileName)
         App().bFileError = true;
 }
 
-void ConfirmOverwrite(const QString& path) { App().bFileError = Ask(Texts().reallyOverwrite, path) != Answer::Yes; }
+void ConfirmOverwrite(const QString& path)
+{
+    App().bFileError = Ask(Texts().reallyOverwrite, path) != Answer::Yes;
+}
 
-void DeleteFile(const QString& path) { QFile::remove(path); }
+void DeleteFile(const QString& path)
+{
+    QFile::remove(path);
+}
 
 bool CheckNumberRange(QString& value, double minimum, double maximum)
 {
@@ -65,7 +77,10 @@ bool CheckNumberRange(QString& value, double minimum, double maximum)
     return check.isAccepted;
 }
 
-void ReportFailure(const QString& operation, const QString& reason) { ShowError(operation + u'\n' + reason); }
+void ReportFailure(const QString& operation, const QString& reason)
+{
+    ShowError(operation + u'\n' + reason);
+}
 
 void RunGuarded(const QString& operation, const std::function<void()>& routine)
 {

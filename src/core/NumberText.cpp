@@ -50,7 +50,10 @@ QString DotNumberText(double value)
     return QString::number(value, 'g', kSignificantDigits).toUpper();
 }
 
-QString NumberText(double value) { return DotNumberText(value).replace(u'.', App().DecimalChar); }
+QString NumberText(double value)
+{
+    return DotNumberText(value).replace(u'.', App().DecimalChar);
+}
 
 double LeadingNumber(const QString& text)
 {
@@ -71,7 +74,10 @@ std::optional<double> LocalNumber(const QString& text)
     return isNumber && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-QString ToDotDecimal(const QString& text) { return QString(text).replace(App().DecimalChar, u'.'); }
+QString ToDotDecimal(const QString& text)
+{
+    return QString(text).replace(App().DecimalChar, u'.');
+}
 
 QString ToLocalDecimal(const QString& text)
 {
@@ -117,7 +123,10 @@ RangeCheck TestNumberRange(const QString& text, double minimum, double maximum)
     return check;
 }
 
-double RoundTo(double value, double factor) { return std::floor(value * factor + 0.5) / factor; }
+double RoundTo(double value, double factor)
+{
+    return std::floor(value * factor + 0.5) / factor;
+}
 
 QString RoundValue(std::optional<double> value, double factor)
 {
@@ -142,7 +151,10 @@ QString RoundSignificant(double value, double& factor)
     return RoundValue(value, factor);
 }
 
-QString Pad(const QString& text) { return u' ' + text + u' '; }
+QString Pad(const QString& text)
+{
+    return u' ' + text + u' ';
+}
 
 double Clamp(double x, double low, double high)
 {
@@ -159,7 +171,7 @@ QString FormatPrefixed(double value, double factor, bool withBlank)
         double divisor;
         const char* text;
     };
-    static constexpr std::array kPrefixes{Prefix{1e10, 1e9, "G"}, Prefix{1e7, 1e6, "M"}, Prefix{1e4, 1e3, "k"},
+    static constexpr std::array kPrefixes{Prefix{1e10, 1e9, "G"}, Prefix{1e7, 1e6, "M"},     Prefix{1e4, 1e3, "k"},
                                           Prefix{0.01, 1, ""},    Prefix{0.001, 0.001, "m"}, Prefix{0, 1, ""}};
     const double magnitude = std::abs(value);
     const auto* prefix =
@@ -178,7 +190,10 @@ QString FormatValueUnit(double& value, const QString& unit, double factor, bool 
     return RoundValue(value, factor) + u' ' + (isScaled ? QStringLiteral("k") : QString()) + unit;
 }
 
-double Log10(double x) { return std::log10(x); }
+double Log10(double x)
+{
+    return std::log10(x);
+}
 
 QString NullToText(const QVariant& value)
 {
@@ -195,9 +210,15 @@ QString SqlLiteral(const QVariant& value, bool isText)
     return isText ? u'\'' + text + u'\'' : QString(text).replace(u',', u'.');
 }
 
-QString BoolText(bool flag) { return flag ? QStringLiteral("True") : QStringLiteral("False"); }
+QString BoolText(bool flag)
+{
+    return flag ? QStringLiteral("True") : QStringLiteral("False");
+}
 
-bool IsBetween(double x, double a, double b) { return x >= std::min(a, b) && x <= std::max(a, b); }
+bool IsBetween(double x, double a, double b)
+{
+    return x >= std::min(a, b) && x <= std::max(a, b);
+}
 
 double NiceStep(double x, double low, double high)
 {

@@ -17,7 +17,8 @@ QString NumberText(double value);
 QString DotNumberText(double value);
 
 /// Reads a number with a point as decimal character from the start of the text, after blanks; what follows it is
-/// ignored, and a text without a number gives 0; one beyond the range of a double is infinite. Takes no other decimal character, no "inf" and no "nan".
+/// ignored, and a text without a number gives 0; one beyond the range of a double is infinite. Takes no other decimal
+/// character, no "inf" and no "nan".
 double LeadingNumber(const QString& text);
 
 /// Reads a whole text as a number in the local format; nothing for any text that is not one finite number.

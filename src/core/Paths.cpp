@@ -8,7 +8,10 @@ namespace korvanel {
 
 namespace {
 
-bool IsSeparator(QChar c) { return c == u'/' || c == u'\\'; }
+bool IsSeparator(QChar c)
+{
+    return c == u'/' || c == u'\\';
+}
 
 } // namespace
 

@@ -5,7 +5,10 @@
 
 namespace korvanel {
 
-bool HasDefaultPrinter() { return !App().TheShell->DefaultPrinterName().isEmpty(); }
+bool HasDefaultPrinter()
+{
+    return !App().TheShell->DefaultPrinterName().isEmpty();
+}
 
 void FillPrinterList(ListControl& list)
 {

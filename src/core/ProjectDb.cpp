@@ -48,7 +48,10 @@ void OpenDbGuarded()
     }
 }
 
-void CloseDbGuarded() { CloseProjectDb(); }
+void CloseDbGuarded()
+{
+    CloseProjectDb();
+}
 
 TableDb& ProjectDb()
 {
@@ -57,7 +60,10 @@ TableDb& ProjectDb()
     return *Current().database;
 }
 
-bool IsProjectDbOpen() { return Current().database != nullptr; }
+bool IsProjectDbOpen()
+{
+    return Current().database != nullptr;
+}
 
 std::unique_ptr<Recordset>& CurrentRecordset(RecordsetSlot slot)
 {
@@ -70,7 +76,13 @@ void DropRecordsets()
         recordset.reset();
 }
 
-bool TableExists(const QString& name) { return ProjectDb().TableExists(name); }
-void DropTable(const QString& name) { ProjectDb().DropTable(name); }
+bool TableExists(const QString& name)
+{
+    return ProjectDb().TableExists(name);
+}
+void DropTable(const QString& name)
+{
+    ProjectDb().DropTable(name);
+}
 
 } // namespace korvanel

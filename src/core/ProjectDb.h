@@ -21,7 +21,16 @@ public:
     virtual ~Recordset() = default;
 };
 
-enum class RecordsetSlot { Write, Append, Update, ReadRow, ReadTemp, ReadSimulated, kCount };
+enum class RecordsetSlot
+{
+    Write,
+    Append,
+    Update,
+    ReadRow,
+    ReadTemp,
+    ReadSimulated,
+    kCount
+};
 
 /// Opens `sProjectPath`, shared and writable, as the current database. Throws DbError.
 void OpenProjectDb();

@@ -8,7 +8,8 @@ namespace korvanel {
 
 inline constexpr int kQuantityCount = 50;
 
-enum Quantity : qint16 {
+enum Quantity : qint16
+{
     kColumnMethod = -4,      ///< letter of the estimation method
     kColumnSuitability = -3, ///< suitability grade
     kColumnTimeStamp = -2,   ///< date and time at which the set was written
@@ -30,11 +31,11 @@ enum Quantity : qint16 {
     kWq = 13,
     kWpPlus = 14,
     kWpMinus = 15,
-    kU1 = 16, // 16 to 18
-    kI1 = 19, // 19 to 21
-    kP1 = 22, // 22 to 24
-    kQ1 = 25, // 25 to 27
-    kS1 = 28, // 28 to 30
+    kU1 = 16,      // 16 to 18
+    kI1 = 19,      // 19 to 21
+    kP1 = 22,      // 22 to 24
+    kQ1 = 25,      // 25 to 27
+    kS1 = 28,      // 28 to 30
     kPhi1 = 31,    // 31 to 33
     kCosPhi1 = 34, // 34 to 36
     kINeutral = 37,
@@ -56,6 +57,9 @@ enum Quantity : qint16 {
 inline constexpr int kNetConfCount = 7;
 
 /// Net configurations with an asynchronous machine: 2 (symmetric load) and 5 (single-phase measurement).
-constexpr bool HasMachine(int netConf) { return netConf == 2 || netConf == 5; }
+constexpr bool HasMachine(int netConf)
+{
+    return netConf == 2 || netConf == 5;
+}
 
 } // namespace korvanel

@@ -7,9 +7,25 @@
 
 namespace korvanel {
 
-enum class BoxIcon { None, Exclamation, Question };
-enum class BoxButtons { Ok, YesNo, YesNoCancel };
-enum class Answer { Ok, Yes, No, Cancel };
+enum class BoxIcon
+{
+    None,
+    Exclamation,
+    Question
+};
+enum class BoxButtons
+{
+    Ok,
+    YesNo,
+    YesNoCancel
+};
+enum class Answer
+{
+    Ok,
+    Yes,
+    No,
+    Cancel
+};
 
 /// One modal message box.
 struct Box
@@ -30,7 +46,12 @@ struct FileQuestion
     QString preset;     ///< name in the box of an open dialog
 };
 
-enum class Progress { Begin = 0, Advance = 1, End = 2 };
+enum class Progress
+{
+    Begin = 0,
+    Advance = 1,
+    End = 2
+};
 
 /// A list control of a page, as far as modules fill it.
 class ListControl
@@ -68,7 +89,7 @@ public:
     virtual void RefreshStatusBar() = 0;
     virtual void RefreshCaption() = 0;
 
-    virtual void AddRecentFile(const QString& path) = 0;
+    virtual void AddFileMRU(const QString& path) = 0;
     virtual void SelectRecentFile(const QString& path) = 0;
 
     virtual QStringList PrinterNames() = 0;

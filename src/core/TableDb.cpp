@@ -27,13 +27,15 @@ void Harden(SQLite::Database& db)
 
 } // namespace
 
-TableDb::TableDb(SQLite::Database&& opened) : database(std::move(opened)) { Harden(database); }
+TableDb::TableDb(SQLite::Database&& opened) : database(std::move(opened))
+{
+    Harden(database);
+}
 
 TableDb TableDb::Open(const QString& path)
 {
-    return WithDbErrors([&] {
-        return TableDb(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE, kBusyTimeoutMs));
-    });
+    return WithDbErrors(
+        [&] { return TableDb(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE, kBusyTimeoutMs)); });
 }
 
 TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersion)
@@ -41,8 +43,7 @@ TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersio
     if (QFileInfo::exists(path))
         throw DbError("file exists already");
     return WithDbErrors([&] {
-        TableDb db(
-            SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs));
+        TableDb db(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs));
         db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));
         db.Execute(QStringLiteral("PRAGMA user_version=%1").arg(schemaVersion));
         return db;
@@ -54,7 +55,10 @@ void TableDb::Execute(const QString& sql)
     WithDbErrors([&] { database.exec(sql.toStdString()); });
 }
 
-bool TableDb::IsReadOnly() { return sqlite3_db_readonly(database.getHandle(), "main") == 1; }
+bool TableDb::IsReadOnly()
+{
+    return sqlite3_db_readonly(database.getHandle(), "main") == 1;
+}
 
 bool TableDb::TableExists(const QString& name)
 {
@@ -81,8 +85,8 @@ void TableDb::RequirePlainTables()
     });
 }
 
-DbTransaction::DbTransaction(TableDb& db) :
-    database(db), isOutermost(sqlite3_get_autocommit(db.Handle().getHandle()) != 0), isOpen(isOutermost)
+DbTransaction::DbTransaction(TableDb& db)
+    : database(db), isOutermost(sqlite3_get_autocommit(db.Handle().getHandle()) != 0), isOpen(isOutermost)
 {
     if (isOutermost)
         database.Execute(QStringLiteral("BEGIN IMMEDIATE"));
@@ -103,6 +107,9 @@ void DbTransaction::Commit()
     isOpen = false;
 }
 
-QString BracketedName(const QString& name) { return u'[' + QString(name).remove(u']') + u']'; }
+QString BracketedName(const QString& name)
+{
+    return u'[' + QString(name).remove(u']') + u']';
+}
 
 } // namespace korvanel

@@ -16,9 +16,15 @@ constexpr std::array kSectionNames{"MAIN", "DEFAULT", "VALUE NAMES", "DIALOGUES"
 
 } // namespace
 
-std::span<const TextEntry> TextEntries() { return kEntries; }
+std::span<const TextEntry> TextEntries()
+{
+    return kEntries;
+}
 
-const char* SectionName(TextSection section) { return kSectionNames.at(static_cast<std::size_t>(section)); }
+const char* SectionName(TextSection section)
+{
+    return kSectionNames.at(static_cast<std::size_t>(section));
+}
 
 TextTable& Texts()
 {

@@ -9,7 +9,8 @@
 namespace korvanel {
 
 /// Sections of a language file.
-enum class TextSection {
+enum class TextSection
+{
     Main,
     Default,
     ValueNames,
@@ -46,7 +47,10 @@ const char* SectionName(TextSection section);
 /// The texts in use.
 TextTable& Texts();
 
-inline const QString& TextOf(TextMember member) { return Texts().*member; }
+inline const QString& TextOf(TextMember member)
+{
+    return Texts().*member;
+}
 
 /// Sets every text to its German default.
 void SetBuiltInTexts();

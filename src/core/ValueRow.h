@@ -10,7 +10,14 @@
 namespace korvanel {
 
 /// Positions within the groups of `tValueRow`: the overall value (mean or total) and the three phases.
-enum RowPosition { kSum = 0, kPhase1 = 1, kPhase2 = 2, kPhase3 = 3, kNeutral = 4 };
+enum RowPosition
+{
+    kSum = 0,
+    kPhase1 = 1,
+    kPhase2 = 2,
+    kPhase3 = 3,
+    kNeutral = 4
+};
 
 /// One set. Volts, amperes, hertz, watts, volt-amperes, var, degrees, seconds, rpm, newton metres; energies in watt
 /// seconds and var seconds. The sign of `dP` tells motor (positive) from generator, the sign of `dPhi` inductive

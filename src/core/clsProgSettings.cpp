@@ -4,7 +4,6 @@
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
 
-
 #include <cmath>
 #include <limits>
 #include <map>
@@ -23,7 +22,10 @@ const QString kWindowSelection = QStringLiteral("TWin2");
 const QString kCycles = QStringLiteral("Cycles");
 const QString kCurrency = QStringLiteral("Currency");
 
-QString EnergyCostsKey(std::size_t index) { return QStringLiteral("ECosts%1").arg(index); }
+QString EnergyCostsKey(std::size_t index)
+{
+    return QStringLiteral("ECosts%1").arg(index);
+}
 
 using Section = std::map<QString, QString>;
 
@@ -54,15 +56,21 @@ void ReadWhole(const Section& section, const QString& key, Whole& value)
         value = static_cast<Whole>(number);
 }
 
-void Store(const QString& key, const QString& value) { StoreValue(kSettingsApplication, kSection, key, value); }
+void Store(const QString& key, const QString& value)
+{
+    StoreValue(kSettingsApplication, kSection, key, value);
+}
 
-void Store(const QString& key, double value) { Store(key, QString::number(value, 'g', QLocale::FloatingPointShortest)); }
+void Store(const QString& key, double value)
+{
+    Store(key, QString::number(value, 'g', QLocale::FloatingPointShortest));
+}
 
 } // namespace
 
-clsProgSettings::clsProgSettings(const QString& programDir) :
-    exportPath(JoinPath(JoinPath(programDir, QStringLiteral("PROJECTS")), QString())),
-    motorDatabase(JoinPath(JoinPath(programDir, QStringLiteral("MOTORDATABASE")), QStringLiteral("MOTOR_DB.MDB")))
+clsProgSettings::clsProgSettings(const QString& programDir)
+    : exportPath(JoinPath(JoinPath(programDir, QStringLiteral("PROJECTS")), QString())),
+      motorDatabase(JoinPath(JoinPath(programDir, QStringLiteral("MOTORDATABASE")), QStringLiteral("MOTOR_DB.MDB")))
 {
     const Section section = ReadSection(kSettingsApplication, kSection);
     Read(section, kLanguage, languageFile);
@@ -77,14 +85,38 @@ clsProgSettings::clsProgSettings(const QString& programDir) :
         Read(section, EnergyCostsKey(i), energyCosts[i]);
 }
 
-void clsProgSettings::SetLanguageFile(const QString& value) { Store(kLanguage, languageFile = value); }
-void clsProgSettings::SetExportPath(const QString& value) { Store(kExport, exportPath = value); }
-void clsProgSettings::SetMotorDatabase(const QString& value) { Store(kMotorDatabase, motorDatabase = value); }
-void clsProgSettings::SetTWindowSize(double value) { Store(kWindowSize, windowSize = value); }
-void clsProgSettings::SetTWindowFactor(double value) { Store(kWindowFactor, windowFactor = value); }
-void clsProgSettings::SetTWindowSelection(qint16 value) { Store(kWindowSelection, windowSelection = value); }
-void clsProgSettings::SetCycles(qint32 value) { Store(kCycles, cycles = value); }
-void clsProgSettings::SetUsedCurrency(const QString& value) { Store(kCurrency, currency = value); }
+void clsProgSettings::SetLanguageFile(const QString& value)
+{
+    Store(kLanguage, languageFile = value);
+}
+void clsProgSettings::SetExportPath(const QString& value)
+{
+    Store(kExport, exportPath = value);
+}
+void clsProgSettings::SetMotorDatabase(const QString& value)
+{
+    Store(kMotorDatabase, motorDatabase = value);
+}
+void clsProgSettings::SetTWindowSize(double value)
+{
+    Store(kWindowSize, windowSize = value);
+}
+void clsProgSettings::SetTWindowFactor(double value)
+{
+    Store(kWindowFactor, windowFactor = value);
+}
+void clsProgSettings::SetTWindowSelection(qint16 value)
+{
+    Store(kWindowSelection, windowSelection = value);
+}
+void clsProgSettings::SetCycles(qint32 value)
+{
+    Store(kCycles, cycles = value);
+}
+void clsProgSettings::SetUsedCurrency(const QString& value)
+{
+    Store(kCurrency, currency = value);
+}
 
 void clsProgSettings::SetEnergyCosts(std::size_t index, double value)
 {

@@ -5,10 +5,16 @@
 namespace korvanel {
 
 /// Net configurations whose energies are the program's own: 0, 1 and 2.
-constexpr bool IntegratesEnergy(int netConf) { return netConf >= 0 && netConf <= 2; }
+constexpr bool IntegratesEnergy(int netConf)
+{
+    return netConf >= 0 && netConf <= 2;
+}
 
 /// Net configurations whose energies come from registers of the instrument: 3, 4 and 5.
-constexpr bool HasRegisters(int netConf) { return netConf >= 3 && netConf <= 5; }
+constexpr bool HasRegisters(int netConf)
+{
+    return netConf >= 3 && netConf <= 5;
+}
 
 /// Zeroes the running energies and the time of the last step, and clears `iFileErrors`.
 void ResetEnergies();

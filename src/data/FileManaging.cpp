@@ -112,9 +112,8 @@ bool ReadRow(qint32 set, bool fromTemp)
 
 bool AppendSimulatedRow(qint32 set)
 {
-    return RowOperation(Texts().cannotWriteFile, [set] {
-        Prepared<SimulatedRowWriter>(RecordsetSlot::Write).Append(App().SimulatedRow, set);
-    });
+    return RowOperation(Texts().cannotWriteFile,
+                        [set] { Prepared<SimulatedRowWriter>(RecordsetSlot::Write).Append(App().SimulatedRow, set); });
 }
 
 bool ReadSimulatedRow(qint32 set)

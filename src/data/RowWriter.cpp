@@ -107,10 +107,9 @@ void RowWriter::Append(tValueRow& row, const RowStamp& stamp)
     });
 }
 
-SimulatedRowWriter::SimulatedRowWriter(TableDb& db) :
-    statement(PrepareInsert(db, ValueTable::Simulated, ColumnsOf(ValueTable::Simulated, 0)))
-{
-}
+SimulatedRowWriter::SimulatedRowWriter(TableDb& db)
+    : statement(PrepareInsert(db, ValueTable::Simulated, ColumnsOf(ValueTable::Simulated, 0)))
+{}
 
 void SimulatedRowWriter::Append(tValueRow& row, qint32 set)
 {

@@ -23,7 +23,8 @@ struct RowStamp
 };
 
 /// Which columns a writer fills.
-enum class RowOrigin {
+enum class RowOrigin
+{
     Measured, ///< all that the configuration has
     ByHand,   ///< those that a user enters, the rest null
 };

@@ -45,7 +45,10 @@ Selection Select(int netConf, SetSource source)
     return selection;
 }
 
-[[noreturn]] void Fail(sqlite3* handle) { throw DbError(sqlite3_errmsg(handle)); }
+[[noreturn]] void Fail(sqlite3* handle)
+{
+    throw DbError(sqlite3_errmsg(handle));
+}
 
 QString ColumnText(sqlite3_stmt* statement, int column)
 {
@@ -87,7 +90,10 @@ SetQuery::SetQuery(TableDb& db, int netConf, SetSource source, SetRange range)
         Fail(handle);
 }
 
-SetQuery::~SetQuery() { sqlite3_finalize(statement); }
+SetQuery::~SetQuery()
+{
+    sqlite3_finalize(statement);
+}
 
 void SetQuery::Seek(qint32 set)
 {
@@ -106,7 +112,10 @@ bool SetQuery::Step()
     return false;
 }
 
-qint32 SetQuery::Set() const { return sqlite3_column_int(statement, 0); }
+qint32 SetQuery::Set() const
+{
+    return sqlite3_column_int(statement, 0);
+}
 
 void SetQuery::Fill(tValueRow& row) const
 {
@@ -123,6 +132,9 @@ void SetQuery::Fill(tValueRow& row) const
     }
 }
 
-QString SetQuery::StoredTime() const { return timeColumn < 0 ? QString() : ColumnText(statement, timeColumn); }
+QString SetQuery::StoredTime() const
+{
+    return timeColumn < 0 ? QString() : ColumnText(statement, timeColumn);
+}
 
 } // namespace korvanel

@@ -14,14 +14,19 @@ struct sqlite3_stmt;
 
 namespace korvanel {
 
-enum class SetSource {
+enum class SetSource
+{
     Measured,  ///< SampledValues with ComputedValues
     Scratch,   ///< the scratch table Temp, a copy of that join
     Simulated, ///< SampledValues with SimulatedValues: the fields that a simulation has
 };
 
 /// Whether a query gives the one set that is asked for, or all in order.
-enum class SetRange { One, All };
+enum class SetRange
+{
+    One,
+    All
+};
 
 class SetQuery : public Recordset
 {
@@ -58,10 +63,9 @@ private:
 class SetCursor
 {
 public:
-    SetCursor(TableDb& db, int netConf, SetSource source = SetSource::Measured) :
-        query(db, netConf, source, SetRange::All)
-    {
-    }
+    SetCursor(TableDb& db, int netConf, SetSource source = SetSource::Measured)
+        : query(db, netConf, source, SetRange::All)
+    {}
     /// Fills the row from the next set; false behind the last one.
     bool Next(tValueRow& row)
     {

@@ -41,8 +41,13 @@ template <auto Member>
 constexpr ValueColumn SumColumn(const char* name, ConfigMask sampled, ConfigMask computed, int simulatedPosition = 0)
 {
     const auto stored = static_cast<ConfigMask>(sampled | computed);
-    return {.name = name, .field = &Element<Member, kSum>, .sampled = sampled, .computed = computed,
-            .appended = stored, .updated = stored, .simulatedPosition = simulatedPosition};
+    return {.name = name,
+            .field = &Element<Member, kSum>,
+            .sampled = sampled,
+            .computed = computed,
+            .appended = stored,
+            .updated = stored,
+            .simulatedPosition = simulatedPosition};
 }
 
 /// A value of one phase; only the voltages of the voltage measurement are written by hand.
@@ -50,8 +55,8 @@ template <auto Member, std::size_t Position>
 constexpr ValueColumn PhaseColumn(const char* name, ConfigMask sampled)
 {
     const auto byHand = static_cast<ConfigMask>(sampled & kVoltageOnly);
-    return {.name = name, .field = &Element<Member, Position>, .sampled = sampled, .appended = byHand,
-            .updated = byHand};
+    return {
+        .name = name, .field = &Element<Member, Position>, .sampled = sampled, .appended = byHand, .updated = byHand};
 }
 
 template <auto Member>
@@ -65,7 +70,11 @@ constexpr ValueColumn RegisterColumn(const char* name)
 template <auto Member>
 constexpr ValueColumn EnergyColumn(const char* name, int simulatedPosition = 0)
 {
-    return {.name = name, .field = &Single<Member>, .computed = kDerived, .appended = kPower, .updated = kPower,
+    return {.name = name,
+            .field = &Single<Member>,
+            .computed = kDerived,
+            .appended = kPower,
+            .updated = kPower,
             .simulatedPosition = simulatedPosition};
 }
 
@@ -78,14 +87,22 @@ constexpr ValueColumn RelativeColumn(const char* name)
 template <auto Member>
 constexpr ValueColumn MachineColumn(const char* name, int simulatedPosition)
 {
-    return {.name = name, .field = &Single<Member>, .computed = kMachine, .appended = kMachineByHand,
-            .updated = kMachine, .simulatedPosition = simulatedPosition};
+    return {.name = name,
+            .field = &Single<Member>,
+            .computed = kMachine,
+            .appended = kMachineByHand,
+            .updated = kMachine,
+            .simulatedPosition = simulatedPosition};
 }
 
 using Row = tValueRow;
 
 constexpr ValueColumn kColumns[] = {
-    {.name = "Set", .type = ColumnType::Key, .sampled = kAll, .computed = kAll, .appended = kAll,
+    {.name = "Set",
+     .type = ColumnType::Key,
+     .sampled = kAll,
+     .computed = kAll,
+     .appended = kAll,
      .simulatedPosition = 1},
     {.name = "Time", .type = ColumnType::DateTime, .sampled = kAll},
     SumColumn<&Row::dU>("U sum", kAll, 0, 2),
@@ -97,7 +114,11 @@ constexpr ValueColumn kColumns[] = {
     PhaseColumn<&Row::dI, kPhase2>("I 2", kPhases),
     PhaseColumn<&Row::dI, kPhase3>("I 3", kPhases),
     PhaseColumn<&Row::dI, kNeutral>("I N", kRecorded),
-    {.name = "f sum", .field = &Single<&Row::df>, .sampled = kAll, .appended = kAll, .updated = kAll,
+    {.name = "f sum",
+     .field = &Single<&Row::df>,
+     .sampled = kAll,
+     .appended = kAll,
+     .updated = kAll,
      .simulatedPosition = 3},
     SumColumn<&Row::dP>("P sum", kPower, 0, 4),
     PhaseColumn<&Row::dP, kPhase1>("P 1", kPhases),
@@ -125,7 +146,11 @@ constexpr ValueColumn kColumns[] = {
     RegisterColumn<&Row::dWqAbs>("Wq abs"),
     RegisterColumn<&Row::dWqPlusAbs>("Wq+ abs"),
     RegisterColumn<&Row::dWqMinusAbs>("Wq- abs"),
-    {.name = "t", .type = ColumnType::Whole, .field = &Single<&Row::dt>, .sampled = kAll, .appended = kAll,
+    {.name = "t",
+     .type = ColumnType::Whole,
+     .field = &Single<&Row::dt>,
+     .sampled = kAll,
+     .appended = kAll,
      .updated = kAll},
     {.name = "Edit", .type = ColumnType::Mark, .sampled = kAll, .appended = kAll, .updated = kAll},
     EnergyColumn<&Row::dWp>("Wp", 10),
@@ -142,8 +167,12 @@ constexpr ValueColumn kColumns[] = {
     MachineColumn<&Row::dM>("M", 6),
     MachineColumn<&Row::dPmech>("Pmech", 7),
     MachineColumn<&Row::deta>("eta", 8),
-    {.name = "Method", .type = ColumnType::Letter, .computed = kMachine, .appended = kMachineByHand,
-     .updated = kMachine, .simulatedPosition = 9},
+    {.name = "Method",
+     .type = ColumnType::Letter,
+     .computed = kMachine,
+     .appended = kMachineByHand,
+     .updated = kMachine,
+     .simulatedPosition = 9},
 };
 
 QString DeclaredType(ColumnType type)
@@ -170,7 +199,10 @@ const char* const kMeasuredJoin =
 const char* const kSimulatedJoin =
     "SampledValues INNER JOIN SimulatedValues ON SampledValues.[Set] = SimulatedValues.[Set]";
 
-std::span<const ValueColumn> ValueColumns() { return kColumns; }
+std::span<const ValueColumn> ValueColumns()
+{
+    return kColumns;
+}
 
 const char* TableName(ValueTable table)
 {

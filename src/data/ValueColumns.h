@@ -13,7 +13,8 @@
 
 namespace korvanel {
 
-enum class ColumnType {
+enum class ColumnType
+{
     Key,      ///< number of the set
     DateTime, ///< moment at which the set was written
     Real,     ///< a double of the row
@@ -22,7 +23,12 @@ enum class ColumnType {
     Letter,   ///< letter of the estimation method
 };
 
-enum class ValueTable { Sampled, Computed, Simulated };
+enum class ValueTable
+{
+    Sampled,
+    Computed,
+    Simulated
+};
 
 /// Net configurations as bits: bit n is configuration n.
 using ConfigMask = quint8;
@@ -41,7 +47,10 @@ struct ValueColumn
 
 std::span<const ValueColumn> ValueColumns();
 
-constexpr bool IsIn(ConfigMask mask, int netConf) { return (mask >> netConf & 1) != 0; }
+constexpr bool IsIn(ConfigMask mask, int netConf)
+{
+    return (mask >> netConf & 1) != 0;
+}
 
 const char* TableName(ValueTable table);
 

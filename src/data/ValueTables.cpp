@@ -34,7 +34,10 @@ void ClearValues()
     transaction.Commit();
 }
 
-void CreateSimulatedTable() { ProjectDb().Execute(CreateStatement(ValueTable::Simulated, App().iNetConfIndex)); }
+void CreateSimulatedTable()
+{
+    ProjectDb().Execute(CreateStatement(ValueTable::Simulated, App().iNetConfIndex));
+}
 
 qint32 CountSets()
 {
@@ -108,7 +111,10 @@ std::vector<qint16> ColumnLayoutOf(int netConf)
     return layout;
 }
 
-void BuildColumnLayout() { App().ColumnLayout = ColumnLayoutOf(App().iNetConfIndex); }
+void BuildColumnLayout()
+{
+    App().ColumnLayout = ColumnLayoutOf(App().iNetConfIndex);
+}
 
 double GridFactor(int quantity)
 {

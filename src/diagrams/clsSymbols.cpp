@@ -12,8 +12,14 @@ clsSymbols::clsSymbols()
     }
 }
 
-const QString& clsSymbols::Symbol(int index) const { return symbols.at(static_cast<std::size_t>(index)); }
-const QString& clsSymbols::Unit(int index) const { return units.at(static_cast<std::size_t>(index)); }
+const QString& clsSymbols::Symbol(int index) const
+{
+    return symbols.at(static_cast<std::size_t>(index));
+}
+const QString& clsSymbols::Unit(int index) const
+{
+    return units.at(static_cast<std::size_t>(index));
+}
 
 QString clsSymbols::SymbolWithUnit(int index) const
 {

@@ -12,10 +12,10 @@ using T = TextTable;
 
 constexpr const char* kSinglePhase[] = {"ISKRA MI71XX 1Ø2W (1b)", "NANOVIP-PLUS 1Ø2W", "NORMA D4355 1Ø2W",
                                         "YOKOGAWA WT130 1Ø2W", "YOKOGAWA 2535 1Ø2W"};
-constexpr const char* kThreePhase[] = {
-    "ISKRA MI71XX 3Ø3W (3b)", "ISKRA MI71XX 3Ø4W (4b)", "ISKRA MI71XX 3Ø3W (3u)", "ISKRA MI71XX 3Ø4W (4u)",
-    "NANOVIP-PLUS 3Ø3W",      "NORMA D4355 3Ø4W",       "YOKOGAWA WT130 1Ø2W",    "YOKOGAWA WT130 3Ø3W",
-    "YOKOGAWA WT130 3Ø4W",    "YOKOGAWA 2535 1Ø2W",     "YOKOGAWA 2535 3Ø3W",     "YOKOGAWA 2535 3Ø4W"};
+constexpr const char* kThreePhase[] = {"ISKRA MI71XX 3Ø3W (3b)", "ISKRA MI71XX 3Ø4W (4b)", "ISKRA MI71XX 3Ø3W (3u)",
+                                       "ISKRA MI71XX 3Ø4W (4u)", "NANOVIP-PLUS 3Ø3W",      "NORMA D4355 3Ø4W",
+                                       "YOKOGAWA WT130 1Ø2W",    "YOKOGAWA WT130 3Ø3W",    "YOKOGAWA WT130 3Ø4W",
+                                       "YOKOGAWA 2535 1Ø2W",     "YOKOGAWA 2535 3Ø3W",     "YOKOGAWA 2535 3Ø4W"};
 constexpr const char* kRecorder[] = {"ISKRA MI71XX 1Ø2W (1b) Rec"};
 constexpr const char* kPhaseRecorder[] = {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", "ISKRA MI71XX 3Ø4W (4u) Rec L-L"};
 constexpr const char* kMachineRecorder[] = {"ISKRA MI71XX 3Ø4W (4u) Rec L-L"};
@@ -56,7 +56,10 @@ struct Instrument
 
 constexpr Instrument Iskra(const char* entry, const Wiring& wiring, qint16 minInterval = 1)
 {
-    return {.entry = entry, .wiring = wiring, .remark = &T::wiringR2, .minInterval = minInterval,
+    return {.entry = entry,
+            .wiring = wiring,
+            .remark = &T::wiringR2,
+            .minInterval = minInterval,
             .hasDeviceFunctions = true};
 }
 
@@ -105,9 +108,8 @@ QStringList InstrumentEntries(int netConf)
 
 InstrumentFacts FactsOf(const QString& entry, int netConf)
 {
-    const auto* instrument = std::find_if(std::begin(kInstruments), std::end(kInstruments), [&](const Instrument& i) {
-        return entry == QString::fromUtf8(i.entry);
-    });
+    const auto* instrument = std::find_if(std::begin(kInstruments), std::end(kInstruments),
+                                          [&](const Instrument& i) { return entry == QString::fromUtf8(i.entry); });
     InstrumentFacts facts;
     if (instrument == std::end(kInstruments))
         return facts;

@@ -15,7 +15,13 @@
 namespace korvanel {
 
 /// Tabs of the net configuration page, by their keys A to D.
-enum class NetTab { SinglePhase, ThreePhase, Machine, Voltage };
+enum class NetTab
+{
+    SinglePhase,
+    ThreePhase,
+    Machine,
+    Voltage
+};
 
 struct NetConfiguration
 {
@@ -33,8 +39,8 @@ QStringList InstrumentEntries(int netConf);
 /// What the catalogue knows of an instrument entry.
 struct InstrumentFacts
 {
-    std::array<QString, 6> wiring; ///< net, U, I, P, wattmeter method, remark
-    qint16 minInterval = 1;        ///< s
+    std::array<QString, 6> wiring;   ///< net, U, I, P, wattmeter method, remark
+    qint16 minInterval = 1;          ///< s
     bool hasDeviceFunctions = false; ///< transformers, counter reset and device info
 };
 

@@ -39,15 +39,16 @@ constexpr std::array<TabEntry, 4> kTabs{{
 
 } // namespace
 
-FormF2::FormF2(MainWindow& window, const PageEntry& entry) :
-    Page(window, entry), tabs(new QTabWidget), options(new QButtonGroup(this))
+FormF2::FormF2(MainWindow& window, const PageEntry& entry)
+    : Page(window, entry), tabs(new QTabWidget), options(new QButtonGroup(this))
 {
     tabs->setObjectName(QStringLiteral("tabPage"));
-    for (const TabEntry& tab : kTabs)
+    for (const TabEntry& tab : kTabs) {
         if (QWidget* content = BuildTab(tab.tab)) {
             content->setObjectName(QStringLiteral("tabPage_") + QLatin1String(tab.key));
             tabs->addTab(content, TextOf(tab.title));
         }
+    }
     tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     Body().addWidget(tabs);
     auto* note = new QLabel(Texts().noteNotAllDevices);

@@ -33,8 +33,8 @@ constexpr ListLine kMeasuredSums[] = {
     {.quantity = kPhi, .name = &T::namePhaseAngle, .isOptional = true},
 };
 constexpr ListLine kRecordedSums[] = {
-    {kS, &T::nameApparentPower},   {kQ, &T::nameReactivePower},   {kCosPhi, &T::namePowerFactor},
-    {kWp, &T::nameActiveEnergy},   {kWq, &T::nameReactiveEnergy},
+    {kS, &T::nameApparentPower}, {kQ, &T::nameReactivePower},   {kCosPhi, &T::namePowerFactor},
+    {kWp, &T::nameActiveEnergy}, {kWq, &T::nameReactiveEnergy},
 };
 constexpr ListLine kMeasuredPhases[] = {
     {kU, &T::nameVoltage, &T::suffixMean},
@@ -56,8 +56,8 @@ constexpr ListLine kMeasuredVoltage[] = {{kU, &T::nameVoltage, &T::suffixMean}, 
 constexpr ListLine kCalculatedMachine[] = {
     {kN, &T::nameSpeed}, {kM, &T::nameTorque}, {kPmech, &T::nameShaftPower}, {kEta, &T::nameEfficiency}};
 constexpr ListLine kCalculatedSums[] = {
-    {kS, &T::nameApparentPower},      {kQ, &T::nameReactivePower},      {kCosPhi, &T::namePowerFactor},
-    {kWp, &T::nameActiveEnergy},      {kWpPlus, &T::namePositiveEnergy}, {kWpMinus, &T::nameNegativeEnergy},
+    {kS, &T::nameApparentPower},   {kQ, &T::nameReactivePower},       {kCosPhi, &T::namePowerFactor},
+    {kWp, &T::nameActiveEnergy},   {kWpPlus, &T::namePositiveEnergy}, {kWpMinus, &T::nameNegativeEnergy},
     {kWq, &T::nameReactiveEnergy},
 };
 constexpr ListLine kCalculatedRelative[] = {
@@ -95,7 +95,13 @@ QString Joined(const std::array<Lines, 2>& groups)
 
 } // namespace
 
-QString MeasuredList(int netConf) { return Joined(kLists.at(static_cast<std::size_t>(netConf)).measured); }
-QString CalculatedList(int netConf) { return Joined(kLists.at(static_cast<std::size_t>(netConf)).calculated); }
+QString MeasuredList(int netConf)
+{
+    return Joined(kLists.at(static_cast<std::size_t>(netConf)).measured);
+}
+QString CalculatedList(int netConf)
+{
+    return Joined(kLists.at(static_cast<std::size_t>(netConf)).calculated);
+}
 
 } // namespace korvanel

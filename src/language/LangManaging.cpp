@@ -18,7 +18,10 @@ namespace {
 const QString kFileMissing = QStringLiteral("Couldn't find the saved language file.\nLoading standard language!");
 const QString kFileBroken = QStringLiteral("Unable to load the language file!\nLoading standard language!");
 
-QString LanguageFolder() { return JoinPath(App().sProgramDir, QStringLiteral("LANGUAGES")); }
+QString LanguageFolder()
+{
+    return JoinPath(App().sProgramDir, QStringLiteral("LANGUAGES"));
+}
 
 /// A section that the file lacks keeps the built-in texts; an entry that its section lacks is empty.
 void ApplyTexts(const LanguageSections& sections)

@@ -127,13 +127,14 @@ TEST_F(MessagesTest, ConfirmOverwrite_ClearsTheFileErrorOnYesAndSetsItOtherwise)
         Answer answer;
         bool isError;
     };
-    for (const Case& c : {Case{Answer::Yes, false}, Case{Answer::No, true}, Case{Answer::Cancel, true}})
+    for (const Case& c : {Case{Answer::Yes, false}, Case{Answer::No, true}, Case{Answer::Cancel, true}}) {
         for (const bool before : {false, true}) {
             shell.answers = {c.answer};
             App().bFileError = before;
             ConfirmOverwrite("/tmp/da.MDB");
             EXPECT_EQ(App().bFileError, c.isError) << static_cast<int>(c.answer) << ' ' << before;
         }
+    }
 }
 
 TEST_F(MessagesTest, DeleteFile_RemovesTheFile)

@@ -52,8 +52,8 @@ TEST_F(Durability, EveryRowReportedStoredSurvivesTwoHundredKills)
     }
     EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
     EXPECT_EQ(lost, 0);
-    std::cout << "killed " << kKills << " times while " << stored << " rows were written: " << lost
-              << " rows lost, " << ahead << " stored but not yet reported\n";
+    std::cout << "killed " << kKills << " times while " << stored << " rows were written: " << lost << " rows lost, "
+              << ahead << " stored but not yet reported\n";
 }
 
 } // namespace

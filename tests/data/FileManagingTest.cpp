@@ -53,7 +53,7 @@ TEST_P(EveryConfiguration, ReadRow_GivesBackWhatAppendMeasuredRowStored)
     OpenDbGuarded();
     ASSERT_TRUE(ReadRow(1));
     CloseDbGuarded();
-    tValueRow stored = App().MeasuredRow; // with the energies that were formed on the way
+    tValueRow& stored = App().MeasuredRow; // with the energies that were formed on the way
     for (const ValueColumn& column : ValueColumns()) {
         if (!column.field)
             continue;

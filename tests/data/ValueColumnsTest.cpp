@@ -49,11 +49,13 @@ TEST_P(ValueColumnsOfConfiguration, FileHasExactlyTheColumnsInTheirOrder)
 TEST_P(ValueColumnsOfConfiguration, NoColumnStandsInBothTablesButTheSet)
 {
     std::set<std::string> names;
-    for (const ValueTable table : {ValueTable::Sampled, ValueTable::Computed})
-        for (const ValueColumn* column : ColumnsOf(table, GetParam().netConf))
+    for (const ValueTable table : {ValueTable::Sampled, ValueTable::Computed}) {
+        for (const ValueColumn* column : ColumnsOf(table, GetParam().netConf)) {
             if (column->type != ColumnType::Key) {
                 EXPECT_TRUE(names.insert(column->name).second) << column->name;
             }
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ValueColumnsOfConfiguration, ::testing::ValuesIn(kLayouts),

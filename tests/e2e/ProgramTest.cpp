@@ -37,7 +37,7 @@ protected:
         const QDir here(folder.path());
         EXPECT_TRUE(here.mkpath("program/PROJECTS"));
         EXPECT_TRUE(here.mkpath("program/LANGUAGES"));
-        const QString program = PathOf("program/KORVANEL");
+        QString program = PathOf("program/KORVANEL");
         const QString original = QStringLiteral(KORVANEL_PROGRAM);
         EXPECT_TRUE(QFile::copy(original, program));
         if (withLogo) {

@@ -40,8 +40,8 @@ protected:
 
 TEST_F(FormF2Test, OptionOfTheProjectIsCheckedAndItsTabShown)
 {
-    const char* const tabs[] = {"1-Phasen-Netz",     "3-Phasen-Netz", "Asynchronmaschine",         "1-Phasen-Netz",
-                                "3-Phasen-Netz",     "Asynchronmaschine", "3-Phasen-Spannungsmessung"};
+    const char* const tabs[] = {"1-Phasen-Netz", "3-Phasen-Netz",     "Asynchronmaschine",        "1-Phasen-Netz",
+                                "3-Phasen-Netz", "Asynchronmaschine", "3-Phasen-Spannungsmessung"};
     for (int netConf = 0; netConf < kNetConfCount; ++netConf) {
         ShowPage(netConf);
         EXPECT_TRUE(Option(netConf).isChecked()) << netConf;
@@ -58,7 +58,8 @@ TEST_F(FormF2Test, TabsStandInTheirOrder)
     QStringList titles;
     for (int i = 0; i < tabs.count(); ++i)
         titles << tabs.tabText(i);
-    EXPECT_EQ(titles, (QStringList{"1-Phasen-Netz", "3-Phasen-Netz", "3-Phasen-Spannungsmessung", "Asynchronmaschine"}));
+    EXPECT_EQ(titles,
+              (QStringList{"1-Phasen-Netz", "3-Phasen-Netz", "3-Phasen-Spannungsmessung", "Asynchronmaschine"}));
 }
 
 TEST_F(FormF2Test, HeadingsNoteAndCaptionsAreShown)

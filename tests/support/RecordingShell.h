@@ -67,7 +67,7 @@ public:
     void RefreshPage() override { calls << QStringLiteral("RefreshPage"); }
     void RefreshStatusBar() override { calls << QStringLiteral("RefreshStatusBar"); }
     void RefreshCaption() override { calls << QStringLiteral("RefreshCaption"); }
-    void AddRecentFile(const QString& path) override { calls << QStringLiteral("AddRecentFile ") + path; }
+    void AddFileMRU(const QString& path) override { calls << QStringLiteral("AddFileMRU ") + path; }
     void SelectRecentFile(const QString& path) override { calls << QStringLiteral("SelectRecentFile ") + path; }
     QStringList PrinterNames() override { return printers; }
     QString DefaultPrinterName() override { return defaultPrinter; }
@@ -79,7 +79,7 @@ private:
     {
         if (script.empty())
             return otherwise;
-        const Value value = script.front();
+        Value value = script.front();
         script.pop_front();
         return value;
     }
@@ -88,4 +88,7 @@ private:
 } // namespace korvanel::test
 
 /// For the failures of assertions on texts.
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}

@@ -18,9 +18,8 @@ constexpr int kPauseMs = 10;
 
 } // namespace
 
-ProgramDriver::ProgramDriver(const QString& settingsDirectory, const QString& executable) :
-    program(executable),
-    socketName(QStringLiteral("korvanel-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
+ProgramDriver::ProgramDriver(const QString& settingsDirectory, const QString& executable)
+    : program(executable), socketName(QStringLiteral("korvanel-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), settingsDirectory);
@@ -33,7 +32,10 @@ ProgramDriver::ProgramDriver(const QString& settingsDirectory, const QString& ex
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
 }
 
-ProgramDriver::~ProgramDriver() { Kill(); }
+ProgramDriver::~ProgramDriver()
+{
+    Kill();
+}
 
 void ProgramDriver::SetEnvironment(const QString& name, const QString& value)
 {
@@ -95,7 +97,10 @@ bool ProgramDriver::IsShown(const QString& name)
     return Read(name)["visible"].toBool();
 }
 
-QString ProgramDriver::MainTitle() { return FindWindow(QStringLiteral("MainForm"))["title"].toString(); }
+QString ProgramDriver::MainTitle()
+{
+    return FindWindow(QStringLiteral("MainForm"))["title"].toString();
+}
 
 QJsonObject ProgramDriver::WaitForWindow(const QString& name)
 {

@@ -26,8 +26,14 @@ namespace korvanel::remote {
 
 namespace {
 
-QJsonObject Failure(const QString& reason) { return {{"ok", false}, {"error", reason}}; }
-QJsonObject Success() { return {{"ok", true}}; }
+QJsonObject Failure(const QString& reason)
+{
+    return {{"ok", false}, {"error", reason}};
+}
+QJsonObject Success()
+{
+    return {{"ok", true}};
+}
 
 /// The control of a name: one that is on show before one that is not.
 QWidget* FindControl(const QString& name)
@@ -52,7 +58,10 @@ QAction* FindAction(const QString& name)
 }
 
 /// A modal box opened by the control must not hold the answer back, so the press itself comes after it.
-void Later(QObject* context, const std::function<void()>& press) { QTimer::singleShot(0, context, press); }
+void Later(QObject* context, const std::function<void()>& press)
+{
+    QTimer::singleShot(0, context, press);
+}
 
 /// What a person can't reach can't be pressed: hidden, disabled, or behind a modal window.
 QString Obstacle(QWidget* widget)

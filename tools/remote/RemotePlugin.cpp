@@ -47,7 +47,8 @@ public:
     /// Answers to the key "korvanelremote"; what follows it behind a colon is the name of the socket.
     QObject* create(const QString& key, const QString& socketName) override
     {
-        return key.compare(QLatin1String("korvanelremote"), Qt::CaseInsensitive) == 0 ? new Server(socketName) : nullptr;
+        return key.compare(QLatin1String("korvanelremote"), Qt::CaseInsensitive) == 0 ? new Server(socketName)
+                                                                                      : nullptr;
     }
 };
 

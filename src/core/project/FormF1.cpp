@@ -21,8 +21,8 @@
 
 namespace korvanel {
 
-FormF1::FormF1(MainWindow& window, const PageEntry& entry) :
-    Page(window, entry), form(new QFormLayout), frame(new QGroupBox)
+FormF1::FormF1(MainWindow& window, const PageEntry& entry)
+    : Page(window, entry), form(new QFormLayout), frame(new QGroupBox)
 {
     frame->setObjectName(QStringLiteral("fraProject"));
     frame->setLayout(form);
@@ -82,7 +82,8 @@ void FormF1::AddPath()
     pathLabel = new QLabel;
     pathLabel->setObjectName(QStringLiteral("lblDBPath"));
     pathLabel->setTextFormat(Qt::PlainText);
-    pathLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // the text is cut to the label, not vice versa
+    pathLabel->setSizePolicy(QSizePolicy::Ignored,
+                             QSizePolicy::Preferred); // the text is cut to the label, not vice versa
     pathLabel->installEventFilter(this);
     form->addRow(Texts().labelFile, pathLabel);
     auto* saveAs = new QPushButton(Texts().saveUnderOtherName);
@@ -133,7 +134,8 @@ void FormF1::TakeText(const QString& text, QString& field)
 bool FormF1::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize && watched == pathLabel)
-        pathLabel->setText(pathLabel->fontMetrics().elidedText(App().sProjectPath, Qt::ElideMiddle, pathLabel->width()));
+        pathLabel->setText(
+            pathLabel->fontMetrics().elidedText(App().sProjectPath, Qt::ElideMiddle, pathLabel->width()));
     else if (event->type() == QEvent::KeyPress && watched != pathLabel)
         App().bProjectDirty = true;
     return Page::eventFilter(watched, event);

@@ -11,9 +11,18 @@ namespace {
 
 /// Columns of both statements in the order Decimal, Number or Time, Text. `Overview` has a time where `Settings` has a
 /// whole number.
-const char* ThirdColumn(ProjectTable table) { return table == ProjectTable::Overview ? "Time" : "Number"; }
+const char* ThirdColumn(ProjectTable table)
+{
+    return table == ProjectTable::Overview ? "Time" : "Number";
+}
 
-enum ValuePosition { kDecimal = 1, kThird = 2, kText = 3, kName = 4 };
+enum ValuePosition
+{
+    kDecimal = 1,
+    kThird = 2,
+    kText = 3,
+    kName = 4
+};
 
 std::string SelectSql(ProjectTable table)
 {
@@ -33,7 +42,10 @@ std::string InsertSql(ProjectTable table)
            "], [Text], [Name]) VALUES (?, ?, ?, ?)";
 }
 
-[[noreturn]] void Refuse(const ProjectKey& key) { throw DbError("unexpected value of \"" + key.name + '"'); }
+[[noreturn]] void Refuse(const ProjectKey& key)
+{
+    throw DbError("unexpected value of \"" + key.name + '"');
+}
 
 /// A number within the key's limits; anything else is refused.
 double NumberOf(const SQLite::Column& column, const ProjectKey& key)
@@ -66,7 +78,8 @@ struct Reader
     void operator()(QDateTime* field) const
     {
         const SQLite::Column column = row.getColumn(kThird - 1);
-        const QDateTime moment = column.isText() ? DateFromStoredText(QString::fromUtf8(column.getText())) : QDateTime();
+        const QDateTime moment =
+            column.isText() ? DateFromStoredText(QString::fromUtf8(column.getText())) : QDateTime();
         if (!moment.isValid())
             Refuse(key);
         *field = moment;
@@ -101,12 +114,11 @@ QString CreateStatement(ProjectTable table)
                      .arg(name);
 }
 
-KeyValueTable::KeyValueTable(TableDb& db, ProjectTable table) :
-    select(WithDbErrors([&] { return SQLite::Statement(db.Handle(), SelectSql(table)); })),
-    update(WithDbErrors([&] { return SQLite::Statement(db.Handle(), UpdateSql(table)); })),
-    insert(WithDbErrors([&] { return SQLite::Statement(db.Handle(), InsertSql(table)); }))
-{
-}
+KeyValueTable::KeyValueTable(TableDb& db, ProjectTable table)
+    : select(WithDbErrors([&] { return SQLite::Statement(db.Handle(), SelectSql(table)); })),
+      update(WithDbErrors([&] { return SQLite::Statement(db.Handle(), UpdateSql(table)); })),
+      insert(WithDbErrors([&] { return SQLite::Statement(db.Handle(), InsertSql(table)); }))
+{}
 
 void KeyValueTable::Read(const ProjectKey& key)
 {

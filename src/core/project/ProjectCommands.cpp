@@ -44,8 +44,7 @@ bool LeaveOpenProject()
 QString AskForFile(const QString& title, const QString& filter)
 {
     App().sDialogPreset = kPreset;
-    const QString path =
-        App().TheShell->AskOpenPath({title, QDir::currentPath(), filter, App().sDialogPreset});
+    QString path = App().TheShell->AskOpenPath({title, QDir::currentPath(), filter, App().sDialogPreset});
     if (path.isEmpty()) {
         ShowError(Texts().noFileChosen);
         App().bFileError = true;
@@ -80,7 +79,7 @@ void OpenPath(const QString& path)
     App().bProjectDirty = false;
     App().TheShell->RefreshStatusBar();
     ShowProjectPage();
-    App().TheShell->AddRecentFile(path);
+    App().TheShell->AddFileMRU(path);
 }
 
 /// Opens the path that `choose` gives. Whatever goes wrong on the way is told with the path.
@@ -104,8 +103,7 @@ void OpenChosen(Choose&& choose)
 /// Copies the project to a path that the user chooses; true if the program goes on in a copy.
 bool CopyProjectUnderOtherName()
 {
-    const QString path =
-        SaveAsDialog(Texts().titleSaveAs, App().sProjectPath, Texts().filterProject, kExtension);
+    const QString path = SaveAsDialog(Texts().titleSaveAs, App().sProjectPath, Texts().filterProject, kExtension);
     if (path.isEmpty() || path == App().sProjectPath)
         return false;
     const QString failure = CopyFileReplacing(App().sProjectPath, path);
@@ -156,8 +154,7 @@ void NewProject()
     const QString directory = JoinPath(App().sProgramDir, QStringLiteral("PROJECTS"));
     QDir().mkpath(directory); // where it can't be made, the dialog starts elsewhere
     App().sProjectPath = JoinPath(directory, QStringLiteral("PROJECT1.MDB"));
-    const QString path =
-        SaveAsDialog(Texts().titleNewProject, App().sProjectPath, Texts().filterProject, kExtension);
+    const QString path = SaveAsDialog(Texts().titleNewProject, App().sProjectPath, Texts().filterProject, kExtension);
     if (path.isEmpty())
         return;
     App().sProjectPath = path;
@@ -195,7 +192,7 @@ void SaveProjectAs()
 {
     SaveIfDirty();
     if (CopyProjectUnderOtherName())
-        App().TheShell->AddRecentFile(App().sProjectPath);
+        App().TheShell->AddFileMRU(App().sProjectPath);
 }
 
 void SaveProjectAsFromPage()
@@ -209,8 +206,8 @@ bool CloseProject()
     if (!App().bProjectOpen)
         return true;
     if (App().bProjectDirty) {
-        const Answer answer = App().TheShell->ShowBox({Texts().titleSaveProject, Texts().saveChanges,
-                                                       BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes});
+        const Answer answer = App().TheShell->ShowBox(
+            {Texts().titleSaveProject, Texts().saveChanges, BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes});
         if (answer == Answer::Cancel) {
             App().iExitAction = kExitCancelled;
             return false;

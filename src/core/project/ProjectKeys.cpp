@@ -127,7 +127,10 @@ void ComputeConstants(ApplicationBlock& app)
 
 } // namespace
 
-const char* TableName(ProjectTable table) { return table == ProjectTable::Overview ? "Overview" : "Settings"; }
+const char* TableName(ProjectTable table)
+{
+    return table == ProjectTable::Overview ? "Overview" : "Settings";
+}
 
 const std::vector<ProjectKey>& ProjectKeys()
 {

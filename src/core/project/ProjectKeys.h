@@ -12,7 +12,11 @@
 
 namespace korvanel {
 
-enum class ProjectTable { Overview, Settings };
+enum class ProjectTable
+{
+    Overview,
+    Settings
+};
 
 /// A field of the block; its type decides on the column of the key-value table.
 using ProjectField = std::variant<qint16*, qint32*, double*, QDateTime*, QString*, bool*>;

@@ -9,7 +9,11 @@
 
 namespace korvanel {
 
-enum class Direction { Read, Write };
+enum class Direction
+{
+    Read,
+    Write
+};
 
 /// Creates the file with its value tables for the current net configuration and the two key-value tables. A failure
 /// shows the engine's words; nothing of the file is left behind then.

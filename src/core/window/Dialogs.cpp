@@ -88,7 +88,10 @@ QString Chosen(const QFileDialog& dialog)
 }
 
 /// The next dialog opens where the user has been last.
-void RememberDirectory(const QString& path) { QDir::setCurrent(QFileInfo(path).absolutePath()); }
+void RememberDirectory(const QString& path)
+{
+    QDir::setCurrent(QFileInfo(path).absolutePath());
+}
 
 } // namespace
 
@@ -122,7 +125,7 @@ QString RunOpenDialog(QWidget* parent, const FileQuestion& question)
     }
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QString path = Chosen(dialog);
+    QString path = Chosen(dialog);
     RememberDirectory(path);
     return path;
 }
@@ -134,7 +137,7 @@ QString RunSaveDialog(QWidget* parent, const FileQuestion& question)
     dialog.selectFile(FileNameOf(question.suggestion));
     if (dialog.exec() != QDialog::Accepted)
         return question.suggestion;
-    const QString path = Chosen(dialog);
+    QString path = Chosen(dialog);
     if (path != question.suggestion)
         RememberDirectory(path);
     return path;

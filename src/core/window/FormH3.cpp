@@ -62,7 +62,10 @@ FormH3::FormH3(QWidget* parent) : QDialog(parent), list(new QListWidget)
     row->addLayout(buttons);
 }
 
-bool FormH3::ChangeOrder(QWidget* parent) { return FormH3(parent).exec() == QDialog::Accepted; }
+bool FormH3::ChangeOrder(QWidget* parent)
+{
+    return FormH3(parent).exec() == QDialog::Accepted;
+}
 
 void FormH3::AddMoveButton(QVBoxLayout& column, int index, const QString& text)
 {

@@ -37,11 +37,17 @@ constexpr MenuEntry kEntries[] = {
     {.parent = "mnuFile", .name = "mnuSave", .caption = &T::mnuSave, .shortcut = QKeySequence::Save},
     {.parent = "mnuFile", .name = "mnuSaveAs", .caption = &T::mnuSaveAs},
     {.parent = "mnuFile", .name = "mnuClose", .caption = &T::mnuClose, .shortcut = QKeySequence::Close},
-    {.parent = "mnuFile", .name = "mnuPrint", .caption = &T::mnuPrint, .shortcut = QKeySequence::Print,
+    {.parent = "mnuFile",
+     .name = "mnuPrint",
+     .caption = &T::mnuPrint,
+     .shortcut = QKeySequence::Print,
      .hasSeparator = true},
     {.parent = "mnuFile", .name = "mnuDelete", .caption = &T::mnuDelete},
     {.parent = "mnuFile", .name = kRecentFiles, .caption = nullptr},
-    {.parent = "mnuFile", .name = "mnuEnd", .caption = &T::mnuEnd, .shortcut = QKeySequence::Quit,
+    {.parent = "mnuFile",
+     .name = "mnuEnd",
+     .caption = &T::mnuEnd,
+     .shortcut = QKeySequence::Quit,
      .hasSeparator = true},
     {.parent = nullptr, .name = "mnuProjectData", .caption = &T::mnuProjectData, .isMenu = true},
     {.parent = "mnuProjectData", .name = "mnuGeneralData", .caption = &T::mnuGeneralData},
@@ -73,7 +79,10 @@ constexpr std::array kProjectEntries{"mnuSave", "mnuSaveAs", "mnuClose", "mnuPri
 constexpr std::array kBusyMenus{"mnuFile", "mnuEngine", "mnuProjectData", "mnuDevice", "mnuHelp", "mnuoptions"};
 
 /// A file name may hold an ampersand, which in a caption marks the key of the entry.
-QString PlainCaption(const QString& caption) { return QString(caption).replace(u'&', QStringLiteral("&&")); }
+QString PlainCaption(const QString& caption)
+{
+    return QString(caption).replace(u'&', QStringLiteral("&&"));
+}
 
 } // namespace
 
@@ -123,8 +132,14 @@ void MainMenu::AddEntry(QMenu& parent, const QString& name, const QString& capti
     entries[name] = entry;
 }
 
-QAction* MainMenu::Entry(const QString& name) const { return entries.at(name); }
-QMenu* MainMenu::SubMenu(const QString& name) const { return menus.at(name); }
+QAction* MainMenu::Entry(const QString& name) const
+{
+    return entries.at(name);
+}
+QMenu* MainMenu::SubMenu(const QString& name) const
+{
+    return menus.at(name);
+}
 
 void MainMenu::OnTriggered(const QString& name, const std::function<void()>& action)
 {
@@ -139,7 +154,10 @@ void MainMenu::EnableProjectEntries(bool isProjectOpen)
     EnableMachine(isProjectOpen && HasMachine(App().iNetConfIndex));
 }
 
-void MainMenu::EnableMachine(bool isEnabled) { Entry(QStringLiteral("mnuEngine"))->setEnabled(isEnabled); }
+void MainMenu::EnableMachine(bool isEnabled)
+{
+    Entry(QStringLiteral("mnuEngine"))->setEnabled(isEnabled);
+}
 
 void MainMenu::SetBusy(bool areEnabled)
 {
@@ -166,7 +184,7 @@ void MainMenu::SetLanguages(const QStringList& names, const QStringList& files, 
         const bool isUsed = files[i] == used;
         entry->setCheckable(true);
         entry->setChecked(isUsed);
-        const QString file = files[i];
+        const QString& file = files[i];
         connect(entry, &QAction::triggered, this, [entry, name, file, isUsed, choose] {
             entry->setChecked(isUsed); // the mark follows the language, not the click
             if (!isUsed)
@@ -181,7 +199,10 @@ void MainMenu::SetCaption(int index, const QString& caption)
         recent.at(static_cast<std::size_t>(index))->setText(PlainCaption(caption));
 }
 
-void MainMenu::SetVisible(int index, bool isVisible) { recent.at(static_cast<std::size_t>(index))->setVisible(isVisible); }
+void MainMenu::SetVisible(int index, bool isVisible)
+{
+    recent.at(static_cast<std::size_t>(index))->setVisible(isVisible);
+}
 
 void MainMenu::Load(int index)
 {

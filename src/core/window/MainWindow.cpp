@@ -74,7 +74,10 @@ void MainWindow::ApplyMainTexts()
     menu->ApplyTexts();
 }
 
-void MainWindow::RegisterPage(int number, PageBuilder builder) { builders[number] = std::move(builder); }
+void MainWindow::RegisterPage(int number, PageBuilder builder)
+{
+    builders[number] = std::move(builder);
+}
 
 // The flow of pages.
 
@@ -186,9 +189,18 @@ void MainWindow::RefreshCaption()
 
 // The shell.
 
-Answer MainWindow::ShowBox(const Box& box) { return RunBox(this, box); }
-QString MainWindow::AskOpenPath(const FileQuestion& question) { return RunOpenDialog(this, question); }
-QString MainWindow::AskSavePath(const FileQuestion& question) { return RunSaveDialog(this, question); }
+Answer MainWindow::ShowBox(const Box& box)
+{
+    return RunBox(this, box);
+}
+QString MainWindow::AskOpenPath(const FileQuestion& question)
+{
+    return RunOpenDialog(this, question);
+}
+QString MainWindow::AskSavePath(const FileQuestion& question)
+{
+    return RunSaveDialog(this, question);
+}
 
 void MainWindow::SetWaitCursor(bool isWaiting)
 {
@@ -198,7 +210,10 @@ void MainWindow::SetWaitCursor(bool isWaiting)
         QApplication::restoreOverrideCursor();
 }
 
-void MainWindow::Beep() { QApplication::beep(); }
+void MainWindow::Beep()
+{
+    QApplication::beep();
+}
 
 void MainWindow::ShowProgress(Progress mode, double fraction)
 {
@@ -222,7 +237,8 @@ void MainWindow::ShowProgress(Progress mode, double fraction)
         const int percent = static_cast<int>(std::floor(fraction * 100));
         if (percent != progressBar->value()) {
             progressBar->setValue(percent);
-            percentPanel->setText(FillPlaceholders(Texts().percentPanel, {QString::number(std::round(fraction * 100))}));
+            percentPanel->setText(
+                FillPlaceholders(Texts().percentPanel, {QString::number(std::round(fraction * 100))}));
             QApplication::processEvents();
         }
         break;
@@ -237,13 +253,34 @@ void MainWindow::ShowProgress(Progress mode, double fraction)
     }
 }
 
-void MainWindow::SetBusyMenus(bool areEnabled) { menu->SetBusy(areEnabled); }
-void MainWindow::EnableProjectMenus(bool isProjectOpen) { menu->EnableProjectEntries(isProjectOpen); }
-void MainWindow::EnableMachineMenu(bool isEnabled) { menu->EnableMachine(isEnabled); }
-void MainWindow::AddRecentFile(const QString& path) { recentFiles.Add(path); }
-void MainWindow::SelectRecentFile(const QString& path) { recentFiles.SelectItem(path); }
-QStringList MainWindow::PrinterNames() { return QPrinterInfo::availablePrinterNames(); }
-QString MainWindow::DefaultPrinterName() { return QPrinterInfo::defaultPrinterName(); }
+void MainWindow::SetBusyMenus(bool areEnabled)
+{
+    menu->SetBusy(areEnabled);
+}
+void MainWindow::EnableProjectMenus(bool isProjectOpen)
+{
+    menu->EnableProjectEntries(isProjectOpen);
+}
+void MainWindow::EnableMachineMenu(bool isEnabled)
+{
+    menu->EnableMachine(isEnabled);
+}
+void MainWindow::AddFileMRU(const QString& path)
+{
+    recentFiles.Add(path);
+}
+void MainWindow::SelectRecentFile(const QString& path)
+{
+    recentFiles.SelectItem(path);
+}
+QStringList MainWindow::PrinterNames()
+{
+    return QPrinterInfo::availablePrinterNames();
+}
+QString MainWindow::DefaultPrinterName()
+{
+    return QPrinterInfo::defaultPrinterName();
+}
 
 // The end of the program.
 
@@ -256,8 +293,8 @@ void MainWindow::EndProgram()
 
 void MainWindow::ChooseLanguage(const QString& languageFile)
 {
-    const Answer answer = ShowBox({App().sProgramTitle.trimmed(), Texts().languageChange, BoxIcon::Question,
-                                   BoxButtons::YesNo, Answer::Yes});
+    const Answer answer = ShowBox(
+        {App().sProgramTitle.trimmed(), Texts().languageChange, BoxIcon::Question, BoxButtons::YesNo, Answer::Yes});
     if (answer != Answer::Yes)
         return;
     App().ProgSettings->SetLanguageFile(languageFile);

@@ -74,7 +74,7 @@ public:
     void RefreshPage() override;
     void RefreshStatusBar() override;
     void RefreshCaption() override;
-    void AddRecentFile(const QString& path) override;
+    void AddFileMRU(const QString& path) override;
     void SelectRecentFile(const QString& path) override;
     QStringList PrinterNames() override;
     QString DefaultPrinterName() override;

@@ -13,8 +13,7 @@
 
 namespace korvanel {
 
-Page::Page(MainWindow& window, const PageEntry& entry) :
-    frameWindow(window), pageEntry(entry), body(new QVBoxLayout)
+Page::Page(MainWindow& window, const PageEntry& entry) : frameWindow(window), pageEntry(entry), body(new QVBoxLayout)
 {
     setObjectName(QLatin1String(entry.name));
     setWindowTitle(TextOf(entry.title));

@@ -8,7 +8,8 @@
 
 namespace korvanel {
 
-enum PageNumber {
+enum PageNumber
+{
     kNoPageOnShow = 0,
     kPageGeneralData = 1,
     kPageNetConfiguration = 2,
@@ -27,10 +28,10 @@ struct PageEntry
     int number;
     const char* name; ///< object name of the page
     TextMember title;
-    int back;    ///< page that cmdBack leads to
-    int forward; ///< page that cmdForw leads to; kNoPageOnShow: the button is disabled
-    bool needsMachine = false;   ///< in the configurations with a machine, only with a valid one
-    bool showsDeviceId = false;  ///< carries the identity of the instrument at its bottom
+    int back;                     ///< page that cmdBack leads to
+    int forward;                  ///< page that cmdForw leads to; kNoPageOnShow: the button is disabled
+    bool needsMachine = false;    ///< in the configurations with a machine, only with a valid one
+    bool showsDeviceId = false;   ///< carries the identity of the instrument at its bottom
     bool usesMachinePage = false; ///< a step between this page and a neighbour leads over the machine page
 };
 

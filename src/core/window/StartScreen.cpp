@@ -58,8 +58,14 @@ void StartScreen::ShowInFront()
     raise();
 }
 
-void StartScreen::mousePressEvent(QMouseEvent*) { close(); }
-void StartScreen::keyPressEvent(QKeyEvent*) { close(); }
+void StartScreen::mousePressEvent(QMouseEvent*)
+{
+    close();
+}
+void StartScreen::keyPressEvent(QKeyEvent*)
+{
+    close();
+}
 
 void StartScreen::timerEvent(QTimerEvent* event)
 {

@@ -33,7 +33,11 @@ protected:
         EXPECT_TRUE(App().iNetConfIndex >= 0 && App().iNetConfIndex < kNetConfCount);
         EXPECT_TRUE(ContentOf(name) == before) << "the file has changed";
     }
-    void MakeProject() { CreateProject(2); App().bProjectOpen = false; }
+    void MakeProject()
+    {
+        CreateProject(2);
+        App().bProjectOpen = false;
+    }
 };
 
 TEST_F(HostileFile, NoDatabase)

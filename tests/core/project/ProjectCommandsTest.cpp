@@ -134,7 +134,7 @@ TEST_F(ProjectCommands, Open_ReadsTheProjectAndPutsItOnTheRecentList)
     EXPECT_EQ(App().sProjectLabel, path);
     EXPECT_EQ(App().iCurrentPage, 1);
     EXPECT_EQ(shell.calls, (QStringList{"UnloadPage", "EnableMachineMenu 1", "EnableProjectMenus 1", "RefreshStatusBar",
-                                        "ShowPage", "AddRecentFile " + path}));
+                                        "ShowPage", "AddFileMRU " + path}));
 }
 
 TEST_F(ProjectCommands, Open_AsksInTheCurrentDirectoryWithThePresetName)
@@ -251,7 +251,7 @@ TEST_F(ProjectCommands, SaveAs_GoesOnInTheCopyAndLeavesTheOldFileAsLastSaved)
     EXPECT_EQ(QueryFile(old, "SELECT Text FROM Overview WHERE Name='Editor'"), "Bea");
     EXPECT_EQ(shell.saveQuestions[0].title, "Speichern unter");
     EXPECT_EQ(shell.saveQuestions[0].suggestion, old);
-    EXPECT_TRUE(shell.calls.contains("AddRecentFile " + PathOf("Kopie.MDB")));
+    EXPECT_TRUE(shell.calls.contains("AddFileMRU " + PathOf("Kopie.MDB")));
 }
 
 TEST_F(ProjectCommands, SaveAs_OntoTheFileItselfDoesNothing)
@@ -295,7 +295,7 @@ TEST_F(ProjectCommands, SaveAsFromThePage_AddsNothingToTheRecentList)
     shell.savePaths = {PathOf("Kopie.MDB")};
     SaveProjectAsFromPage();
     EXPECT_EQ(App().sProjectPath, PathOf("Kopie.MDB"));
-    EXPECT_TRUE(shell.calls.filter("AddRecentFile").isEmpty());
+    EXPECT_TRUE(shell.calls.filter("AddFileMRU").isEmpty());
 }
 
 // Close

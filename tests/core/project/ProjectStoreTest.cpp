@@ -78,8 +78,9 @@ TEST_F(ProjectStore, NewProject_HasEveryKeyWithItsDefaultInTheColumnOfItsType)
     EXPECT_EQ(Query("SELECT count(*) FROM Overview"), "12");
     EXPECT_EQ(Query("SELECT count(*) FROM Settings"), "139");
     EXPECT_EQ(Query("SELECT count(*) FROM Settings WHERE Text IS NOT NULL"), "0");
-    EXPECT_EQ(Query("SELECT count(*) FROM Overview WHERE Text IS NOT NULL AND (Time IS NOT NULL OR Decimal IS NOT NULL)"),
-              "0");
+    EXPECT_EQ(
+        Query("SELECT count(*) FROM Overview WHERE Text IS NOT NULL AND (Time IS NOT NULL OR Decimal IS NOT NULL)"),
+        "0");
 }
 
 TEST_F(ProjectStore, NewProject_ChecksTheColumnsOfTheSumsAndTheNeutralCurrent)

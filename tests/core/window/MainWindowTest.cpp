@@ -42,8 +42,8 @@ TEST_F(MainWindowTest, Menu_HasItsEntriesInOrder)
     EXPECT_EQ(CaptionsOf("mnuProjectData"), (QStringList{"Allgemeine &Daten", "Netz - &Konfiguration"}));
     EXPECT_EQ(CaptionsOf("mnuEngine"), QStringList{"Daten&bank"});
     EXPECT_EQ(CaptionsOf("mnuDevice"),
-              (QStringList{"&Konfiguration", "Messen über &Schnittstelle", "Messwert&editor", "Auswertung &tabellarisch",
-                           "Auswertung &grafisch", "Auswertung &drucken"}));
+              (QStringList{"&Konfiguration", "Messen über &Schnittstelle", "Messwert&editor",
+                           "Auswertung &tabellarisch", "Auswertung &grafisch", "Auswertung &drucken"}));
     EXPECT_EQ(CaptionsOf("mnuoptions"),
               (QStringList{"&MODBUS Adresse...", "&Datenbank...", "&Dateikonvertierung...", "&Sprache"}));
     EXPECT_EQ(CaptionsOf("mnuHelp"), (QStringList{"N&achschlagen", "&Internet", "I&nfo"}));
@@ -56,7 +56,8 @@ TEST_F(MainWindowTest, Menu_InternetIsHiddenWhileThereIsNoAddress)
 
 TEST_F(MainWindowTest, Menu_WithoutAProject)
 {
-    for (const char* name : {"mnuSave", "mnuSaveAs", "mnuClose", "mnuProjectData", "mnuEngine", "mnuPrint", "mnuDevice"})
+    for (const char* name :
+         {"mnuSave", "mnuSaveAs", "mnuClose", "mnuProjectData", "mnuEngine", "mnuPrint", "mnuDevice"})
         EXPECT_FALSE(IsEntryEnabled(name)) << name;
     for (const char* name : {"mnuConvert", "mnuNew", "mnuOpen", "mnuDelete", "mnuEnd", "mnuoptions", "mnuHelp"})
         EXPECT_TRUE(IsEntryEnabled(name)) << name;
@@ -318,8 +319,8 @@ TEST_F(MainWindowTest, WaitCursor_EndsWithItsInstance)
 
 TEST_F(MainWindowTest, RecentFiles_StandInTheMenuAboveEnd)
 {
-    window.AddRecentFile("/a/eins.MDB");
-    window.AddRecentFile("/a/R&D.MDB");
+    window.AddFileMRU("/a/eins.MDB");
+    window.AddFileMRU("/a/R&D.MDB");
     const QStringList captions = CaptionsOf("mnuFile");
     EXPECT_EQ(captions.mid(7), (QStringList{"/a/R&&D.MDB", "/a/eins.MDB", "&Beenden"}));
     EXPECT_TRUE(Find<QAction>("mnuFileMRU_0").isVisible()) << "the line above them";
@@ -362,7 +363,7 @@ TEST_F(MainWindowTest, CloseButton_CancelKeepsWindowAndProjectButNoPage)
 {
     OpenInWindow(0);
     window.UnloadAndOpen(1);
-    window.AddRecentFile("/a/eins.MDB");
+    window.AddFileMRU("/a/eins.MDB");
     App().sCompany = QStringLiteral("Werk");
     App().bProjectDirty = true;
     shell.answers = {Answer::Cancel};
@@ -390,9 +391,10 @@ TEST_F(MainWindowTest, Language_NoSavesNothing)
     App().ProgSettings = &settings;
     shell.answers = {Answer::No};
     window.ChooseLanguage("english.lng");
-    EXPECT_EQ(shell.BoxTexts(),
-              QStringList{"Die Änderung der Sprache tritt erst beim nächsten Programmstart in Kraft.\nMöchten sie jetzt "
-                          "einen Neustart von KORVANEL durchführen?"});
+    EXPECT_EQ(
+        shell.BoxTexts(),
+        QStringList{"Die Änderung der Sprache tritt erst beim nächsten Programmstart in Kraft.\nMöchten sie jetzt "
+                    "einen Neustart von KORVANEL durchführen?"});
     EXPECT_EQ(settings.LanguageFile(), "standard");
     EXPECT_EQ(App().iExitAction, kExitNone);
     EXPECT_TRUE(window.isVisible());

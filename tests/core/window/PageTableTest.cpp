@@ -103,7 +103,7 @@ TEST_F(PageTableTest, MachinePage_StandsBetweenNetAndInstrumentInEveryConfigurat
 
 TEST_F(PageTableTest, MeasuringPages_NeedAMachineInConfigurationsTwoAndFive)
 {
-    for (int netConf = 0; netConf < kNetConfCount; ++netConf)
+    for (int netConf = 0; netConf < kNetConfCount; ++netConf) {
         for (const PageEntry& page : Pages()) {
             const bool isMeasuring =
                 page.number == 4 || page.number == 5 || page.number == 6 || page.number == 8 || page.number == 9;
@@ -111,6 +111,7 @@ TEST_F(PageTableTest, MeasuringPages_NeedAMachineInConfigurationsTwoAndFive)
             EXPECT_EQ(MayShowWithoutMachine(page, netConf, false), !isRefused) << page.name << ' ' << netConf;
             EXPECT_TRUE(MayShowWithoutMachine(page, netConf, true)) << page.name << ' ' << netConf;
         }
+    }
 }
 
 TEST_F(PageTableTest, DeviceLabel_StandsOnEditorTableGraphAndPrint)
