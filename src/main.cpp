@@ -11,6 +11,7 @@
 #include "core/clsProgSettings.h"
 #include "core/project/FormF1.h"
 #include "core/project/ProjectCommands.h"
+#include "core/project/ProjectStore.h"
 #include "core/window/FormH2.h"
 #include "core/window/FormLater.h"
 #include "core/window/Help.h"
@@ -117,7 +118,7 @@ int main(int argc, char* argv[])
     InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
     const SystemClock clock;
     App().TheClock = &clock;
-    MainWindow window;
+    MainWindow window({SaveIfDirty, CloseProject});
     App().TheShell = &window;
 
     const QString damagedStore = SetDamagedStoreAside(kSettingsApplication);

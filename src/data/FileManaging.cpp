@@ -75,7 +75,10 @@ bool AppendMeasuredRow()
             row.sMethod = app.MethodLetter.at(static_cast<std::size_t>(app.iCalcMethod));
         const quint8 mark = row.sValidMask == QLatin1String("NNNN") ? 0 : kCorrected;
         Prepared<RowWriter>(RecordsetSlot::Write, app.iNetConfIndex, RowOrigin::Measured)
-            .Append(row, {.set = row.lSet, .time = StoredDateText(PresentMoment()), .mark = mark});
+            .Append(row, {.set = row.lSet,
+                          .time = StoredDateText(PresentMoment()),
+                          .mark = mark,
+                          .isEstimated = app.bModelValid});
     });
 }
 

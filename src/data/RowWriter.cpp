@@ -13,6 +13,10 @@ namespace {
 /// Puts the value of one column into a statement. Positions count from 1.
 void Bind(SQLite::Statement& statement, int position, const ValueColumn& column, tValueRow& row, const RowStamp& stamp)
 {
+    if (column.isEstimate && !stamp.isEstimated) {
+        statement.bind(position);
+        return;
+    }
     switch (column.type) {
     case ColumnType::Key:
         statement.bind(position, stamp.set);

@@ -20,6 +20,7 @@ struct RowStamp
     qint32 set = 0;
     QString time; ///< as stored; empty: null
     quint8 mark = 0;
+    bool isEstimated = true; ///< false leaves speed, torque, shaft power, efficiency and method null
 };
 
 /// Which columns a writer fills.

@@ -92,6 +92,7 @@ constexpr ValueColumn MachineColumn(const char* name, int simulatedPosition)
             .computed = kMachine,
             .appended = kMachineByHand,
             .updated = kMachine,
+            .isEstimate = true,
             .simulatedPosition = simulatedPosition};
 }
 
@@ -172,6 +173,7 @@ constexpr ValueColumn kColumns[] = {
      .computed = kMachine,
      .appended = kMachineByHand,
      .updated = kMachine,
+     .isEstimate = true,
      .simulatedPosition = 9},
 };
 

@@ -42,6 +42,7 @@ struct ValueColumn
     ConfigMask computed = 0;                ///< configurations in which `ComputedValues` has it
     ConfigMask appended = 0;                ///< configurations in which a row made by hand writes it
     ConfigMask updated = 0;                 ///< configurations in which a change of a row writes it
+    bool isEstimate = false;                ///< result of the load estimation; null in a set without one
     int simulatedPosition = 0;              ///< place within `SimulatedValues`, from 1; 0: none
 };
 

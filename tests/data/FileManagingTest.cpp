@@ -42,6 +42,7 @@ TEST_P(EveryConfiguration, ReadRow_GivesBackWhatAppendMeasuredRowStored)
 {
     const int netConf = GetParam();
     CreateProject(netConf);
+    App().bModelValid = true;
     static_cast<tValueRow&>(App().MeasuredRow) = DistinctRow();
     App().MeasuredRow.dt = 7;
     Append(1);
@@ -106,11 +107,31 @@ TEST_F(FileManaging, AppendMeasuredRow_FractionalTimeReachesTheColumnAsWholeNumb
 TEST_F(FileManaging, AppendMeasuredRow_MethodFollowsTheChosenCalculation)
 {
     CreateProject(2);
+    App().bModelValid = true;
     App().iCalcMethod = 0;
     Append(1);
     App().iCalcMethod = 1;
     Append(2);
     EXPECT_EQ(Query("SELECT group_concat(Method) FROM ComputedValues"), "V,P");
+}
+
+TEST_F(FileManaging, AppendMeasuredRow_WithoutAValidMachineNothingIsEstimated)
+{
+    for (const int netConf : {2, 5}) {
+        CreateProject(netConf, QStringLiteral("%1.MDB").arg(netConf));
+        static_cast<tValueRow&>(App().MeasuredRow) = DistinctRow();
+        App().MeasuredRow.dt = 0;
+        Append(1);
+        EXPECT_EQ(
+            Query("SELECT count(*) FROM ComputedValues WHERE n IS NULL AND M IS NULL AND Pmech IS NULL AND eta IS "
+                  "NULL AND Method IS NULL"),
+            "1");
+        OpenDbGuarded();
+        EXPECT_TRUE(ReadRow(1));
+        CloseDbGuarded();
+        EXPECT_EQ(App().CurrentRow.dn, 0);
+        EXPECT_EQ(App().CurrentRow.sMethod, "");
+    }
 }
 
 TEST_F(FileManaging, AppendMeasuredRow_FirstSetAddsNoEnergyWhateverThePower)

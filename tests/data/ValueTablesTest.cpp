@@ -13,6 +13,7 @@ class ValueTables : public ProjectTest
 protected:
     void AppendSets(qint32 count)
     {
+        App().bModelValid = true;
         OpenDbGuarded();
         for (qint32 set = 1; set <= count; ++set) {
             App().MeasuredRow.lSet = set;

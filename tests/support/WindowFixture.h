@@ -19,7 +19,7 @@ namespace korvanel::test {
 class ScriptedWindow : public MainWindow
 {
 public:
-    explicit ScriptedWindow(RecordingShell& ofScript) : script(ofScript) {}
+    explicit ScriptedWindow(RecordingShell& ofScript) : MainWindow({SaveIfDirty, CloseProject}), script(ofScript) {}
     Answer ShowBox(const Box& box) override { return script.ShowBox(box); }
     QString AskOpenPath(const FileQuestion& question) override { return script.AskOpenPath(question); }
     QString AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }

@@ -149,7 +149,7 @@ bool ProgramDriver::IsRefused(const char* what, const QString& name, const QStri
 
 QJsonObject ProgramDriver::Do(const char* what, const QString& name, const QString& text)
 {
-    const QJsonObject answer = Send({{"do", what}, {"name", name}, {"text", text}});
+    QJsonObject answer = Send({{"do", what}, {"name", name}, {"text", text}});
     if (!answer["ok"].toBool())
         throw DriverError(std::string(what) + ": " + answer["error"].toString().toStdString());
     return answer;
@@ -168,7 +168,8 @@ QJsonObject ProgramDriver::Send(const QJsonObject& command)
 
 QJsonObject ProgramDriver::FindWindow(const QString& name)
 {
-    for (const QJsonValue& window : Do("windows")["windows"].toArray())
+    const QJsonArray windows = Do("windows")["windows"].toArray();
+    for (const auto& window : windows)
         if (window.toObject()["name"].toString() == name)
             return window.toObject();
     return {};

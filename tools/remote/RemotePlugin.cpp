@@ -1,57 +1,35 @@
-// A plugin of the toolkit that opens a local socket in the running program and carries out the commands that come in,
-// one JSON object a line. It is loaded only when the environment asks for it; the program itself knows nothing of it.
+#include "RemotePlugin.h"
+
 #include "RemoteCommands.h"
 
-#include <QGenericPlugin>
 #include <QJsonDocument>
-#include <QLocalServer>
 #include <QLocalSocket>
 
 namespace korvanel::remote {
 
-class Server : public QObject
+Server::Server(const QString& name)
 {
-    Q_OBJECT
+    QLocalServer::removeServer(name);
+    connect(&server, &QLocalServer::newConnection, this, &Server::Accept);
+    server.listen(name);
+}
 
-public:
-    explicit Server(const QString& name)
-    {
-        QLocalServer::removeServer(name);
-        connect(&server, &QLocalServer::newConnection, this, &Server::Accept);
-        server.listen(name);
-    }
-
-private:
-    void Accept()
-    {
-        QLocalSocket* socket = server.nextPendingConnection();
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QLocalSocket::readyRead, this, [socket] {
-            while (socket->canReadLine()) {
-                const QJsonObject answer = Execute(QJsonDocument::fromJson(socket->readLine()).object());
-                socket->write(QJsonDocument(answer).toJson(QJsonDocument::Compact) + '\n');
-                socket->flush();
-            }
-        });
-    }
-
-    QLocalServer server;
-};
-
-class RemotePlugin : public QGenericPlugin
+void Server::Accept()
 {
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "remote.json")
+    QLocalSocket* socket = server.nextPendingConnection();
+    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    connect(socket, &QLocalSocket::readyRead, this, [socket] {
+        while (socket->canReadLine()) {
+            const QJsonObject answer = Execute(QJsonDocument::fromJson(socket->readLine()).object());
+            socket->write(QJsonDocument(answer).toJson(QJsonDocument::Compact) + '\n');
+            socket->flush();
+        }
+    });
+}
 
-public:
-    /// Answers to the key "korvanelremote"; what follows it behind a colon is the name of the socket.
-    QObject* create(const QString& key, const QString& socketName) override
-    {
-        return key.compare(QLatin1String("korvanelremote"), Qt::CaseInsensitive) == 0 ? new Server(socketName)
-                                                                                      : nullptr;
-    }
-};
+QObject* RemotePlugin::create(const QString& key, const QString& socketName)
+{
+    return key.compare(QLatin1String("korvanelremote"), Qt::CaseInsensitive) == 0 ? new Server(socketName) : nullptr;
+}
 
 } // namespace korvanel::remote
-
-#include "RemotePlugin.moc"

@@ -2,31 +2,26 @@
 
 #include "core/Common.h"
 #include "core/Messages.h"
-#include "core/NumberText.h"
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
 #include "core/clsWaitCursor.h"
-#include "core/project/ProjectCommands.h"
-#include "core/project/ProjectStore.h"
 #include "core/window/Dialogs.h"
 #include "core/window/MainMenu.h"
 #include "core/window/Page.h"
 #include "core/window/PageTable.h"
+#include "core/window/StatusPanels.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPrinterInfo>
 #include <QProcess>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QStatusBar>
 
-#include <cmath>
+#include <algorithm>
 
 namespace korvanel {
 
@@ -36,41 +31,26 @@ const QString kRecentSection = QStringLiteral("MRU");
 
 } // namespace
 
-MainWindow::MainWindow() : menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this))
+MainWindow::MainWindow(ProjectHooks hooks)
+    : project(std::move(hooks)), menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this)),
+      panels(new StatusPanels)
 {
     setObjectName(QStringLiteral("MainForm"));
     area->setObjectName(QStringLiteral("mdiFrame"));
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area);
-    BuildStatusBar();
+    setStatusBar(panels);
     resize(kPageWidth + 200, kPageHeight + 160);
     recentFiles.Init(*menu, kSettingsApplication, kRecentSection);
 }
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::BuildStatusBar()
-{
-    const auto panel = [this](const char* name, int stretch) {
-        auto* label = new QLabel;
-        label->setObjectName(QLatin1String(name));
-        label->setTextFormat(Qt::PlainText);
-        statusBar()->addWidget(label, stretch);
-        return label;
-    };
-    constexpr int kPercentWidth = 140;
-    programPanel = panel("lblPanel_0", 1);
-    filePanel = panel("lblPanel_1", 2);
-    percentPanel = panel("lblPanel_2", 0);
-    percentPanel->setFixedWidth(kPercentWidth);
-    percentPanel->setAlignment(Qt::AlignCenter);
-}
-
 void MainWindow::ApplyMainTexts()
 {
     setWindowTitle(App().sProgramTitle);
-    programPanel->setText(App().sProgramTitle + App().sVersion);
+    panels->ShowProgram(App().sProgramTitle + App().sVersion);
     menu->ApplyTexts();
 }
 
@@ -94,7 +74,7 @@ void MainWindow::UnloadPage()
         return;
     App().lPageLeft = pageFrame->x();
     App().lPageTop = pageFrame->y();
-    SaveIfDirty();
+    project.saveIfDirty();
     LeavePage();
     // The page may be the one whose button is being answered, so it goes when the event is over.
     Page* left = page;
@@ -178,7 +158,7 @@ void MainWindow::SetPageButtons(bool areEnabled)
 
 void MainWindow::RefreshStatusBar()
 {
-    filePanel->setText(FileNameOf(App().sProjectPath));
+    panels->ShowFile(FileNameOf(App().sProjectPath));
     RefreshCaption();
 }
 
@@ -221,32 +201,15 @@ void MainWindow::ShowProgress(Progress mode, double fraction)
         return;
     switch (mode) {
     case Progress::Begin:
-        if (!progressBar) {
-            progressBar = new QProgressBar(percentPanel);
-            progressBar->setObjectName(QStringLiteral("prgProgress"));
-            progressBar->setTextVisible(false);
-        }
-        progressBar->setValue(0);
-        progressBar->setGeometry(percentPanel->rect());
-        progressBar->show();
+        panels->BeginProgress();
         SetBusyMenus(false);
         break;
-    case Progress::Advance: {
-        if (!progressBar || !(fraction >= 0 && fraction < 1))
-            return;
-        const int percent = static_cast<int>(std::floor(fraction * 100));
-        if (percent != progressBar->value()) {
-            progressBar->setValue(percent);
-            percentPanel->setText(
-                FillPlaceholders(Texts().percentPanel, {QString::number(std::round(fraction * 100))}));
+    case Progress::Advance:
+        if (panels->Advance(fraction))
             QApplication::processEvents();
-        }
         break;
-    }
     case Progress::End:
-        if (progressBar)
-            progressBar->hide();
-        percentPanel->clear();
+        panels->EndProgress();
         SetBusyMenus(true);
         RefreshPage();
         break;
@@ -287,7 +250,7 @@ QString MainWindow::DefaultPrinterName()
 void MainWindow::EndProgram()
 {
     UnloadPage();
-    if (CloseProject())
+    if (project.close())
         close();
 }
 
@@ -305,10 +268,10 @@ void MainWindow::ChooseLanguage(const QString& languageFile)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     RunGuarded(objectName(), [this, event] {
-        const bool isClosing = CloseProject();
+        const bool isClosing = project.close();
         event->setAccepted(isClosing);
         // A cancelled closing goes on all the same: the user keeps the window and the project, without a page.
-        SaveIfDirty();
+        project.saveIfDirty();
         UnloadPage();
         recentFiles.StoreSettings(kSettingsApplication, kRecentSection);
         for (QWidget* other : QApplication::topLevelWidgets())

@@ -12,27 +12,34 @@
 #include <map>
 #include <memory>
 
-class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
-class QProgressBar;
 
 namespace korvanel {
 
 class MainMenu;
 class MainWindow;
 class Page;
+class StatusPanels;
 struct PageEntry;
 
 /// Makes a page when it is shown.
 using PageBuilder = std::function<Page*(MainWindow&, const PageEntry&)>;
+
+/// What the window asks of the project when a page is left and when it closes. The project's own page stands on the
+/// window, so the window knows the project by these alone.
+struct ProjectHooks
+{
+    std::function<void()> saveIfDirty;
+    std::function<bool()> close; ///< false if the user cancels
+};
 
 class MainWindow : public QMainWindow, public Shell
 {
     Q_OBJECT
 
 public:
-    MainWindow();
+    explicit MainWindow(ProjectHooks hooks);
     ~MainWindow() override;
 
     /// The builder of a page; the composition root registers one for each number.
@@ -83,20 +90,17 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void BuildStatusBar();
     void PlacePage(QMdiSubWindow& frame);
 
+    ProjectHooks project;
     std::unique_ptr<MainMenu> menu;
     clsMRUMenu recentFiles;
     std::map<int, PageBuilder> builders;
     std::function<bool()> isMachinePageAllowed = [] { return true; };
     QMdiArea* area;
+    StatusPanels* panels;
     QPointer<Page> page;
     QPointer<QMdiSubWindow> pageFrame;
-    QLabel* programPanel = nullptr;
-    QLabel* filePanel = nullptr;
-    QLabel* percentPanel = nullptr;
-    QProgressBar* progressBar = nullptr;
 };
 
 } // namespace korvanel

@@ -1,0 +1,71 @@
+#include "core/window/StatusPanels.h"
+
+#include "core/NumberText.h"
+#include "core/Texts.h"
+
+#include <QLabel>
+#include <QProgressBar>
+
+#include <cmath>
+
+namespace korvanel {
+
+StatusPanels::StatusPanels()
+    : programPanel(AddPanel("lblPanel_0", 1)), filePanel(AddPanel("lblPanel_1", 2)),
+      percentPanel(AddPanel("lblPanel_2", 0))
+{
+    constexpr int kPercentWidth = 140;
+    percentPanel->setFixedWidth(kPercentWidth);
+    percentPanel->setAlignment(Qt::AlignCenter);
+}
+
+QLabel* StatusPanels::AddPanel(const char* name, int stretch)
+{
+    auto* label = new QLabel;
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);
+    addWidget(label, stretch);
+    return label;
+}
+
+void StatusPanels::ShowProgram(const QString& text)
+{
+    programPanel->setText(text);
+}
+void StatusPanels::ShowFile(const QString& name)
+{
+    filePanel->setText(name);
+}
+
+void StatusPanels::BeginProgress()
+{
+    if (!progressBar) {
+        progressBar = new QProgressBar(percentPanel);
+        progressBar->setObjectName(QStringLiteral("prgProgress"));
+        progressBar->setTextVisible(false);
+    }
+    progressBar->setValue(0);
+    progressBar->setGeometry(percentPanel->rect());
+    progressBar->show();
+}
+
+bool StatusPanels::Advance(double share)
+{
+    if (!progressBar || !(share >= 0 && share < 1))
+        return false;
+    const int percent = static_cast<int>(std::floor(share * 100));
+    if (percent == progressBar->value())
+        return false;
+    progressBar->setValue(percent);
+    percentPanel->setText(FillPlaceholders(Texts().percentPanel, {QString::number(std::round(share * 100))}));
+    return true;
+}
+
+void StatusPanels::EndProgress()
+{
+    if (progressBar)
+        progressBar->hide();
+    percentPanel->clear();
+}
+
+} // namespace korvanel

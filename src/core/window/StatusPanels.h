@@ -1,0 +1,35 @@
+// The status bar: program and version, file of the project, and the share of a long operation with a progress bar over
+// it.
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+class QProgressBar;
+
+namespace korvanel {
+
+class StatusPanels : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    StatusPanels();
+    void ShowProgram(const QString& text);
+    void ShowFile(const QString& name);
+
+    void BeginProgress();
+    /// Shows a share from 0 up to below 1; any other is ignored. True if what is shown has changed.
+    bool Advance(double share);
+    void EndProgress();
+
+private:
+    QLabel* AddPanel(const char* name, int stretch);
+
+    QLabel* programPanel;
+    QLabel* filePanel;
+    QLabel* percentPanel;
+    QProgressBar* progressBar = nullptr;
+};
+
+} // namespace korvanel
