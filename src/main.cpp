@@ -31,6 +31,8 @@
 #include <QPixmap>
 #include <QTranslator>
 
+#include <optional>
+
 using namespace korvanel;
 
 namespace {
@@ -121,7 +123,7 @@ int main(int argc, char* argv[])
     MainWindow window({SaveIfDirty, CloseProject});
     App().TheShell = &window;
 
-    const QString damagedStore = SetDamagedStoreAside(kSettingsApplication);
+    const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
     clsGraphColours colours(kSettingsApplication);
     App().GraphColours = &colours;
     RunGuarded(QStringLiteral("clsGraphColours"), [&] { colours.ReadSettings(); });
@@ -130,8 +132,8 @@ int main(int argc, char* argv[])
     clsProgSettings settings(App().sProgramDir);
     App().ProgSettings = &settings;
     App().sMotorDbPath = settings.MotorDatabase();
-    if (!damagedStore.isEmpty())
-        ShowError(FillPlaceholders(Texts().settingsDamaged, {damagedStore}));
+    if (damagedStore)
+        ShowError(FillPlaceholders(Texts().settingsDamaged, {*damagedStore}));
 
     const QString projects = App().sProjectLabel; // a missing logo changes the label
     const QPixmap logo = LoadLogo();
@@ -146,7 +148,7 @@ int main(int argc, char* argv[])
     if (settings.LanguageFile() == kStandardLanguage)
         TranslateToolkit(application);
     window.ApplyMainTexts();
-    window.Menu().SetLanguages(languages.names, languages.files, settings.LanguageFile(),
+    window.Menu().SetLanguages(languages.LangNames, languages.LangFiles, settings.LanguageFile(),
                                [&window](const QString& file) { window.ChooseLanguage(file); });
     window.show();
     startScreen.ShowInFront();

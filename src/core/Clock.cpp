@@ -7,7 +7,8 @@ namespace korvanel {
 QDateTime PresentMoment()
 {
     const QDateTime now = App().TheClock ? App().TheClock->Now() : SystemClock().Now();
-    return now.addMSecs(-now.time().msec());
+    const QTime time = now.time();
+    return {now.date(), QTime(time.hour(), time.minute(), time.second()), Qt::UTC};
 }
 
 } // namespace korvanel

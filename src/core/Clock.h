@@ -20,7 +20,8 @@ public:
     QDateTime Now() const override { return QDateTime::currentDateTime(); }
 };
 
-/// Present local date and time, cut to whole seconds as the project file stores them.
+/// Present local date and time, cut to whole seconds as the project file stores them: what the clock on the wall shows,
+/// without a zone, so that an hour that daylight saving skips or repeats is a time like any other.
 QDateTime PresentMoment();
 
 } // namespace korvanel

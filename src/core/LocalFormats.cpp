@@ -26,7 +26,7 @@ QChar OtherDecimalCharOf(QChar decimalChar)
 
 QDateTime ZeroDate()
 {
-    static const QDateTime zero(QDate(1899, 12, 30), QTime(0, 0, 0));
+    static const QDateTime zero(QDate(1899, 12, 30), QTime(0, 0, 0), Qt::UTC);
     return zero;
 }
 
@@ -159,11 +159,10 @@ QString StoredDateText(const QDateTime& moment)
 
 QDateTime DateFromStoredText(const QString& text)
 {
-    // Date and time are read apart: an hour that daylight saving skips here may exist where the file was written.
     constexpr qsizetype kDateLength = 10;
     const QDate date = QDate::fromString(text.left(kDateLength), QStringLiteral("yyyy-MM-dd"));
     const QTime time = QTime::fromString(text.mid(kDateLength), QStringLiteral(" HH:mm:ss"));
-    return date.isValid() && time.isValid() ? QDateTime(date, time) : QDateTime();
+    return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
 }
 
 } // namespace korvanel

@@ -34,7 +34,8 @@ QString GeneralDateText(const QDateTime& moment);
 /// ISO text as the project file stores it, "YYYY-MM-DD HH:MM:SS", local time.
 QString StoredDateText(const QDateTime& moment);
 
-/// Reads `StoredDateText`; an invalid date for any other text.
+/// Reads `StoredDateText`; an invalid date for any other text. The moment has no zone: an hour that daylight saving
+/// skips here may exist where the file was written.
 QDateTime DateFromStoredText(const QString& text);
 
 } // namespace korvanel

@@ -54,7 +54,7 @@ void ShowNotFound(const QString& path)
 
 void ConfirmDelete(const QString& fileName)
 {
-    if (Ask(Texts().reallyDelete, fileName) == Answer::No)
+    if (Ask(Texts().reallyDelete, fileName) != Answer::Yes)
         App().bFileError = true;
 }
 

@@ -236,6 +236,10 @@ double NiceStep(double x, double low, double high)
 
 QString SecondsToTime(double seconds, bool withFraction)
 {
+    constexpr double kLongest = 9e15; // beyond it a double counts no single seconds
+    if (!std::isfinite(seconds))
+        seconds = 0;
+    seconds = Clamp(seconds, -kLongest, kLongest);
     const double whole = std::floor(seconds);
     const auto total = static_cast<qint64>(whole);
     const auto hundredths = static_cast<int>(std::floor((seconds - whole) * 100));

@@ -9,6 +9,7 @@ namespace {
 struct Session
 {
     std::unique_ptr<TableDb> database;
+    QString path; ///< of the open database
     std::array<std::unique_ptr<Recordset>, static_cast<std::size_t>(RecordsetSlot::kCount)> recordsets;
     int openings = 0;
 };
@@ -24,8 +25,12 @@ Session& Current()
 void OpenProjectDb()
 {
     Session& session = Current();
-    if (!session.database)
+    if (!session.database) {
         session.database = std::make_unique<TableDb>(TableDb::Open(App().sProjectPath));
+        session.path = App().sProjectPath;
+    } else if (session.path != App().sProjectPath) {
+        throw DbError("another project is still open: " + session.path.toStdString());
+    }
     ++session.openings;
 }
 

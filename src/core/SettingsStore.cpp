@@ -20,6 +20,14 @@ QSettings OpenStore(const QString& application)
     return {kStoreFormat, QSettings::UserScope, application, application};
 }
 
+bool isAnyValueLost = false;
+
+void Synchronise(QSettings& store)
+{
+    store.sync();
+    isAnyValueLost = isAnyValueLost || store.status() == QSettings::AccessError;
+}
+
 } // namespace
 
 std::map<QString, QString> ReadSection(const QString& application, const QString& section)
@@ -46,22 +54,27 @@ void StoreValue(const QString& application, const QString& section, const QStrin
     store.beginGroup(section);
     store.setValue(key, value);
     store.endGroup();
-    store.sync();
+    Synchronise(store);
 }
 
 void DeleteSection(const QString& application, const QString& section)
 {
     QSettings store = OpenStore(application);
     store.remove(section);
-    store.sync();
+    Synchronise(store);
 }
 
-QString SetDamagedStoreAside(const QString& application)
+bool IsAnyValueLost()
+{
+    return isAnyValueLost;
+}
+
+std::optional<QString> SetDamagedStoreAside(const QString& application)
 {
     const QSettings store = OpenStore(application);
     store.allKeys(); // sections are parsed when they are first looked at
     if (store.status() != QSettings::FormatError)
-        return {};
+        return std::nullopt;
     const QString copy = store.fileName() + QStringLiteral(".bak");
     return CopyFileReplacing(store.fileName(), copy).isEmpty() ? copy : QString();
 }

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <map>
+#include <optional>
 
 namespace korvanel {
 
@@ -17,8 +18,11 @@ void StoreValue(const QString& application, const QString& section, const QStrin
 
 void DeleteSection(const QString& application, const QString& section);
 
+/// True if a value could not be stored since the start, as on a full disk or without the right to write.
+bool IsAnyValueLost();
+
 /// Looks at the store before its first use. A damaged one is copied aside, since the next write would replace it.
-/// Returns the path of the copy, or an empty text if the store is sound or new.
-QString SetDamagedStoreAside(const QString& application);
+/// Returns the path of the copy, empty if it could not be made; nothing if the store is sound or new.
+std::optional<QString> SetDamagedStoreAside(const QString& application);
 
 } // namespace korvanel

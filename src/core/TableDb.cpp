@@ -1,5 +1,8 @@
 #include "core/TableDb.h"
 
+#include "core/Texts.h"
+
+#include <QFile>
 #include <QFileInfo>
 
 #include <sqlite3.h>
@@ -41,7 +44,7 @@ TableDb TableDb::Open(const QString& path)
 TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersion)
 {
     if (QFileInfo::exists(path))
-        throw DbError("file exists already");
+        throw DbError(Texts().fileExists.toStdString());
     return WithDbErrors([&] {
         TableDb db(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs));
         db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));
@@ -76,13 +79,31 @@ void TableDb::DropTable(const QString& name)
         Execute(QStringLiteral("DROP TABLE %1;").arg(BracketedName(name)));
 }
 
-void TableDb::RequirePlainTables()
+void TableDb::RequirePlainTables(std::initializer_list<const char*> names)
 {
     WithDbErrors([&] {
-        SQLite::Statement query(database, "SELECT name FROM sqlite_schema WHERE type IN ('trigger','view') LIMIT 1");
-        if (query.executeStep())
-            throw DbError("unexpected trigger or view: " + query.getColumn(0).getString());
+        SQLite::Statement query(database,
+                                "SELECT 1 FROM sqlite_schema WHERE (type='view' AND name=?1 COLLATE NOCASE) OR "
+                                "(type='trigger' AND tbl_name=?1 COLLATE NOCASE)");
+        for (const char* name : names) {
+            query.reset();
+            query.bind(1, name);
+            if (query.executeStep())
+                throw DbError(std::string("unexpected view or trigger: ") + name);
+        }
     });
+}
+
+void TableDb::UseRollbackJournal()
+{
+    if (!IsReadOnly())
+        Execute(QStringLiteral("PRAGMA journal_mode=DELETE"));
+}
+
+void RemoveJournals(const QString& path)
+{
+    for (const char* ending : {"-journal", "-wal", "-shm"})
+        QFile::remove(path + QLatin1String(ending));
 }
 
 DbTransaction::DbTransaction(TableDb& db)

@@ -42,9 +42,12 @@ public:
     bool TableExists(const QString& name);
     /// Drops the table if it exists.
     void DropTable(const QString& name);
-    /// Throws if the file holds triggers or views: this program writes none, and a foreign one could change what is
-    /// read or stored behind its back.
-    void RequirePlainTables();
+    /// Throws if one of these names is a view or has a trigger: this program makes none, and a foreign one could change
+    /// what is read or stored behind its back.
+    void RequirePlainTables(std::initializer_list<const char*> names);
+    /// Brings a file that another program has switched to a write-ahead log back to the rollback journal, so that the
+    /// file alone is the whole project.
+    void UseRollbackJournal();
 
 private:
     explicit TableDb(SQLite::Database&& opened);
@@ -67,6 +70,10 @@ private:
     bool isOutermost;
     bool isOpen;
 };
+
+/// Deletes what the engine has left beside a file that is to go: a journal that stays would be played into the next
+/// file of that name.
+void RemoveJournals(const QString& path);
 
 /// The engine's statement text for a name: in square brackets, as a bracket can't stand within.
 QString BracketedName(const QString& name);

@@ -23,7 +23,7 @@ bool RowOperation(const QString& complaint, Routine&& routine)
     try {
         routine();
         return true;
-    } catch (const DbError& error) {
+    } catch (const std::exception& error) {
         ++App().iFileErrors;
         ShowError(complaint + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;
@@ -66,6 +66,7 @@ bool AppendMeasuredRow()
 {
     return RowOperation(Texts().cannotWriteFile, [] {
         ApplicationBlock& app = App();
+        app.bEvaluated = 0;
         tMeasuredRow& row = app.MeasuredRow;
         if (HasRegisters(app.iNetConfIndex))
             FormRelativeEnergies();
@@ -85,6 +86,7 @@ bool AppendMeasuredRow()
 bool AppendRow(qint32 set)
 {
     return RowOperation(Texts().cannotWriteFile, [set] {
+        App().bEvaluated = 0;
         tValueRow row = App().CurrentRow;
         row.dWp = row.dWpPlus = row.dWpMinus = row.dWq = 0;
         Prepared<RowWriter>(RecordsetSlot::Append, App().iNetConfIndex, RowOrigin::ByHand)
@@ -105,11 +107,12 @@ bool ReadRow(qint32 set, bool fromTemp)
     return RowOperation(Texts().cannotReadFile, [set, fromTemp] {
         SetQuery& query = PreparedQuery(fromTemp ? SetSource::Scratch : SetSource::Measured);
         query.Seek(set);
-        if (!query.Step())
-            return;
-        App().lLastReadSet = set;
-        query.Fill(App().CurrentRow);
-        App().sTimeText = DateTimeTextOfStored(query.StoredTime());
+        if (query.Step()) {
+            App().lLastReadSet = set;
+            query.Fill(App().CurrentRow);
+            App().sTimeText = DateTimeTextOfStored(query.StoredTime());
+        }
+        query.Release();
     });
 }
 
@@ -126,6 +129,7 @@ bool ReadSimulatedRow(qint32 set)
         query.Seek(set);
         if (query.Step())
             query.Fill(App().SimulatedRow);
+        query.Release();
     });
 }
 

@@ -84,7 +84,7 @@ qint64 WholeSeconds(double seconds)
     // Beyond these limits a double has no whole-number twin; such a time is no time.
     constexpr double kLimit = 9e15;
     if (!(std::abs(seconds) < kLimit))
-        throw DbError("time out of range");
+        throw DbError(Texts().timeOutOfRange.toStdString());
     return static_cast<qint64>(std::nearbyint(seconds));
 }
 

@@ -101,6 +101,11 @@ void SetQuery::Seek(qint32 set)
     sqlite3_bind_int(statement, 1, set);
 }
 
+void SetQuery::Release()
+{
+    sqlite3_reset(statement);
+}
+
 bool SetQuery::Step()
 {
     const int result = sqlite3_step(statement);

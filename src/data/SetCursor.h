@@ -39,6 +39,8 @@ public:
     void Seek(qint32 set);
     /// Steps to the next row; false at the end. Throws DbError.
     bool Step();
+    /// Gives up the present row, so that the file is locked no longer than needed.
+    void Release();
     /// Number of the set of the present row.
     qint32 Set() const;
     /// Fills the fields that the configuration stores and leaves the others. Nulls and texts read as numbers give 0.

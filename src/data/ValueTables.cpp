@@ -32,6 +32,7 @@ void ClearValues()
     ProjectDb().Execute(QStringLiteral("DELETE FROM [ComputedValues];"));
     DropTable(QLatin1String(TableName(ValueTable::Simulated)));
     transaction.Commit();
+    App().bEvaluated = 0;
 }
 
 void CreateSimulatedTable()
@@ -47,6 +48,15 @@ qint32 CountSets()
                                 std::string("SELECT COUNT(SampledValues.[Set]) AS Result FROM ") + kMeasuredJoin + ";");
         query.executeStep();
         return query.getColumn(0).getInt();
+    });
+}
+
+bool HasSamples()
+{
+    const ProjectDbScope scope;
+    return WithDbErrors([] {
+        SQLite::Statement query(ProjectDb().Handle(), "SELECT 1 FROM SampledValues LIMIT 1");
+        return query.executeStep();
     });
 }
 

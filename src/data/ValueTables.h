@@ -22,10 +22,13 @@ void ClearValues();
 /// Creates the table of the simulated sets. Throws DbError.
 void CreateSimulatedTable();
 
-/// Number of sets; 0 if the tables can't be read.
+/// Number of sets. Throws DbError if the tables can't be read.
 qint32 CountSets();
 
-/// Counts the sets into the block; true if there is at least one.
+/// Whether anything has been recorded, were it only in the table of the samples. Throws DbError.
+bool HasSamples();
+
+/// Counts the sets into the block; true if there is at least one. Tables that can't be read count as empty.
 bool RefreshSetCount();
 
 /// Recounts the sets and, if there are any, writes the duration of the recording into the header.

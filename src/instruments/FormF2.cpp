@@ -1,7 +1,6 @@
 #include "instruments/FormF2.h"
 
 #include "core/Common.h"
-#include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "instruments/NetConfigurationChange.h"
@@ -61,7 +60,7 @@ FormF2::FormF2(MainWindow& window, const PageEntry& entry)
     Body().addLayout(row, 1);
     connect(options, &QButtonGroup::idToggled, this, [this](int netConf, bool isChecked) {
         if (isChecked && !isChoosing)
-            RunGuarded(QStringLiteral("optNetConf"), [this, netConf] { Choose(netConf); });
+            Guarded([this, netConf] { Choose(netConf); });
     });
 }
 

@@ -12,8 +12,16 @@ namespace korvanel {
 
 namespace {
 
-bool IsLossAgreed()
+/// True if nothing is recorded or the user agrees to lose it. What can't be read is not given up.
+bool MayLoseSamples()
 {
+    try {
+        if (!HasSamples())
+            return true;
+    } catch (const DbError& error) {
+        ShowError(Texts().cannotReadFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        return false;
+    }
     return App().TheShell->ShowBox({App().sProgramTitle.trimmed(), Texts().changeDeletesValues, BoxIcon::Question,
                                     BoxButtons::YesNo, Answer::No}) == Answer::Yes;
 }
@@ -37,22 +45,25 @@ bool ChangeNetConfiguration(int netConf)
     ApplicationBlock& app = App();
     if (netConf == app.iNetConfIndex)
         return true;
-    RefreshSetCount();
-    if (app.iSetCount > 0 && !IsLossAgreed())
+    if (!MayLoseSamples())
         return false;
 
-    const ApplicationBlock before = app;
+    const qint16 formerNetConf = app.iNetConfIndex;
+    const bool wasSimulated = app.bASMSim;
+    const QDateTime formerlySaved = app.dtProjectSaved;
     app.iNetConfIndex = static_cast<qint16>(netConf);
     app.bASMSim = false; // the simulated sets go with the tables
-    app.bModelValid = app.bModelValid && HasMachine(netConf);
     app.dtProjectSaved = PresentMoment();
     try {
         RebuildTables();
     } catch (const DbError& error) {
-        app = before;
+        app.iNetConfIndex = formerNetConf;
+        app.bASMSim = wasSimulated;
+        app.dtProjectSaved = formerlySaved;
         ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;
     }
+    app.bModelValid = app.bModelValid && HasMachine(netConf);
     app.iSetCount = 0;
     app.iCurrentSet = 1;
     app.bEvaluated = 0;

@@ -47,8 +47,8 @@ Languages FindLanguages()
     const QDir folder(LanguageFolder());
     for (const QString& file : folder.entryList({QStringLiteral("*.lng")}, QDir::Files)) {
         if (const std::optional<QString> name = LanguageName(folder.filePath(file))) {
-            languages.names << *name;
-            languages.files << file;
+            languages.LangNames << *name;
+            languages.LangFiles << file;
         }
     }
     return languages;

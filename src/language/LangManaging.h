@@ -11,8 +11,8 @@ inline const QString kStandardLanguage = QStringLiteral("standard");
 
 struct Languages
 {
-    QStringList names; ///< as shown in the menu; the first is "standard"
-    QStringList files;
+    QStringList LangNames; ///< as shown in the menu; the first is "standard"
+    QStringList LangFiles;
 };
 
 /// "standard" and the language files of the program's folder, in the order of the directory.

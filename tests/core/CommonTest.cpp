@@ -118,11 +118,6 @@ TEST_F(CommonTest, StartUp_KeepsTheObjectsOfOtherRooms)
     EXPECT_EQ(App().TheClock, &clock);
 }
 
-TEST_F(CommonTest, App_IsOneBlock)
-{
-    EXPECT_EQ(&App(), &App());
-}
-
 TEST_F(CommonTest, IsAron_OnlyInNetConfigurationOne)
 {
     for (qint16 netConf = 0; netConf < kNetConfCount; ++netConf) {

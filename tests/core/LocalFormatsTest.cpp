@@ -4,6 +4,8 @@
 
 #include "support/Fixture.h"
 
+#include <ctime>
+
 namespace korvanel::test {
 
 TEST(LocalFormatsTest, FormatLocale_OfASystemWithoutLocaleIsGerman)
@@ -70,6 +72,20 @@ TEST(LocalFormatsTest, DateFromStoredText_OfAnyOtherTextIsInvalid)
     for (const char* text : {"", "2026-03-04", "04.03.2026 05:06:07", "2026-13-04 05:06:07", "2026-02-30 05:06:07",
                              "2026-03-04 24:00:00", "2026-03-04 05:06:07 UTC", "2026-03-04T05:06:07", "garbage"})
         EXPECT_FALSE(DateFromStoredText(text).isValid()) << text;
+}
+
+TEST_F(LocalFormatsTest, StoredMoment_InTheHourThatDaylightSavingSkipsIsATimeLikeAnyOther)
+{
+    const QByteArray former = qgetenv("TZ");
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+    tzset();
+    const QDateTime moment = DateFromStoredText("2026-03-29 02:30:00");
+    EXPECT_TRUE(moment.isValid());
+    EXPECT_EQ(StoredDateText(moment), "2026-03-29 02:30:00");
+    EXPECT_EQ(DateFromStoredText("2026-03-29 03:30:00").toSecsSinceEpoch() - moment.toSecsSinceEpoch(), 3600)
+        << "whole seconds of calendar time";
+    qputenv("TZ", former);
+    tzset();
 }
 
 } // namespace korvanel::test

@@ -128,9 +128,9 @@ TEST_F(SettingsTest, HandWrittenTextWithCommas_ReadsAsOneText)
 
 TEST_F(SettingsTest, SetDamagedStoreAside_LeavesASoundOrNewStoreAlone)
 {
-    EXPECT_EQ(SetDamagedStoreAside(kSettingsApplication), "");
+    EXPECT_EQ(SetDamagedStoreAside(kSettingsApplication), std::nullopt);
     Put("a", "1");
-    EXPECT_EQ(SetDamagedStoreAside(kSettingsApplication), "");
+    EXPECT_EQ(SetDamagedStoreAside(kSettingsApplication), std::nullopt);
     EXPECT_FALSE(QFile::exists(StorePath() + ".bak"));
 }
 
@@ -138,9 +138,9 @@ TEST_F(SettingsTest, SetDamagedStoreAside_CopiesADamagedStoreBeforeItIsReplaced)
 {
     const QByteArray content = "[Settings]\nCycles=7\nno key here\n\xFF\xFE\x01\n[broken\n";
     WriteStore(content);
-    const QString copy = SetDamagedStoreAside(kSettingsApplication);
-    ASSERT_NE(copy, "");
-    QFile file(copy);
+    const std::optional<QString> copy = SetDamagedStoreAside(kSettingsApplication);
+    ASSERT_TRUE(copy);
+    QFile file(*copy);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), content);
 }
@@ -148,7 +148,7 @@ TEST_F(SettingsTest, SetDamagedStoreAside_CopiesADamagedStoreBeforeItIsReplaced)
 TEST_F(SettingsTest, DamagedStore_StillTakesNewValues)
 {
     WriteStore("no key here\n[broken\n");
-    ASSERT_NE(SetDamagedStoreAside(kSettingsApplication), "");
+    ASSERT_TRUE(SetDamagedStoreAside(kSettingsApplication));
     clsProgSettings(program).SetCycles(25);
     EXPECT_EQ(clsProgSettings(program).Cycles(), 25);
 }

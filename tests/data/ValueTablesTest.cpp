@@ -129,7 +129,7 @@ TEST_F(ValueTables, SetCursor_FollowsTheLetterOfEachRow)
     EXPECT_EQ(methods, (QStringList{"P", "V", "", "P"}));
 }
 
-TEST_F(ValueTables, ColumnLayout_OfEveryConfigurationIsAsTold)
+TEST_F(ValueTables, ColumnLayout_ListsTheColumnsOfEveryConfiguration)
 {
     using L = std::vector<qint16>;
     const L derived{0, 1, 2, 3, 5, 4, 11, 6, 12, 14, 15, 13, -1, -2};

@@ -261,6 +261,60 @@ TEST_F(ProgramTest, RecentFileThatIsGoneIsToldAndStaysOnTheList)
     EXPECT_EQ(program.Text("mnuFileMRU_1"), PathOf("weg.MDB"));
 }
 
+TEST_F(ProgramTest, MissingFolderOfProjectsIsNoObstacleAndIsMadeByNew)
+{
+    const QString installed = InstallProgram();
+    ASSERT_TRUE(QDir(PathOf("program")).rmdir("PROJECTS"));
+    ProgramDriver program(settings, installed);
+    program.Start();
+    EXPECT_EQ(program.WaitForWindow("MainForm")["title"].toString(), "KORVANEL ");
+    program.Trigger("mnuOpen");
+    program.GivePath({});
+    EXPECT_EQ(program.AnswerBox("OK"), "Keine Datei ausgewählt!");
+    program.WaitForQuiet();
+    NewProject(program, PathOf("program/PROJECTS/x"));
+    EXPECT_TRUE(QFile::exists(PathOf("program/PROJECTS/x.MDB")));
+}
+
+TEST_F(ProgramTest, OpeningAListedFileBringsItToTheTopWithoutASecondEntry)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    for (const char* name : {"eins.MDB", "zwei.MDB"}) {
+        NewProject(program, PathOf(name));
+        program.Trigger("mnuClose");
+        program.WaitUntilGone("FormF1");
+        program.Trigger("mnuOpen");
+        program.GivePath(PathOf(name));
+        program.WaitForControl("FormF1");
+    }
+    EXPECT_EQ(program.Text("mnuFileMRU_1"), PathOf("zwei.MDB"));
+    program.Trigger("mnuFileMRU_2");
+    program.WaitForText("lblPanel_1", "eins.MDB");
+    EXPECT_EQ(program.Text("mnuFileMRU_1"), PathOf("eins.MDB"));
+    EXPECT_EQ(program.Text("mnuFileMRU_2"), PathOf("zwei.MDB"));
+    EXPECT_FALSE(program.Read("mnuFileMRU_3")["ok"].toBool());
+}
+
+TEST_F(ProgramTest, AFileThatVanishesWhileItIsOpenIsToldWhenThePageIsLeft)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    NewProject(program, PathOf("x.MDB"));
+    program.Type("txtName", "Neu");
+    ASSERT_TRUE(QFile::remove(PathOf("x.MDB")));
+    program.Trigger("cmdForw");
+    const QJsonObject box = program.WaitForWindow("message");
+    EXPECT_EQ(box["text"].toString(), "Konnte Pfad/Datei nicht finden: \n" + PathOf("x.MDB"));
+    EXPECT_TRUE(program.IsRefused("trigger", "mnuEnd"));
+    program.CloseMainWindow(); // behind the box: nothing happens
+    program.AnswerBox("OK");
+    program.WaitForControl("FormF2");
+    EXPECT_TRUE(program.IsRunning());
+}
+
 TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
 {
     ProgramDriver program(settings);

@@ -75,6 +75,32 @@ TEST_F(NetConfigurationChange, LeavingTheMachineConfigurationsClearsTheMachine)
     EXPECT_TRUE(shell.calls.contains("EnableMachineMenu 0"));
 }
 
+TEST_F(NetConfigurationChange, SamplesWithoutTheirComputedHalfAreNotLostWithoutAQuestion)
+{
+    CreateProject(0);
+    AppendOneSet();
+    Execute("DROP TABLE ComputedValues");
+    shell.answers = {Answer::No};
+    EXPECT_FALSE(ChangeNetConfiguration(2));
+    EXPECT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(Query("SELECT count(*) FROM SampledValues"), "1");
+}
+
+TEST_F(NetConfigurationChange, WhatCantBeReadIsNotGivenUp)
+{
+    CreateProject(0);
+    AppendOneSet();
+    {
+        SQLite::Database other(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN EXCLUSIVE");
+        EXPECT_FALSE(ChangeNetConfiguration(2));
+    }
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_TRUE(shell.boxes[0].text.startsWith("Kann Datei nicht lesen!"));
+    EXPECT_EQ(App().iNetConfIndex, 0);
+    EXPECT_EQ(CountSets(), 1);
+}
+
 TEST_F(NetConfigurationChange, TheSameConfigurationChangesNothing)
 {
     CreateProject(3);

@@ -56,15 +56,15 @@ protected:
 
 TEST_F(LangManagingTest, FindLanguages_WithoutAFolderIsStandardAlone)
 {
-    EXPECT_EQ(FindLanguages().names, QStringList{"standard"});
-    EXPECT_EQ(FindLanguages().files, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().LangNames, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().LangFiles, QStringList{"standard"});
 }
 
 TEST_F(LangManagingTest, FindLanguages_OfAnEmptyFolderIsStandardAlone)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir("LANGUAGES"));
-    EXPECT_EQ(FindLanguages().names, QStringList{"standard"});
-    EXPECT_EQ(FindLanguages().files, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().LangNames, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().LangFiles, QStringList{"standard"});
 }
 
 TEST_F(LangManagingTest, FindLanguages_OffersFilesByTheirNamesBehindStandard)
@@ -73,12 +73,12 @@ TEST_F(LangManagingTest, FindLanguages_OffersFilesByTheirNamesBehindStandard)
     WriteLanguage("fra.lng", "lang=Fran\xE7"
                              "ais\n");
     const Languages languages = FindLanguages();
-    ASSERT_EQ(languages.names.size(), 3);
-    ASSERT_EQ(languages.files.size(), 3);
-    EXPECT_EQ(languages.names.front(), "standard");
-    EXPECT_EQ(languages.files.front(), "standard");
-    EXPECT_EQ(languages.names.value(languages.files.indexOf("eng.lng")), "English");
-    EXPECT_EQ(languages.names.value(languages.files.indexOf("fra.lng")), "Français");
+    ASSERT_EQ(languages.LangNames.size(), 3);
+    ASSERT_EQ(languages.LangFiles.size(), 3);
+    EXPECT_EQ(languages.LangNames.front(), "standard");
+    EXPECT_EQ(languages.LangFiles.front(), "standard");
+    EXPECT_EQ(languages.LangNames.value(languages.LangFiles.indexOf("eng.lng")), "English");
+    EXPECT_EQ(languages.LangNames.value(languages.LangFiles.indexOf("fra.lng")), "Français");
 }
 
 TEST_F(LangManagingTest, FindLanguages_SkipsAFileWithoutItsNameInLineOne)
@@ -87,19 +87,19 @@ TEST_F(LangManagingTest, FindLanguages_SkipsAFileWithoutItsNameInLineOne)
     WriteLanguage("bad.lng", "[MAIN]\nlang=Bad\n");
     WriteLanguage("empty.lng", "");
     WriteLanguage("readme.txt", "lang=Text\n");
-    EXPECT_EQ(FindLanguages().files, (QStringList{"standard", "eng.lng"}));
+    EXPECT_EQ(FindLanguages().LangFiles, (QStringList{"standard", "eng.lng"}));
 }
 
 TEST_F(LangManagingTest, FindLanguages_SkipsADirectory)
 {
     ASSERT_TRUE(QDir(folder.path()).mkpath("LANGUAGES/ordner.lng"));
-    EXPECT_EQ(FindLanguages().files, QStringList{"standard"});
+    EXPECT_EQ(FindLanguages().LangFiles, QStringList{"standard"});
 }
 
 TEST_F(LangManagingTest, FindLanguages_OffersAFileThatIsBrokenFurtherOn)
 {
     WriteLanguage("eng.lng", "lang=English\n[MAIN]\nrubbish\n");
-    EXPECT_EQ(FindLanguages().files, (QStringList{"standard", "eng.lng"}));
+    EXPECT_EQ(FindLanguages().LangFiles, (QStringList{"standard", "eng.lng"}));
 }
 
 TEST_F(LangManagingTest, LoadLanguage_OfStandardSetsTheBuiltInTexts)
@@ -107,7 +107,7 @@ TEST_F(LangManagingTest, LoadLanguage_OfStandardSetsTheBuiltInTexts)
     Texts().mnuFile = "changed";
     const Languages languages = LoadLanguage();
     ExpectBuiltInTexts();
-    EXPECT_EQ(languages.names, QStringList{"standard"});
+    EXPECT_EQ(languages.LangNames, QStringList{"standard"});
     EXPECT_TRUE(shell.boxes.empty());
     EXPECT_EQ(settings->LanguageFile(), "standard");
 }
@@ -122,7 +122,7 @@ TEST_F(LangManagingTest, LoadLanguage_ReadsTheSectionsOverTheBuiltInTexts)
     EXPECT_EQ(Texts().titleError, "Error");
     EXPECT_TRUE(shell.boxes.empty());
     EXPECT_EQ(SavedLanguage(), "eng.lng");
-    EXPECT_EQ(languages.files, (QStringList{"standard", "eng.lng"}));
+    EXPECT_EQ(languages.LangFiles, (QStringList{"standard", "eng.lng"}));
 }
 
 TEST_F(LangManagingTest, LoadLanguage_EntryWithADoubledTildeHasTwoLines)
@@ -169,7 +169,7 @@ TEST_F(LangManagingTest, LoadLanguage_OfAMissingFileFallsBackAndSaves)
     UseLanguage("weg.lng");
     const Languages languages = LoadLanguage();
     ExpectFallenBack(kMissing);
-    EXPECT_EQ(languages.files, QStringList{"standard"});
+    EXPECT_EQ(languages.LangFiles, QStringList{"standard"});
 }
 
 TEST_F(LangManagingTest, LoadLanguage_OfAMissingFileBesideOthersFallsBack)

@@ -11,6 +11,10 @@
 
 int main(int argc, char* argv[])
 {
+    // The same on every machine: no display, the formats of no locale, the time of no zone.
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("TZ", "UTC");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
     qputenv("HOME", settings.path().toUtf8());

@@ -117,6 +117,11 @@ void ProgramDriver::WaitForControl(const QString& name)
     WaitFor(name, [&] { return IsShown(name); });
 }
 
+void ProgramDriver::WaitForText(const QString& name, const QString& text)
+{
+    WaitFor(name + u'=' + text, [&] { return Text(name) == text; });
+}
+
 void ProgramDriver::WaitUntilGone(const QString& name)
 {
     WaitFor(QStringLiteral("the end of ") + name, [&] { return !IsShown(name); });

@@ -56,6 +56,8 @@ public:
     QJsonObject WaitForWindow(const QString& name);
     /// Waits for a control to be on show.
     void WaitForControl(const QString& name);
+    /// Waits until a control shows a text.
+    void WaitForText(const QString& name, const QString& text);
     /// Waits for a control to go.
     void WaitUntilGone(const QString& name);
     /// Waits for a message box, presses a button of it and returns its text.

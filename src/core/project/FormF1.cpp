@@ -2,11 +2,10 @@
 
 #include "core/Common.h"
 #include "core/LocalFormats.h"
-#include "core/Messages.h"
+#include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/Texts.h"
 #include "core/project/ProjectCommands.h"
-#include "core/window/MainWindow.h"
 
 #include <QEvent>
 #include <QFormLayout>
@@ -61,6 +60,7 @@ void FormF1::AddDescription()
             descriptionBox->setPlainText(text);
         }
         TakeText(text, App().sDescription);
+        shownDescription = text;
     });
     form->addRow(Texts().labelDescription, descriptionBox);
 }
@@ -89,8 +89,10 @@ void FormF1::AddPath()
     auto* saveAs = new QPushButton(Texts().saveUnderOtherName);
     saveAs->setObjectName(QStringLiteral("cmdEdit"));
     connect(saveAs, &QPushButton::clicked, this, [this] {
-        RunGuarded(QStringLiteral("cmdEdit"), [] { SaveProjectAsFromPage(); });
-        Refresh();
+        Guarded([this] {
+            SaveProjectAsFromPage();
+            Refresh();
+        });
     });
     auto* row = new QHBoxLayout;
     row->addWidget(saveAs);
@@ -109,10 +111,13 @@ void FormF1::Refresh()
     show(nameBox, App().sProjectName, nameBox->text(), &QLineEdit::setText);
     show(firmBox, App().sCompany, firmBox->text(), &QLineEdit::setText);
     show(whoBox, App().sEditor, whoBox->text(), &QLineEdit::setText);
-    show(descriptionBox, App().sDescription, descriptionBox->toPlainText(), &QPlainTextEdit::setPlainText);
+    if (App().sDescription != shownDescription) {
+        const QSignalBlocker quiet(descriptionBox);
+        descriptionBox->setPlainText(shownDescription = App().sDescription);
+    }
     createdLabel->setText(GeneralDateText(App().dtProjectCreated));
     savedLabel->setText(GeneralDateText(App().dtProjectSaved));
-    pathLabel->setToolTip(App().sProjectPath);
+    pathLabel->setToolTip(PlainToolTip(App().sProjectPath));
     pathLabel->setText(pathLabel->fontMetrics().elidedText(App().sProjectPath, Qt::ElideMiddle, pathLabel->width()));
     RefreshCaptions();
 }
@@ -120,7 +125,7 @@ void FormF1::Refresh()
 void FormF1::RefreshCaptions()
 {
     frame->setTitle(Texts().currentProject + u' ' + QString(App().sProjectName).replace(u'&', QStringLiteral("&&")));
-    Window().RefreshCaption();
+    App().TheShell->RefreshCaption();
 }
 
 void FormF1::TakeText(const QString& text, QString& field)

@@ -37,6 +37,7 @@ private:
     QLineEdit* firmBox;
     QLineEdit* whoBox;
     QPlainTextEdit* descriptionBox = nullptr;
+    QString shownDescription; ///< as last set: the box itself alters some line breaks
     QLabel* createdLabel = nullptr;
     QLabel* savedLabel = nullptr;
     QLabel* pathLabel = nullptr;

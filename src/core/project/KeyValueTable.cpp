@@ -73,7 +73,10 @@ struct Reader
         const SQLite::Column column = row.getColumn(kText - 1);
         if (!column.isNull() && !column.isText())
             Refuse(key);
-        *field = column.isNull() ? QString() : QString::fromUtf8(column.getText(), column.getBytes());
+        const QString text = column.isNull() ? QString() : QString::fromUtf8(column.getText(), column.getBytes());
+        if (text.size() > kLongestTypedText) // no box could show it without cutting it
+            Refuse(key);
+        *field = text;
     }
     void operator()(QDateTime* field) const
     {

@@ -41,6 +41,18 @@ bool LeaveOpenProject()
     return !App().bProjectOpen || CloseProject();
 }
 
+/// Deletes a file with what the engine has left beside it. False, and told, if the file stays.
+bool DeleteDatabase(const QString& path)
+{
+    DeleteFile(path);
+    if (QFileInfo::exists(path)) {
+        ShowError(Texts().cannotDeleteFile + u'\n' + path);
+        return false;
+    }
+    RemoveJournals(path);
+    return true;
+}
+
 QString AskForFile(const QString& title, const QString& filter)
 {
     App().sDialogPreset = kPreset;
@@ -103,22 +115,25 @@ void OpenChosen(Choose&& choose)
 /// Copies the project to a path that the user chooses; true if the program goes on in a copy.
 bool CopyProjectUnderOtherName()
 {
-    const QString path = SaveAsDialog(Texts().titleSaveAs, App().sProjectPath, Texts().filterProject, kExtension);
+    const QString path =
+        SaveAsDialog(Texts().titleSaveAs, App().sProjectPath, Texts().filterProject, kExtension, App().sProjectPath);
     if (path.isEmpty() || path == App().sProjectPath)
         return false;
-    const QString failure = CopyFileReplacing(App().sProjectPath, path);
-    if (!failure.isEmpty()) {
-        ShowError(FillPlaceholders(Texts().cannotCopyFile, {path, failure}));
+    if (!CopyProject(path))
         return false;
-    }
     App().sProjectPath = path;
+    // What could not be saved in the old file must not be missing in the new one.
+    if (App().bProjectDirty)
+        SaveProject();
+    App().TheShell->RefreshPage();
     App().TheShell->RefreshStatusBar();
     return true;
 }
 
 } // namespace
 
-QString SaveAsDialog(const QString& title, const QString& suggestion, const QString& filter, const QString& extension)
+QString SaveAsDialog(const QString& title, const QString& suggestion, const QString& filter, const QString& extension,
+                     const QString& source)
 {
     for (;;) {
         QString path = App().TheShell->AskSavePath({title, suggestion, filter, {}});
@@ -127,18 +142,15 @@ QString SaveAsDialog(const QString& title, const QString& suggestion, const QStr
         if (path.isEmpty())
             continue;
         path = WithExtension(path, extension);
-        // The open project under another spelling of its name: overwriting it would delete it before the copy.
-        if (App().bProjectOpen && QFileInfo(path) == QFileInfo(App().sProjectPath))
-            return {};
         if (!QFileInfo::exists(path))
             return path;
+        if (!source.isEmpty() && QFileInfo::exists(source) && QFileInfo(path) == QFileInfo(source))
+            return {};
         ConfirmOverwrite(path);
         const bool isRefused = App().bFileError;
         App().bFileError = false;
-        if (isRefused)
-            continue;
-        DeleteFile(path);
-        return path;
+        if (!isRefused && DeleteDatabase(path))
+            return path;
     }
 }
 
@@ -214,6 +226,10 @@ bool CloseProject()
         }
         if (answer == Answer::Yes)
             SaveProjectAs();
+        if (answer == Answer::Yes && App().bProjectDirty) { // the changes are nowhere yet
+            App().iExitAction = kExitCancelled;
+            return false;
+        }
     }
     App().sProjectLabel.clear();
     App().TheShell->RefreshStatusBar();
@@ -254,7 +270,7 @@ void DeleteProjectFile()
         ForgetProject();
     }
     if (isAgreed)
-        DeleteFile(path);
+        DeleteDatabase(path);
 }
 
 } // namespace korvanel

@@ -30,7 +30,9 @@ void CloseProjectFromMenu();
 void DeleteProjectFile();
 
 /// Asks for a path to write to. The suggestion, confirmed unchanged, counts as cancelled. A file of the chosen name is
-/// deleted after the user has agreed. Empty if nothing was chosen.
-QString SaveAsDialog(const QString& title, const QString& suggestion, const QString& filter, const QString& extension);
+/// deleted after the user has agreed. `source` is a file that is to be copied there and must not be deleted: its own
+/// name in another spelling counts as cancelled too. Empty if nothing was chosen.
+QString SaveAsDialog(const QString& title, const QString& suggestion, const QString& filter, const QString& extension,
+                     const QString& source = {});
 
 } // namespace korvanel

@@ -14,11 +14,15 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cmath>
+
 namespace korvanel {
 
 namespace {
 
 constexpr int kSchemaVersion = 1;
+constexpr std::initializer_list<const char*> kTables{"Overview",       "Settings",        "SampledValues",
+                                                     "ComputedValues", "SimulatedValues", "Motor"};
 const QString kExtension = QStringLiteral(".MDB");
 
 void MoveValue(KeyValueTable& table, Direction direction, const ProjectKey& key)
@@ -92,15 +96,15 @@ void TransferMeasurementHeader(Direction direction)
 
 void OpenProject(const QString& path)
 {
-    clsWaitCursor cursor;
-    cursor.Show();
     App().bFileError = false;
     App().sProjectPath = path;
     ResetProjectData();
     bool isReadOnly = false;
     try {
+        clsWaitCursor cursor;
+        cursor.Show();
         const ProjectDbScope scope;
-        ProjectDb().RequirePlainTables();
+        ProjectDb().RequirePlainTables(kTables);
         isReadOnly = ProjectDb().IsReadOnly();
         TransferProjectData(Direction::Read);
         if (!TableExists(QStringLiteral("SampledValues")))
@@ -109,6 +113,7 @@ void OpenProject(const QString& path)
             UpdateMeasurementTerm();
         else
             RefreshSetCount();
+        ProjectDb().UseRollbackJournal();
     } catch (const DbError&) {
         ShowBadFormat(path);
         App().bFileError = true;
@@ -120,14 +125,36 @@ void OpenProject(const QString& path)
         ShowInformation(FillPlaceholders(Texts().readOnlyProject, {path}));
 }
 
+namespace {
+
+/// Throws if the file isn't the project that was opened any more: its header would be written over another one's.
+void RequireSameProject()
+{
+    const auto stored = [](const char* sql) {
+        SQLite::Statement query(ProjectDb().Handle(), sql);
+        return query.executeStep() ? query.getColumn(0).getString() : std::string();
+    };
+    WithDbErrors([&] {
+        const std::string created = stored("SELECT [Time] FROM [Overview] WHERE [Name]='Project Created'");
+        const std::string netConf = stored("SELECT [Number] FROM [Settings] WHERE [Name]='iNetConfIndex'");
+        const bool isSame = (created.empty() || created == StoredDateText(App().dtProjectCreated).toStdString()) &&
+                            (netConf.empty() || std::floor(std::stod(netConf)) == App().iNetConfIndex);
+        if (!isSame)
+            throw DbError(Texts().otherProject.toStdString());
+    });
+}
+
+} // namespace
+
 bool SaveProject()
 {
     const QDateTime formerlySaved = App().dtProjectSaved;
     App().dtProjectSaved = PresentMoment();
     try {
         const ProjectDbScope scope;
+        RequireSameProject();
         TransferProjectData(Direction::Write);
-    } catch (const DbError&) {
+    } catch (const std::exception&) {
         App().dtProjectSaved = formerlySaved;
         ShowNotFound(App().sProjectPath);
         return false;
@@ -155,14 +182,22 @@ void SnapshotProject(const QString& startTime)
         ShowNotFound(App().sProjectPath);
         return;
     }
-    const qsizetype end = App().sProjectPath.lastIndexOf(kExtension, -1, Qt::CaseInsensitive);
-    const QString base = end < 0 ? App().sProjectPath : App().sProjectPath.left(end);
+    const QString& path = App().sProjectPath;
+    const QString base = HasExtension(path, kExtension) ? path.chopped(kExtension.size()) : path;
     QString suffix = startTime;
-    suffix.replace(u'.', u'-').replace(u':', u'-');
+    for (const char16_t c : {u'.', u':', u'/', u'\\'}) // the last two as some local formats of a date have them
+        suffix.replace(c, u'-');
     const QString target = base + u' ' + suffix + kExtension;
+    CopyProject(target);
+}
+
+bool CopyProject(const QString& target)
+{
+    RemoveJournals(target);
     const QString failure = CopyFileReplacing(App().sProjectPath, target);
     if (!failure.isEmpty())
         ShowError(FillPlaceholders(Texts().cannotCopyFile, {target, failure}));
+    return failure.isEmpty();
 }
 
 } // namespace korvanel

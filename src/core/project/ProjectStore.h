@@ -38,6 +38,9 @@ bool SaveProject();
 /// Saves if header or settings have changed.
 void SaveIfDirty();
 
+/// Copies the project's file, replacing a file of that name with whatever journal stands beside it. A failure is told.
+bool CopyProject(const QString& target);
+
 /// Writes the measurement header and copies the file beside itself under a name that ends in the start time of a
 /// planned recording; "." and ":" in it become "-". The project goes on in the old file.
 void SnapshotProject(const QString& startTime);

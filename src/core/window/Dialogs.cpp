@@ -77,7 +77,7 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question, QFileDialog::Acc
     const bool isSaving = mode == QFileDialog::AcceptSave;
     dialog.setAcceptMode(mode);
     dialog.setFileMode(isSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setLabelText(QFileDialog::Accept, isSaving ? Texts().titleSave : Texts().titleOpen);
+    dialog.setLabelText(QFileDialog::Accept, isSaving ? Texts().titleSave : question.title);
     dialog.setLabelText(QFileDialog::Reject, Texts().buttonCancel);
 }
 
@@ -112,7 +112,16 @@ Answer RunBox(QWidget* parent, const Box& box)
     for (const BoxButton& entry : kButtons)
         if (entry.button == pressed)
             return entry.answer;
-    return box.buttons == BoxButtons::Ok ? Answer::Ok : Answer::Cancel;
+    // Ended without an answer: what harms nobody.
+    switch (box.buttons) {
+    case BoxButtons::Ok:
+        return Answer::Ok;
+    case BoxButtons::YesNo:
+        return Answer::No;
+    case BoxButtons::YesNoCancel:
+        break;
+    }
+    return Answer::Cancel;
 }
 
 QString RunOpenDialog(QWidget* parent, const FileQuestion& question)

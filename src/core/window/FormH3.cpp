@@ -38,6 +38,7 @@ FormH3::FormH3(QWidget* parent) : QDialog(parent), list(new QListWidget)
     for (const qint16 column : App().ColumnLayout) {
         auto* item = new QListWidgetItem(ColumnText(column), list);
         item->setData(Qt::UserRole, column);
+        item->setFlags(item->flags() & ~Qt::ItemIsDropEnabled); // a row goes between others, never onto one
     }
     list->setCurrentRow(0);
 

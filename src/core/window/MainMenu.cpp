@@ -5,12 +5,13 @@
 #include "core/Texts.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 
+#include <algorithm>
 #include <array>
-#include <stdexcept>
 
 namespace korvanel {
 
@@ -84,6 +85,17 @@ QString PlainCaption(const QString& caption)
     return QString(caption).replace(u'&', QStringLiteral("&&"));
 }
 
+/// False if one of the menus above the entry is locked; the entry itself keeps its own state then.
+bool AreMenusEnabled(const QAction& entry)
+{
+    for (const QObject* owner : entry.associatedObjects()) {
+        const auto* menu = qobject_cast<const QMenu*>(owner);
+        if (menu && menu->menuAction() != &entry)
+            return menu->menuAction()->isEnabled() && AreMenusEnabled(*menu->menuAction());
+    }
+    return true;
+}
+
 } // namespace
 
 MainMenu::MainMenu(QMainWindow& window) : QObject(&window)
@@ -143,7 +155,13 @@ QMenu* MainMenu::SubMenu(const QString& name) const
 
 void MainMenu::OnTriggered(const QString& name, const std::function<void()>& action)
 {
-    connect(Entry(name), &QAction::triggered, this, [name, action] { RunGuarded(name, action); });
+    connect(Entry(name), &QAction::triggered, this, [this, name, action] { Run(*Entry(name), action); });
+}
+
+void MainMenu::Run(QAction& entry, const std::function<void()>& action)
+{
+    if (!QApplication::activeModalWidget() && AreMenusEnabled(entry))
+        RunGuarded(entry.objectName(), action);
 }
 
 void MainMenu::EnableProjectEntries(bool isProjectOpen)
@@ -161,12 +179,13 @@ void MainMenu::EnableMachine(bool isEnabled)
 
 void MainMenu::SetBusy(bool areEnabled)
 {
+    busyDepth = std::max(0, busyDepth + (areEnabled ? -1 : 1));
     if (!areEnabled && savedStates.empty()) {
         for (const char* name : kBusyMenus) {
             savedStates[QLatin1String(name)] = Entry(QLatin1String(name))->isEnabled();
             Entry(QLatin1String(name))->setEnabled(false);
         }
-    } else if (areEnabled) {
+    } else if (busyDepth == 0) {
         for (const auto& [name, wasEnabled] : savedStates)
             Entry(name)->setEnabled(wasEnabled);
         savedStates.clear();
@@ -185,18 +204,20 @@ void MainMenu::SetLanguages(const QStringList& names, const QStringList& files, 
         entry->setCheckable(true);
         entry->setChecked(isUsed);
         const QString& file = files[i];
-        connect(entry, &QAction::triggered, this, [entry, name, file, isUsed, choose] {
+        connect(entry, &QAction::triggered, this, [this, entry, file, isUsed, choose] {
             entry->setChecked(isUsed); // the mark follows the language, not the click
             if (!isUsed)
-                RunGuarded(name, [&] { choose(file); });
+                Run(*entry, [&] { choose(file); });
         });
     }
 }
 
 void MainMenu::SetCaption(int index, const QString& caption)
 {
-    if (index > 0) // element 0 is a line
-        recent.at(static_cast<std::size_t>(index))->setText(PlainCaption(caption));
+    if (index == 0) // a line
+        return;
+    recent.at(static_cast<std::size_t>(index))->setText(PlainCaption(caption));
+    recent.at(static_cast<std::size_t>(index))->setData(caption);
 }
 
 void MainMenu::SetVisible(int index, bool isVisible)
@@ -214,8 +235,8 @@ void MainMenu::Load(int index)
     const QList<QAction*> all = file.actions();
     file.insertAction(all.at(all.indexOf(Entry(QStringLiteral("mnuEnd"))) - 1), entry); // above the line before End
     connect(entry, &QAction::triggered, this, [this, entry] {
-        const QString path = entry->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
-        RunGuarded(entry->objectName(), [&] { openRecent(path); });
+        const QString path = entry->data().toString(); // the entry may be gone before the path has been used
+        Run(*entry, [&] { openRecent(path); });
     });
     recent.push_back(entry);
 }

@@ -33,7 +33,7 @@ public:
 
     void EnableProjectEntries(bool isProjectOpen);
     void EnableMachine(bool isEnabled);
-    /// false saves the state of the top menus and disables them, true gives it back. A second false changes nothing.
+    /// false saves the state of the top menus and disables them, true gives it back. Calls nest.
     void SetBusy(bool areEnabled);
     /// Entries of the language menu; the one in use is checked.
     void SetLanguages(const QStringList& names, const QStringList& files, const QString& used,
@@ -47,12 +47,16 @@ public:
     int UpperBound() const override { return static_cast<int>(recent.size()) - 1; }
 
 private:
+    /// Runs what an entry does: not while a modal window is on show or its menu is locked, and with its failure
+    /// reported.
+    void Run(QAction& entry, const std::function<void()>& action);
     void AddEntry(QMenu& parent, const QString& name, const QString& caption);
 
     std::map<QString, QAction*> entries;
     std::map<QString, QMenu*> menus;
     std::vector<QAction*> recent;
     std::map<QString, bool> savedStates;
+    int busyDepth = 0;
     std::function<void(const QString&)> openRecent;
 };
 

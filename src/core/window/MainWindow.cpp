@@ -74,10 +74,12 @@ void MainWindow::UnloadPage()
         return;
     App().lPageLeft = pageFrame->x();
     App().lPageTop = pageFrame->y();
+    const QPointer<Page> left = page;
     project.saveIfDirty();
+    if (!left || page != left) // the save may have told a failure, and much can happen while a box is on show
+        return;
     LeavePage();
     // The page may be the one whose button is being answered, so it goes when the event is over.
-    Page* left = page;
     page.clear();
     pageFrame->hide();
     area->removeSubWindow(pageFrame);
@@ -122,6 +124,8 @@ void MainWindow::ShowPage()
         App().iCurrentPage = kNoPageOnShow;
         return;
     }
+    UnloadPage(); // at most one page is on show, however this was reached
+    App().iCurrentPage = static_cast<qint16>(entry->number);
     page = builders.at(entry->number)(*this, *entry);
     page->AddBottomRow();
     pageFrame = area->addSubWindow(page, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
@@ -164,7 +168,9 @@ void MainWindow::RefreshStatusBar()
 
 void MainWindow::RefreshCaption()
 {
-    setWindowTitle(QStringLiteral("KORVANEL [ ") + App().sProjectName + QStringLiteral(" ]"));
+    // "[*]" in a title is the toolkit's mark of a change; doubled it is shown as it stands.
+    const QString name = QString(App().sProjectName).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(QStringLiteral("KORVANEL [ ") + name + QStringLiteral(" ]"));
 }
 
 // The shell.
@@ -197,18 +203,21 @@ void MainWindow::Beep()
 
 void MainWindow::ShowProgress(Progress mode, double fraction)
 {
-    if (App().iSetCount <= App().iProgressThreshold())
+    // What was begun goes on and ends, however many sets are left by then.
+    if (!isProgressShown && (mode != Progress::Begin || App().iSetCount <= App().iProgressThreshold()))
         return;
     switch (mode) {
     case Progress::Begin:
+        isProgressShown = true;
         panels->BeginProgress();
         SetBusyMenus(false);
         break;
     case Progress::Advance:
         if (panels->Advance(fraction))
-            QApplication::processEvents();
+            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         break;
     case Progress::End:
+        isProgressShown = false;
         panels->EndProgress();
         SetBusyMenus(true);
         RefreshPage();
@@ -267,6 +276,10 @@ void MainWindow::ChooseLanguage(const QString& languageFile)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (QApplication::activeModalWidget()) { // what is asked has to be answered first
+        event->ignore();
+        return;
+    }
     RunGuarded(objectName(), [this, event] {
         const bool isClosing = project.close();
         event->setAccepted(isClosing);
@@ -274,12 +287,15 @@ void MainWindow::closeEvent(QCloseEvent* event)
         project.saveIfDirty();
         UnloadPage();
         recentFiles.StoreSettings(kSettingsApplication, kRecentSection);
+        if (IsAnyValueLost())
+            ShowError(Texts().settingsNotStored);
         for (QWidget* other : QApplication::topLevelWidgets())
             if (other != this && other->isVisible())
                 other->close();
         if (isClosing && App().iExitAction == kExitRestartWanted) {
             App().iExitAction = kExitRestarting;
-            QProcess::startDetached(QApplication::applicationFilePath(), {});
+            if (!QProcess::startDetached(QApplication::applicationFilePath(), {}))
+                ShowPathNotFound(QApplication::applicationFilePath());
         }
     });
 }

@@ -99,6 +99,7 @@ private:
     std::function<bool()> isMachinePageAllowed = [] { return true; };
     QMdiArea* area;
     StatusPanels* panels;
+    bool isProgressShown = false;
     QPointer<Page> page;
     QPointer<QMdiSubWindow> pageFrame;
 };

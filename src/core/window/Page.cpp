@@ -6,12 +6,19 @@
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace korvanel {
+
+QString PlainToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
 
 Page::Page(MainWindow& window, const PageEntry& entry) : frameWindow(window), pageEntry(entry), body(new QVBoxLayout)
 {
@@ -30,12 +37,15 @@ void Page::AddBottomRow()
         AddDeviceLabel(*row);
     row->addStretch(1);
     QPushButton* back = AddButton(*row, "cmdBack", Texts().buttonBack);
-    connect(back, &QPushButton::clicked, this, [this] { Go(PageBefore(pageEntry, App().iNetConfIndex)); });
+    connect(back, &QPushButton::clicked, this,
+            [this] { Guarded([this] { frameWindow.UnloadAndOpen(PageBefore(pageEntry, App().iNetConfIndex)); }); });
     QPushButton* forward = AddButton(*row, "cmdForw", Texts().buttonForward);
     forward->setEnabled(pageEntry.forward != kNoPageOnShow);
     connect(forward, &QPushButton::clicked, this, [this] {
-        if (MayGoForward())
-            Go(PageBehind(pageEntry, App().iNetConfIndex));
+        Guarded([this] {
+            if (MayGoForward())
+                frameWindow.UnloadAndOpen(PageBehind(pageEntry, App().iNetConfIndex));
+        });
     });
 }
 
@@ -59,9 +69,10 @@ void Page::AddDeviceLabel(QHBoxLayout& row)
     row.addWidget(label);
 }
 
-void Page::Go(int page)
+void Page::Guarded(const std::function<void()>& routine)
 {
-    RunGuarded(objectName(), [this, page] { frameWindow.UnloadAndOpen(page); });
+    if (!QApplication::activeModalWidget()) // what is asked has to be answered first
+        RunGuarded(objectName(), routine);
 }
 
 } // namespace korvanel

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QHBoxLayout;
 class QPushButton;
 class QVBoxLayout;
@@ -16,6 +18,9 @@ struct PageEntry;
 /// Size of every page: 11310 by 7300 twips at 15 twips a pixel.
 inline constexpr int kPageWidth = 754;
 inline constexpr int kPageHeight = 487;
+
+/// A tool tip that shows the text as it stands, also where it looks like markup.
+QString PlainToolTip(const QString& text);
 
 class Page : public QWidget
 {
@@ -40,13 +45,14 @@ protected:
     /// Layout for the controls of the page, above its buttons.
     QVBoxLayout& Body() { return *body; }
     MainWindow& Window() { return frameWindow; }
+    /// Runs what a control of the page does: not while a modal window is on show, and with its failure reported.
+    void Guarded(const std::function<void()>& routine);
     /// Whether the page may be left forward; a page that checks its input overrides it.
     virtual bool MayGoForward() { return true; }
 
 private:
     QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& text);
     void AddDeviceLabel(QHBoxLayout& row);
-    void Go(int page);
 
     MainWindow& frameWindow;
     const PageEntry& pageEntry;

@@ -46,7 +46,6 @@ StartScreen::StartScreen(const QPixmap& logo) : QWidget(nullptr, Qt::SplashScree
     large.setBold(true);
     name->setFont(large);
     add("lblStart_1")->setText(QStringLiteral("KORVANEL ") + App().sVersion);
-    timer = startTimer(kShownMs);
 }
 
 void StartScreen::ShowInFront()
@@ -56,6 +55,9 @@ void StartScreen::ShowInFront()
         move(display->availableGeometry().center() - rect().center());
     show();
     raise();
+    if (timer != 0)
+        killTimer(timer);
+    timer = startTimer(kShownMs);
 }
 
 void StartScreen::mousePressEvent(QMouseEvent*)
@@ -72,6 +74,7 @@ void StartScreen::timerEvent(QTimerEvent* event)
     if (event->timerId() != timer)
         return;
     killTimer(timer);
+    timer = 0;
     close();
 }
 

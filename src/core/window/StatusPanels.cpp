@@ -2,6 +2,7 @@
 
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/window/Page.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -17,6 +18,7 @@ StatusPanels::StatusPanels()
     constexpr int kPercentWidth = 140;
     percentPanel->setFixedWidth(kPercentWidth);
     percentPanel->setAlignment(Qt::AlignCenter);
+    filePanel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name must not widen the window
 }
 
 QLabel* StatusPanels::AddPanel(const char* name, int stretch)
@@ -35,6 +37,7 @@ void StatusPanels::ShowProgram(const QString& text)
 void StatusPanels::ShowFile(const QString& name)
 {
     filePanel->setText(name);
+    filePanel->setToolTip(PlainToolTip(name));
 }
 
 void StatusPanels::BeginProgress()
@@ -54,11 +57,10 @@ bool StatusPanels::Advance(double share)
     if (!progressBar || !(share >= 0 && share < 1))
         return false;
     const int percent = static_cast<int>(std::floor(share * 100));
-    if (percent == progressBar->value())
-        return false;
-    progressBar->setValue(percent);
     percentPanel->setText(FillPlaceholders(Texts().percentPanel, {QString::number(std::round(share * 100))}));
-    return true;
+    const bool hasMoved = percent != progressBar->value();
+    progressBar->setValue(percent);
+    return hasMoved;
 }
 
 void StatusPanels::EndProgress()

@@ -19,7 +19,7 @@ public:
     void ShowFile(const QString& name);
 
     void BeginProgress();
-    /// Shows a share from 0 up to below 1; any other is ignored. True if what is shown has changed.
+    /// Shows a share from 0 up to below 1; any other is ignored. True if the bar has moved.
     bool Advance(double share);
     void EndProgress();
 

@@ -10,6 +10,7 @@ namespace korvanel {
 
 namespace {
 
+constexpr int kMostEntries = 99; // no menu shows more
 const QString kMaxKey = QStringLiteral("Max");
 
 } // namespace
@@ -103,7 +104,7 @@ void clsMRUMenu::ReadSettings(const QString& application, const QString& section
         if (isNumber && !value.isEmpty())
             stored[number] = value;
         else if (key == kMaxKey && value.toInt() >= 1)
-            max = value.toInt();
+            max = std::min(value.toInt(), kMostEntries);
     }
     entries.clear();
     for (auto entry = stored.rbegin(); entry != stored.rend(); ++entry)

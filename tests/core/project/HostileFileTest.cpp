@@ -90,6 +90,59 @@ TEST_F(HostileFile, TriggerOnSettings)
     ExpectRefusal("test.MDB");
 }
 
+TEST_F(HostileFile, ViewOfTheUsersOwnIsNoObstacle)
+{
+    MakeProject();
+    Execute("CREATE VIEW auswertung AS SELECT avg([U sum]) FROM SampledValues");
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(HostileFile, WriteAheadLogOfAnotherProgramIsTakenBackIntoTheFile)
+{
+    MakeProject();
+    {
+        SQLite::Database other(PathOf("test.MDB").toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("PRAGMA journal_mode=WAL");
+        other.exec("UPDATE Overview SET Text='aus dem Protokoll' WHERE Name='Company'");
+    }
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_EQ(App().sCompany, "aus dem Protokoll");
+    EXPECT_EQ(Query("PRAGMA journal_mode"), "delete");
+}
+
+TEST_F(HostileFile, AnotherProjectInPlaceOfTheOpenOneIsNotOverwritten)
+{
+    CreateProject(5, "fremd.MDB");
+    const QByteArray foreign = ContentOf("fremd.MDB");
+    clock.now = clock.now.addDays(1);
+    CreateProject(0);
+    WriteContent("test.MDB", foreign);
+    App().bProjectDirty = true;
+    EXPECT_FALSE(SaveProject());
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Konnte Pfad/Datei nicht finden: \n" + PathOf("test.MDB")});
+    EXPECT_TRUE(ContentOf("test.MDB") == foreign);
+}
+
+TEST_F(HostileFile, HugeIntervalGivesATermAndNoHarm)
+{
+    for (const char* interval : {"1e300", "-1e300", "0"}) {
+        CreateProject(2, QStringLiteral("%1.MDB").arg(QLatin1String(interval)));
+        OpenProjectDb();
+        for (App().MeasuredRow.lSet = 1; App().MeasuredRow.lSet <= 3; ++App().MeasuredRow.lSet)
+            ASSERT_TRUE(AppendMeasuredRow());
+        CloseProjectDb();
+        Execute(QStringLiteral("UPDATE Overview SET Decimal=%1 WHERE Name='Measurement Interval'")
+                    .arg(QLatin1String(interval)));
+        const QString path = App().sProjectPath;
+        App().bProjectOpen = false;
+        OpenRecentProject(path);
+        EXPECT_TRUE(App().bProjectOpen) << interval;
+        EXPECT_FALSE(App().sMeasurementTerm.isEmpty()) << interval;
+    }
+}
+
 TEST_F(HostileFile, TriggersNeverFireEvenIfTheyComeLater)
 {
     MakeProject();

@@ -278,6 +278,61 @@ TEST_F(ProjectCommands, SaveAs_OntoTheFileItselfUnderAnotherSpellingDoesNotDelet
     EXPECT_EQ(App().sProjectPath, PathOf("test.MDB"));
 }
 
+TEST_F(ProjectCommands, SaveAs_OfAVanishedProjectIsTold)
+{
+    CreateProject(0);
+    ASSERT_TRUE(QFile::remove(App().sProjectPath));
+    shell.savePaths = {PathOf("neu.MDB")};
+    SaveProjectAs();
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_TRUE(shell.boxes[0].text.startsWith("Kann Datei nicht kopieren: "));
+    EXPECT_EQ(App().sProjectPath, PathOf("test.MDB"));
+}
+
+TEST_F(ProjectCommands, SaveAs_AfterDeleteWithNoStillDoesNotDeleteTheFile)
+{
+    CreateProject(0);
+    const QByteArray before = ContentOf("test.MDB");
+    shell.openPaths = {PathOf("test.MDB")};
+    shell.answers = {Answer::No, Answer::Yes};
+    DeleteProjectFile();
+    shell.savePaths = {PathOf("test")};
+    SaveProjectAs();
+    EXPECT_EQ(ContentOf("test.MDB"), before);
+}
+
+TEST_F(ProjectCommands, SaveAs_TakesAlongWhatCouldNotBeSavedInTheOldFile)
+{
+    CreateProject(0);
+    App().sCompany = QStringLiteral("Werk");
+    App().bProjectDirty = true;
+    {
+        SQLite::Database other(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN IMMEDIATE"); // the file can be read but not written
+        shell.savePaths = {PathOf("Kopie.MDB")};
+        SaveProjectAs();
+    }
+    EXPECT_EQ(shell.BoxTexts(), QStringList{NotFound(PathOf("test.MDB"))});
+    EXPECT_EQ(App().sProjectPath, PathOf("Kopie.MDB"));
+    EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Company'"), "Werk");
+    EXPECT_FALSE(App().bProjectDirty);
+}
+
+TEST_F(ProjectCommands, SaveAs_RemovesTheJournalOfTheFileThatItReplaces)
+{
+    CreateProject(0);
+    WriteContent("ziel.MDB", "old");
+    WriteContent("ziel.MDB-journal", "of the old file");
+    WriteContent("frei.MDB-journal", "of a file that is gone");
+    shell.answers = {Answer::Yes};
+    shell.savePaths = {PathOf("ziel.MDB"), PathOf("frei.MDB")};
+    SaveProjectAs();
+    EXPECT_FALSE(QFile::exists(PathOf("ziel.MDB-journal")));
+    SaveProjectAs();
+    EXPECT_FALSE(QFile::exists(PathOf("frei.MDB-journal")));
+    EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
+}
+
 TEST_F(ProjectCommands, SaveAs_FailedCopyIsToldAndTheProjectStays)
 {
     CreateProject(0);
@@ -341,6 +396,17 @@ TEST_F(ProjectCommands, CloseProject_YesRunsSaveAs)
     EXPECT_FALSE(App().bProjectOpen);
 }
 
+TEST_F(ProjectCommands, CloseProject_YesWithoutASavedFileStaysInTheProject)
+{
+    CreateProject(0);
+    ASSERT_TRUE(QFile::remove(App().sProjectPath)); // nothing can be saved or copied
+    App().bProjectDirty = true;
+    shell.answers = {Answer::Yes};
+    EXPECT_FALSE(CloseProject());
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_TRUE(App().bProjectDirty);
+}
+
 TEST_F(ProjectCommands, CloseProject_NoGoesOnWithoutSaving)
 {
     CreateProject(0);
@@ -373,6 +439,16 @@ TEST_F(ProjectCommands, Delete_RemovesTheFileAfterTheQuestion)
     EXPECT_EQ(shell.boxes[0].title, "Achtung");
     EXPECT_EQ(shell.boxes[0].icon, BoxIcon::Question);
     EXPECT_EQ(shell.boxes[0].text, "Datei wirklich löschen?\n" + PathOf("weg.MDB"));
+}
+
+TEST_F(ProjectCommands, Delete_RemovesTheJournalBesideTheFile)
+{
+    WriteContent("weg.MDB", "x");
+    WriteContent("weg.MDB-journal", "y");
+    shell.openPaths = {PathOf("weg.MDB")};
+    shell.answers = {Answer::Yes};
+    DeleteProjectFile();
+    EXPECT_FALSE(QFile::exists(PathOf("weg.MDB-journal")));
 }
 
 TEST_F(ProjectCommands, Delete_OldFormatToo)

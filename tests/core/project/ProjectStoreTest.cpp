@@ -371,6 +371,36 @@ TEST_F(ProjectStore, SnapshotProject_CopiesTheFileUnderTheStartTime)
     EXPECT_EQ(App().sProjectPath, PathOf("Lauf.mdb")) << "the project goes on in the old file";
 }
 
+TEST_F(ProjectStore, SnapshotProject_MindsSlashesOfADateAndTheEndingOfTheFileAlone)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir("x.MDB"));
+    CreateProject(0, "x.MDB/y.bak");
+    SnapshotProject(QStringLiteral("3/14/2026 3:09"));
+    EXPECT_TRUE(QFile::exists(PathOf("x.MDB/y.bak 3-14-2026 3-09.MDB")));
+}
+
+TEST_F(ProjectStore, ReadingASetKeepsNoLockOnTheFile)
+{
+    CreateProject(0);
+    OpenProjectDb();
+    App().MeasuredRow.lSet = 1;
+    ASSERT_TRUE(AppendMeasuredRow());
+    ASSERT_TRUE(ReadRow(1));
+    SQLite::Database other(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
+    EXPECT_NO_THROW(other.exec("CREATE TABLE beside (x); DROP TABLE beside"));
+    CloseProjectDb();
+}
+
+TEST_F(ProjectStore, AnOpeningOfAnotherProjectBesideAnOpenOneIsRefused)
+{
+    CreateProject(0, "eins.MDB");
+    OpenProjectDb();
+    App().sProjectPath = PathOf("zwei.MDB");
+    EXPECT_THROW(OpenProjectDb(), DbError);
+    CloseProjectDb();
+    EXPECT_FALSE(IsProjectDbOpen());
+}
+
 TEST_F(ProjectStore, SnapshotProject_DuringARunHoldsEveryStoredRow)
 {
     CreateProject(0);

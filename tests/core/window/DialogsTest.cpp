@@ -80,6 +80,8 @@ TEST_F(Dialogs, Box_EscapeCountsAsNoOrCancel)
     EXPECT_EQ(RunBox(&window, {"t", "q", BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes}), Answer::Cancel);
     WithNextDialog<QMessageBox>(escape);
     EXPECT_EQ(RunBox(&window, {"t", "q", BoxIcon::None, BoxButtons::Ok, Answer::Ok}), Answer::Ok);
+    WithNextDialog<QMessageBox>([](QMessageBox& box) { box.done(-1); }); // ended from outside
+    EXPECT_EQ(RunBox(&window, {"t", "q", BoxIcon::Question, BoxButtons::YesNo, Answer::Yes}), Answer::No);
 }
 
 TEST_F(Dialogs, OpenDialog_IsTheToolkitsOwnWithFilterAndPreset)
@@ -149,6 +151,22 @@ TEST_F(Dialogs, StartScreen_ShowsNameAndVersionAndGoesByAClickOrAKey)
                       Qt::NoModifier);
     QApplication::sendEvent(&screen, &click);
     EXPECT_FALSE(screen.isVisible());
+}
+
+TEST_F(Dialogs, WhileABoxIsOnShowNothingElseRuns)
+{
+    OpenInWindow(0);
+    window.UnloadAndOpen(1);
+    window.Menu().OnTriggered("mnuNew", [] { ADD_FAILURE() << "the menu ran behind the box"; });
+    WithNextDialog<QMessageBox>([this](QMessageBox& box) {
+        window.Menu().Entry("mnuNew")->trigger();
+        Find<QPushButton>("cmdForw").click();
+        EXPECT_FALSE(window.close());
+        EXPECT_EQ(PageName(), "FormF1");
+        box.reject();
+    });
+    RunBox(&window, {"t", "q", BoxIcon::None, BoxButtons::Ok, Answer::Ok});
+    EXPECT_TRUE(window.isVisible());
 }
 
 class ColumnOrder : public Dialogs

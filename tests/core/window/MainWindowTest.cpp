@@ -82,6 +82,8 @@ TEST_F(MainWindowTest, SetBusyMenus_SavesTheStatesAndGivesThemBack)
         EXPECT_FALSE(IsEntryEnabled(name)) << name;
     window.SetBusyMenus(false); // a progress bar within a run
     window.SetBusyMenus(true);
+    EXPECT_FALSE(IsEntryEnabled("mnuFile")) << "the run goes on";
+    window.SetBusyMenus(true);
     EXPECT_TRUE(IsEntryEnabled("mnuFile"));
     EXPECT_TRUE(IsEntryEnabled("mnuHelp"));
     EXPECT_FALSE(IsEntryEnabled("mnuDevice")) << "it was disabled before";
@@ -299,6 +301,51 @@ TEST_F(MainWindowTest, ShowProgress_AboveTheThresholdShowsTheShareAndLocksTheMen
     EXPECT_FALSE(bar.isVisible());
     EXPECT_EQ(Find<QLabel>("lblPanel_2").text(), "");
     EXPECT_TRUE(IsEntryEnabled("mnuFile"));
+}
+
+TEST_F(MainWindowTest, ShowProgress_EndsWhatWasBegunHoweverManySetsAreLeft)
+{
+    App().iSetCount = 5000;
+    window.ShowProgress(Progress::Begin, 0);
+    App().iSetCount = 3; // the operation itself has made them fewer
+    window.ShowProgress(Progress::End, 0);
+    EXPECT_TRUE(IsEntryEnabled("mnuFile"));
+}
+
+TEST_F(MainWindowTest, Menu_EntriesOfALockedMenuDoNothing)
+{
+    window.Menu().OnTriggered("mnuGeneralData", [this] { window.UnloadAndOpen(1); });
+    window.Menu().Entry("mnuGeneralData")->trigger(); // without a project its menu is locked
+    EXPECT_EQ(window.PageOnShow(), nullptr);
+    OpenInWindow(0);
+    window.Menu().Entry("mnuGeneralData")->trigger();
+    EXPECT_EQ(PageName(), "FormF1");
+}
+
+TEST_F(MainWindowTest, APageThatIsAlreadyOnShowIsReplaced)
+{
+    OpenInWindow(0);
+    window.UnloadAndOpen(1);
+    App().iCurrentPage = 3;
+    window.ShowPage();
+    EXPECT_EQ(PageName(), "FormF3");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(window.findChildren<QMdiSubWindow*>().size(), 1);
+}
+
+TEST_F(MainWindowTest, ALongFileNameDoesNotWidenTheWindow)
+{
+    const int width = window.minimumSizeHint().width();
+    App().sProjectPath = PathOf(QString(240, u'W') + ".MDB");
+    window.RefreshStatusBar();
+    EXPECT_EQ(window.minimumSizeHint().width(), width);
+}
+
+TEST_F(MainWindowTest, Caption_ShowsTheToolkitsMarkOfAChangeAsItStands)
+{
+    App().sProjectName = QStringLiteral("a [*] b");
+    window.RefreshCaption();
+    EXPECT_EQ(window.windowTitle(), "KORVANEL [ a [*][*] b ]");
 }
 
 TEST_F(MainWindowTest, WaitCursor_EndsWithItsInstance)

@@ -123,7 +123,8 @@ TEST_F(PageTableTest, DeviceLabel_StandsOnEditorTableGraphAndPrint)
 
 TEST_F(PageTableTest, NumberSeven_StandsForNoPage)
 {
-    EXPECT_EQ(static_cast<int>(kNoPage), 7);
+    EXPECT_EQ(FindPage(7), nullptr);
+    EXPECT_EQ(PageBefore(PageOf(1), 0), 7);
 }
 
 } // namespace korvanel::test
