@@ -74,7 +74,7 @@ TEST(LocalFormatsTest, DateFromStoredText_OfAnyOtherTextIsInvalid)
         EXPECT_FALSE(DateFromStoredText(text).isValid()) << text;
 }
 
-TEST_F(LocalFormatsTest, StoredMoment_InTheHourThatDaylightSavingSkipsIsATimeLikeAnyOther)
+TEST(LocalFormatsTest, StoredMoment_InTheHourThatDaylightSavingSkipsIsATimeLikeAnyOther)
 {
     const QByteArray former = qgetenv("TZ");
     qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
