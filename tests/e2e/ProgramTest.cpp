@@ -158,6 +158,25 @@ TEST_F(ProgramTest, MessagesAreRealModalBoxes)
     EXPECT_FALSE(QFile::exists(PathOf("alt.KVL")));
 }
 
+TEST_F(ProgramTest, NewOverAnExistingFileAsksTwiceInGermanAndReplacesIt)
+{
+    Write("alt.MDB", "old");
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuNew");
+    program.GivePath(PathOf("alt.MDB"));
+    EXPECT_TRUE(program.AnswerBox("Ja").contains("alt.MDB")) << "the dialog's own question";
+    program.WaitForBox("Überschreiben der Datei\n" + PathOf("alt.MDB"));
+    program.AnswerBox("Nein");
+    program.GivePath(PathOf("alt.MDB")); // the dialog is there anew
+    program.AnswerBox("Ja");
+    program.WaitForBox("Überschreiben der Datei\n" + PathOf("alt.MDB"));
+    program.AnswerBox("Ja");
+    program.WaitForControl("FormF1");
+    EXPECT_EQ(Query(PathOf("alt.MDB"), "SELECT count(*) FROM Overview"), "12");
+}
+
 TEST_F(ProgramTest, MissingLogoIsToldAndTheProgramStarts)
 {
     ProgramDriver program(settings, InstallProgram(false));

@@ -127,6 +127,11 @@ void ProgramDriver::WaitUntilGone(const QString& name)
     WaitFor(QStringLiteral("the end of ") + name, [&] { return !IsShown(name); });
 }
 
+void ProgramDriver::WaitForBox(const QString& text)
+{
+    WaitFor(text, [&] { return FindWindow(QStringLiteral("message"))["text"].toString() == text; });
+}
+
 QString ProgramDriver::AnswerBox(const QString& button)
 {
     const QJsonObject box = WaitForWindow(QStringLiteral("message"));

@@ -60,6 +60,8 @@ public:
     void WaitForText(const QString& name, const QString& text);
     /// Waits for a control to go.
     void WaitUntilGone(const QString& name);
+    /// Waits for a message box with this text.
+    void WaitForBox(const QString& text);
     /// Waits for a message box, presses a button of it and returns its text.
     QString AnswerBox(const QString& button);
     /// Waits for the file dialog and gives it a path; an empty path cancels it.
