@@ -1,7 +1,6 @@
 #include "core/window/FormH2.h"
 
 #include "core/Common.h"
-#include "core/NumberText.h"
 #include "core/Paths.h"
 #include "core/Texts.h"
 
@@ -33,7 +32,7 @@ FormH2::FormH2(QWidget* parent) : QDialog(parent)
     large.setPointSizeF(large.pointSizeF() * kLarge);
     large.setBold(true);
     name->setFont(large);
-    add("lblAbout_1", FillPlaceholders(Texts().aboutVersion, {App().sVersion}));
+    add("lblAbout_1", App().sVersion);
     add("lblAbout_2", Texts().aboutText);
     auto* ok = new QPushButton(Texts().buttonOk);
     ok->setObjectName(QStringLiteral("cmdOK"));

@@ -133,7 +133,7 @@ TEST_F(Dialogs, AboutBox_ShowsNameAndVersion)
     for (const QLabel* label : about.findChildren<QLabel*>())
         texts << label->text();
     EXPECT_TRUE(texts.contains("KORVANEL"));
-    EXPECT_TRUE(texts.contains("Version V1.2.3"));
+    EXPECT_TRUE(texts.contains("V1.2.3"));
 }
 
 TEST_F(Dialogs, StartScreen_ShowsNameAndVersionAndGoesByAClickOrAKey)
