@@ -1,6 +1,14 @@
 #include "data/ComputedQuantities.h"
 
 #include "core/Common.h"
+#include "core/Messages.h"
+#include "core/ProjectDb.h"
+#include "core/Texts.h"
+#include "data/FileManaging.h"
+#include "data/ValueTables.h"
+
+#include <cmath>
+#include <numbers>
 
 namespace korvanel {
 
@@ -15,20 +23,77 @@ bool IsValidAt(const QString& mask, std::initializer_list<int> positions)
     return true;
 }
 
-void AddSteps()
+Energies RunningEnergies()
+{
+    const ApplicationBlock& app = App();
+    return {app.dEnergyWp, app.dEnergyWpPlus, app.dEnergyWpMinus, app.dEnergyWq};
+}
+
+void SetRunningEnergies(const Energies& energies)
 {
     ApplicationBlock& app = App();
-    (app.dStepWp >= 0 ? app.dEnergyWpPlus : app.dEnergyWpMinus) += app.dStepWp;
-    app.dEnergyWp += app.dStepWp;
-    app.dEnergyWq += app.dStepWq;
+    app.dEnergyWp = energies.Wp;
+    app.dEnergyWpPlus = energies.WpPlus;
+    app.dEnergyWpMinus = energies.WpMinus;
+    app.dEnergyWq = energies.Wq;
+}
+
+void PutEnergies(tValueRow& row, const Energies& energies)
+{
+    row.dWp = energies.Wp;
+    row.dWpPlus = energies.WpPlus;
+    row.dWpMinus = energies.WpMinus;
+    row.dWq = energies.Wq;
+}
+
+void AddSteps()
+{
+    SetRunningEnergies(AfterStep(RunningEnergies(), App().dStepWp, App().dStepWq));
 }
 
 } // namespace
 
+DerivedQuantities DeriveQuantities(double U, double I, double P, double phi, bool isThreePhase)
+{
+    constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
+    DerivedQuantities derived;
+    derived.S = U * I * (isThreePhase ? std::numbers::sqrt3 : 1);
+    derived.cosPhi = derived.S == 0 ? 0 : std::abs(P / derived.S);
+    derived.Q = std::abs(P) >= std::abs(derived.S) ? 0 : std::sqrt(derived.S * derived.S - P * P);
+    const bool hasAngle = derived.S != 0 && derived.cosPhi < 1;
+    derived.phi = hasAngle ? std::acos(derived.cosPhi) * kDegreesPerRadian : 0;
+    if (P < 0) {
+        derived.phi = 180 - derived.phi;
+        derived.cosPhi = -derived.cosPhi;
+    }
+    if (phi < 0) {
+        derived.phi = -derived.phi;
+        derived.Q = -derived.Q;
+    }
+    return derived;
+}
+
+Energies AfterStep(Energies energies, double stepWp, double stepWq)
+{
+    (stepWp >= 0 ? energies.WpPlus : energies.WpMinus) += stepWp;
+    energies.Wp += stepWp;
+    energies.Wq += stepWq;
+    return energies;
+}
+
+void DeriveFromUIP(double U, double I, double /*f*/, double P, double phi)
+{
+    const DerivedQuantities derived = DeriveQuantities(U, I, P, phi, IsAron());
+    App().dCalcS = derived.S;
+    App().dCalcQ = derived.Q;
+    App().dCalcCosPhi = derived.cosPhi;
+    App().dCalcPhi = derived.phi;
+}
+
 void ResetEnergies()
 {
     ApplicationBlock& app = App();
-    app.dEnergyWp = app.dEnergyWpPlus = app.dEnergyWpMinus = app.dEnergyWq = 0;
+    SetRunningEnergies({});
     app.dLastT = 0;
     app.iFileErrors = 0;
 }
@@ -45,10 +110,7 @@ void StepEnergyOnline()
     if (IsValidAt(row.sValidMask, {2}))
         app.dStepWp = row.dP[kSum] * app.dInterval * isCounted;
     AddSteps();
-    row.dWp = app.dEnergyWp;
-    row.dWpPlus = app.dEnergyWpPlus;
-    row.dWpMinus = app.dEnergyWpMinus;
-    row.dWq = app.dEnergyWq;
+    PutEnergies(row, RunningEnergies());
 }
 
 void StepEnergyOffline(double P, double Q, double t)
@@ -73,6 +135,45 @@ void FormRelativeEnergies()
     row.dWqRel = row.dWqAbs - start[3];
     row.dWqPlusRel = row.dWqPlusAbs - start[4];
     row.dWqMinusRel = row.dWqMinusAbs - start[5];
+}
+
+namespace {
+
+bool RecomputeEveryRow()
+{
+    DbTransaction transaction(ProjectDb());
+    for (qint32 set = 1; set <= App().iSetCount; ++set) {
+        tValueRow& row = App().CurrentRow;
+        if (!ReadRow(set))
+            return false;
+        StepEnergyOffline(row.dP[kSum], row.dQ[kSum], row.dt);
+        PutEnergies(row, RunningEnergies());
+        if (!UpdateRow(set))
+            return false;
+        App().TheShell->ShowProgress(Progress::Advance, static_cast<double>(set) / (App().iSetCount + 1));
+    }
+    transaction.Commit();
+    return true;
+}
+
+} // namespace
+
+bool RecomputeEnergies()
+{
+    if (!RefreshSetCount())
+        return true;
+    ResetEnergies();
+    OpenDbGuarded();
+    App().TheShell->ShowProgress(Progress::Begin, 0);
+    bool isDone = false;
+    try {
+        isDone = RecomputeEveryRow();
+    } catch (const DbError& error) {
+        ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+    }
+    App().TheShell->ShowProgress(Progress::End, 1);
+    CloseDbGuarded();
+    return isDone;
 }
 
 } // namespace korvanel

@@ -1,8 +1,36 @@
-// Energies that are not read but formed: by integration where the instrument has no registers, and relative to the
-// first set where it has.
+// Quantities that are not read but formed: apparent and reactive power, power factor and phase angle from voltage,
+// current and active power; energies by integration where the instrument has no registers, and relative to the first
+// set where it has.
 #pragma once
 
 namespace korvanel {
+
+/// What follows from voltage, current, active power and the sign of the phase angle.
+struct DerivedQuantities
+{
+    double S = 0;      ///< VA
+    double Q = 0;      ///< var, negative where the current leads
+    double cosPhi = 0; ///< negative for a generator
+    double phi = 0;    ///< degrees; magnitude above 90 for a generator, negative where the current leads
+};
+
+/// Power triangle of sinusoidal quantities: S = k U I, Q^2 = S^2 - P^2, cos phi = P / S. U in volts, I in amperes, P in
+/// watts with its sign, phi in degrees for its sign alone. `isThreePhase` takes k = sqrt(3), else k = 1.
+/// Without apparent power the angle is 0 before the signs; an active power above the apparent one, as rounding in an
+/// instrument gives it, yields no reactive power, a factor above 1 and an angle of 0.
+DerivedQuantities DeriveQuantities(double U, double I, double P, double phi, bool isThreePhase);
+
+/// The running energies, Ws and vars. `WpMinus` is negative or 0.
+struct Energies
+{
+    double Wp = 0;
+    double WpPlus = 0;
+    double WpMinus = 0;
+    double Wq = 0;
+};
+
+/// The energies after one more step: energy drawn counts as plus, energy fed back as minus.
+Energies AfterStep(Energies energies, double stepWp, double stepWq);
 
 /// Net configurations whose energies are the program's own: 0, 1 and 2.
 constexpr bool IntegratesEnergy(int netConf)
@@ -16,6 +44,9 @@ constexpr bool HasRegisters(int netConf)
     return netConf >= 3 && netConf <= 5;
 }
 
+/// `DeriveQuantities` for the net configuration of the block, with the results there. The frequency has no influence.
+void DeriveFromUIP(double U, double I, double f, double P, double phi);
+
 /// Zeroes the running energies and the time of the last step, and clears `iFileErrors`.
 void ResetEnergies();
 
@@ -28,5 +59,9 @@ void StepEnergyOffline(double P, double Q, double t);
 
 /// Relative energies of `MeasuredRow`: its registers less those of the first set, which this routine keeps.
 void FormRelativeEnergies();
+
+/// Forms the energies of all sets anew from their powers and times. All sets change or none: a failure is told by the
+/// row operation and takes everything back. False then.
+bool RecomputeEnergies();
 
 } // namespace korvanel
