@@ -1,6 +1,7 @@
 // Composition root: creates the long-lived objects in their order, registers the pages and what the menu does, and
 // starts the event loop.
 
+#include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/Common.h"
 #include "core/Messages.h"
@@ -124,6 +125,8 @@ int main(int argc, char* argv[])
     App().TheShell = &window;
 
     const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
+    clsTimeSchedule schedule;
+    App().TimeSchedule = &schedule;
     clsGraphColours colours(kSettingsApplication);
     App().GraphColours = &colours;
     RunGuarded(QStringLiteral("clsGraphColours"), [&] { colours.ReadSettings(); });

@@ -18,6 +18,7 @@ namespace korvanel {
 class clsGraphColours;
 class clsProgSettings;
 class clsSymbols;
+class clsTimeSchedule;
 class Clock;
 class Shell;
 
@@ -135,6 +136,7 @@ struct ApplicationBlock
     std::optional<qint32> lPageTop;
 
     // Objects of other rooms, created by the composition root and living until exit.
+    clsTimeSchedule* TimeSchedule = nullptr;
     clsGraphColours* GraphColours = nullptr;
     clsSymbols* Symbols = nullptr;
     clsProgSettings* ProgSettings = nullptr;

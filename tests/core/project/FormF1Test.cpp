@@ -118,6 +118,17 @@ TEST_F(FormF1Test, SaveUnderAnotherNameGoesOnInTheCopyWithoutARecentEntry)
     EXPECT_EQ(window.findChild<QAction*>("mnuFileMRU_1"), nullptr);
 }
 
+TEST_F(FormF1Test, ALongNameDoesNotPushTheControlsOffThePage)
+{
+    ShowPage();
+    Find<QLineEdit>("txtName").setText(QString(5000, u'W'));
+    QCoreApplication::processEvents();
+    for (const char* name : {"txtName", "txtDescr", "cmdEdit", "cmdForw"}) {
+        const auto& control = Find<QWidget>(name);
+        EXPECT_LE(control.mapTo(window.PageOnShow(), QPoint(control.width(), 0)).x(), 754) << name;
+    }
+}
+
 TEST_F(FormF1Test, NothingLongerThanAFileTakesCanBeTyped)
 {
     ShowPage();
