@@ -25,7 +25,6 @@ FormF1::FormF1(MainWindow& window, const PageEntry& entry)
 {
     frame->setObjectName(QStringLiteral("fraProject"));
     frame->setLayout(form);
-    frame->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name must not widen the page
     Body().addWidget(frame, 1);
     nameBox = AddLine("txtName", Texts().labelProjectName, App().sProjectName);
     connect(nameBox, &QLineEdit::textChanged, this, [this] { RefreshCaptions(); });
