@@ -206,6 +206,21 @@ TEST_F(HostileFile, TextOfTenMegabytes)
     ExpectRefusal("test.MDB");
 }
 
+TEST_F(HostileFile, RowWithATextOfTenMegabytesIsNotTakenIntoMemory)
+{
+    MakeProject();
+    OpenDbGuarded();
+    App().MeasuredRow.lSet = 1;
+    ASSERT_TRUE(AppendMeasuredRow());
+    CloseDbGuarded();
+    Execute("UPDATE ComputedValues SET Method=hex(zeroblob(5000000))");
+    OpenDbGuarded();
+    EXPECT_FALSE(ReadRow(1));
+    CloseDbGuarded();
+    EXPECT_EQ(shell.boxes.size(), 1U);
+    EXPECT_LT(App().CurrentRow.sMethod.size(), 100);
+}
+
 TEST_F(HostileFile, LongTextThatAUserMayTypeIsKept)
 {
     MakeProject();
