@@ -2,7 +2,21 @@
 
 #include "core/Common.h"
 
+#include <chrono>
+
 namespace korvanel {
+
+double SystemClock::Seconds() const
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+void SystemClock::BusyWait(double seconds) const
+{
+    const double start = Seconds();
+    while (Seconds() - start < seconds) {
+    }
+}
 
 QDateTime PresentMoment()
 {

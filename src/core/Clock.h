@@ -11,6 +11,10 @@ public:
     virtual ~Clock() = default;
     /// Present local date and time.
     virtual QDateTime Now() const = 0;
+    /// Seconds on the high-resolution clock, which nobody sets back.
+    virtual double Seconds() const = 0;
+    /// Lets a time pass by looking at the high-resolution clock all the while: exact, and nothing else runs meanwhile.
+    virtual void BusyWait(double seconds) const = 0;
 };
 
 /// The clock of the system.
@@ -18,6 +22,8 @@ class SystemClock : public Clock
 {
 public:
     QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    double Seconds() const override;
+    void BusyWait(double seconds) const override;
 };
 
 /// Present local date and time, cut to whole seconds as the project file stores them: what the clock on the wall shows,

@@ -20,6 +20,7 @@ class clsProgSettings;
 class clsSymbols;
 class clsTimeSchedule;
 class Clock;
+class SerialPort;
 class Shell;
 
 inline constexpr int kProgressThresholdEntry = 6;
@@ -119,6 +120,16 @@ struct ApplicationBlock
     std::array<qint32, 16> PrintIt{};
     std::array<qint32, 2> Export{};
 
+    // The instrument.
+    bool bDevConnected = false;  ///< it was identified
+    bool bConfigDue = false;     ///< identified on this connection and not yet configured
+    bool bShowDevErrors = false; ///< the dispatcher shows an error itself; else the caller reads `sDevError`
+    QString sDevError;           ///< of the last operation; empty without one
+    QString sDevFound;           ///< catalogue entry that was identified
+    std::array<double, 2> dTransRatio{1, 1}; ///< primary over secondary of the program's transformers: voltage, current
+    std::array<double, 2> dDevTransPrimary{1, 1}; ///< transformers that the instrument applies: voltage, current
+    std::array<double, 2> dDevTransSecondary{1, 1};
+
     // Factors that an instrument applies by itself.
     float fDevScaleU = 1;
     float fDevScaleI = 1;
@@ -141,6 +152,7 @@ struct ApplicationBlock
     clsSymbols* Symbols = nullptr;
     clsProgSettings* ProgSettings = nullptr;
     const Clock* TheClock = nullptr;
+    SerialPort* ThePort = nullptr;
     Shell* TheShell = nullptr;
 
     /// Number of sets above which a long operation shows its progress.

@@ -20,7 +20,10 @@ class FixedClock : public Clock
 {
 public:
     QDateTime now{QDate(2026, 3, 14), QTime(15, 9, 26)};
+    mutable double seconds = 1000; ///< of the high-resolution clock
     QDateTime Now() const override { return now; }
+    double Seconds() const override { return seconds; }
+    void BusyWait(double wait) const override { seconds += wait; }
 };
 
 class BlockTest : public ::testing::Test

@@ -1,0 +1,89 @@
+#include "instruments/DevManaging.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/Texts.h"
+#include "instruments/Catalogue.h"
+#include "instruments/IskraDriver.h"
+#include "instruments/SerialPort.h"
+
+namespace korvanel {
+
+namespace {
+
+/// Runs the driver that knows the entry; false if there is none.
+bool RunDriver(const QString& entry, quint8 command)
+{
+    using Driver = bool (*)(const QString&, quint8);
+    for (const Driver driver : {RunIskraDriver})
+        if (driver(entry, command))
+            return true;
+    return false;
+}
+
+void CloseIfOpen()
+{
+    if (App().ThePort->IsOpen())
+        DevCommand(kDevClose);
+}
+
+} // namespace
+
+bool DevCommand(quint8 command)
+{
+    ApplicationBlock& app = App();
+    app.sDevError.clear();
+    try {
+        if (!RunDriver(app.sDevice, command))
+            app.sDevError = Texts().devUnknown + app.sDevice;
+    } catch (const PortError& error) {
+        app.sDevError = QString::fromUtf8(error.what());
+    }
+    if (app.sDevError.isEmpty())
+        return true;
+    if (app.bShowDevErrors) {
+        const QString text = QStringLiteral("COM%1: ").arg(app.lComPort) + app.sDevError;
+        app.sDevError.clear();
+        ShowError(text);
+    }
+    return false;
+}
+
+bool DevConnect()
+{
+    ApplicationBlock& app = App();
+    app.bShowDevErrors = true;
+    app.bConfigDue = false;
+    bool isConnected = true;
+    for (const quint8 command : {kDevSettings, kDevOpen, kDevIdentify, kDevConfigure})
+        isConnected = isConnected && DevCommand(command);
+    if (isConnected) {
+        LookUpInstrument(app.sDevice);
+        if (app.bHasDevTrans)
+            DevCommand(kDevReadTransformers);
+        if (app.bHasDeviceInfo)
+            DevCommand(kDevInfo);
+    }
+    CloseIfOpen();
+    return isConnected;
+}
+
+bool DevTransfer(TransferDirection direction)
+{
+    bool isDone = DevCommand(kDevOpen);
+    if (isDone && direction == TransferDirection::Write)
+        isDone = DevCommand(kDevWriteTransformers);
+    if (isDone) // so that what is shown is what the instrument holds now
+        isDone = DevCommand(kDevReadTransformers);
+    CloseIfOpen();
+    return isDone;
+}
+
+bool DevResetCounters()
+{
+    const bool isDone = DevCommand(kDevOpen) && DevCommand(kDevResetCounters);
+    CloseIfOpen();
+    return isDone;
+}
+
+} // namespace korvanel

@@ -1,0 +1,44 @@
+// The one dispatcher by which everything talks to an instrument, and the sequences built on it. A driver is found by
+// the text of the chosen instrument entry.
+#pragma once
+
+#include <QtGlobal>
+
+namespace korvanel {
+
+enum DeviceCommand : quint8
+{
+    kDevSettings = 0,
+    kDevOpen = 1,
+    kDevIdentify = 2,
+    kDevConfigure = 3,
+    kDevPrepare = 4,
+    kDevSample = 5,
+    kDevClose = 6,
+    kDevReadTransformers = 7,
+    kDevWriteTransformers = 8,
+    kDevResetCounters = 9,
+    kDevInfo = 10,
+};
+
+/// Direction of `DevTransfer`.
+enum class TransferDirection
+{
+    Read = 0,
+    Write = 1
+};
+
+/// Carries out an operation with the driver of `sDevice`. An error stands in `sDevError`, or is shown with the number
+/// of the port if `bShowDevErrors` holds; the result is false in either case.
+bool DevCommand(quint8 command);
+
+/// Settings, opening, identification and configuration, stopping at the first error; then the transformers and the
+/// identity of an instrument that has them. The port is closed at the end.
+bool DevConnect();
+
+/// Writes the instrument's transformers if told so, and reads them back.
+bool DevTransfer(TransferDirection direction);
+
+bool DevResetCounters();
+
+} // namespace korvanel
