@@ -41,10 +41,7 @@ struct ScheduleEntry
         return stopMode == StopMode::Timed || (stopMode == StopMode::Duration && HasStartTime());
     }
     /// It starts by hand and ends after its duration.
-    bool IsManualWithDuration() const
-    {
-        return startMode == StartMode::Manual && stopMode == StopMode::Duration;
-    }
+    bool IsManualWithDuration() const { return startMode == StartMode::Manual && stopMode == StopMode::Duration; }
 };
 
 /// Entries that stand in the way of a new one, both ends included.
