@@ -12,7 +12,8 @@ constexpr TextEntry kEntries[] = {
 #undef TEXT
 };
 
-constexpr std::array kSectionNames{"MAIN", "DEFAULT", "VALUE NAMES", "DIALOGUES", "FORMF1", "FORMF2", "FORMH3"};
+constexpr std::array kSectionNames{"MAIN",   "DEFAULT", "VALUE NAMES", "DIALOGUES", "FORMF1", "FORMF2",
+                                   "FORMF3", "FORMF4",  "FORMH3",      "FORMH5",    "FORMH7"};
 
 } // namespace
 

@@ -17,7 +17,11 @@ enum class TextSection
     Dialogues,
     FormF1,
     FormF2,
+    FormF3,
+    FormF4,
     FormH3,
+    FormH5,
+    FormH7,
 };
 
 struct TextTable
