@@ -23,6 +23,8 @@
 #include "diagrams/clsGraphColours.h"
 #include "diagrams/clsSymbols.h"
 #include "instruments/FormF2.h"
+#include "instruments/PortNames.h"
+#include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
 
 #include <QApplication>
@@ -121,6 +123,8 @@ int main(int argc, char* argv[])
     InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
     const SystemClock clock;
     App().TheClock = &clock;
+    SystemPort port([](int number) { return DeviceOfPort(number, SystemPortSources()); });
+    App().ThePort = &port;
     MainWindow window({SaveIfDirty, CloseProject});
     App().TheShell = &window;
 
