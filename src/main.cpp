@@ -123,6 +123,7 @@ int main(int argc, char* argv[])
     InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
     const SystemClock clock;
     App().TheClock = &clock;
+    StartDayClock();
     SystemPort port([](int number) { return DeviceOfPort(number, SystemPortSources()); });
     App().ThePort = &port;
     MainWindow window({SaveIfDirty, CloseProject});
