@@ -385,9 +385,9 @@ void FormF4::ShowElapsed(const QString& elapsed)
     counts[kElapsedCount]->setText(elapsed);
 }
 
-void FormF4::ShowLamp(quint32 colour)
+void FormF4::ShowLamp(int colour)
 {
-    lamp->SetColour(colour, colour == kLampGood ? Texts().sampleGood : Texts().sampleBad);
+    lamp->Show(colour, colour == kLampGood ? Texts().sampleGood : Texts().sampleBad);
 }
 
 void FormF4::ShowInstrument()

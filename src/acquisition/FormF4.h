@@ -43,7 +43,7 @@ private:
     void ShowBadSample() override;
     void ShowBegin(const QString& begin) override;
     void ShowElapsed(const QString& elapsed) override;
-    void ShowLamp(quint32 colour) override;
+    void ShowLamp(int colour) override;
     void ShowInstrument() override;
     void ShowDropped() override;
 

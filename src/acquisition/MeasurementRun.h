@@ -12,8 +12,8 @@
 namespace korvanel {
 
 /// Colours of the lamp: blue, green, red from the high to the low byte.
-inline constexpr quint32 kLampGood = 65280;
-inline constexpr quint32 kLampBad = 255;
+inline constexpr int kLampGood = 65280;
+inline constexpr int kLampBad = 255;
 
 inline constexpr int kTickMilliseconds = 50;
 
@@ -40,7 +40,7 @@ public:
     virtual void ShowBadSample() = 0;
     virtual void ShowBegin(const QString& begin) = 0;
     virtual void ShowElapsed(const QString& elapsed) = 0;
-    virtual void ShowLamp(quint32 colour) = 0;
+    virtual void ShowLamp(int colour) = 0;
     /// Identity and transformers of the instrument may have changed.
     virtual void ShowInstrument() = 0;
     /// All sets are gone.

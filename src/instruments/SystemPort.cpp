@@ -74,14 +74,15 @@ void SystemPort::Open()
 void SystemPort::WatchForLoss()
 {
     QSerialPort* watched = port.get();
-    QObject::connect(watched, &QSerialPort::errorOccurred, watched, [this, watched](QSerialPort::SerialPortError error) {
-        constexpr std::array kLosses{QSerialPort::ResourceError, QSerialPort::ReadError, QSerialPort::WriteError};
-        if (isLost || std::find(kLosses.begin(), kLosses.end(), error) == kLosses.end())
-            return;
-        isLost = true;
-        // A device that has hung up is ready to be read for ever; only a closed one leaves the event loop in peace.
-        QMetaObject::invokeMethod(watched, &QSerialPort::close, Qt::QueuedConnection);
-    });
+    QObject::connect(
+        watched, &QSerialPort::errorOccurred, watched, [this, watched](QSerialPort::SerialPortError error) {
+            constexpr std::array kLosses{QSerialPort::ResourceError, QSerialPort::ReadError, QSerialPort::WriteError};
+            if (isLost || std::find(kLosses.begin(), kLosses.end(), error) == kLosses.end())
+                return;
+            isLost = true;
+            // A device that has hung up is ready to be read for ever; only a closed one leaves the event loop in peace.
+            QMetaObject::invokeMethod(watched, &QSerialPort::close, Qt::QueuedConnection);
+        });
 }
 
 void SystemPort::Close()

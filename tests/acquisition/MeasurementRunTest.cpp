@@ -26,7 +26,7 @@ TEST_F(MeasurementRunTest, Start_StoresTheFirstSampleAtTheFirstTickAndOneEachInt
     EXPECT_NEAR(pollTimes[0] - begin, 0.3, 0.001);
     EXPECT_TRUE(display.isRunning);
     EXPECT_EQ(display.stored, 5);
-    EXPECT_EQ(display.lamps, std::vector<quint32>(5, kLampGood));
+    EXPECT_EQ(display.lamps, std::vector<int>(5, kLampGood));
     EXPECT_EQ(display.elapsed, "00:00:04");
 }
 

@@ -33,7 +33,7 @@ public:
     bool isLocked = false;
     bool isRunning = false;
     QString countdown, begin, elapsed;
-    std::vector<quint32> lamps;
+    std::vector<int> lamps;
     int stored = 0;
     int rejected = 0;
     int cleared = 0;
@@ -56,7 +56,7 @@ public:
     void ShowBadSample() override { ++rejected; }
     void ShowBegin(const QString& text) override { begin = text; }
     void ShowElapsed(const QString& text) override { elapsed = text; }
-    void ShowLamp(quint32 colour) override { lamps.push_back(colour); }
+    void ShowLamp(int colour) override { lamps.push_back(colour); }
     void ShowInstrument() override {}
     void ShowDropped() override { ++dropped; }
 };

@@ -6,46 +6,48 @@ namespace korvanel {
 
 namespace {
 
-constexpr const char* kColour = "colour";
+constexpr int kLampSize = 18;
+
+QColor ColourOf(int number)
+{
+    return {number & 0xFF, number >> 8 & 0xFF, number >> 16 & 0xFF};
+}
+
+int ColourNumber(const QColor& colour)
+{
+    return colour.red() | colour.green() << 8 | colour.blue() << 16;
+}
 
 } // namespace
 
-StatusLamp::StatusLamp(const QString& name)
+StatusLamp::StatusLamp(const QString& name) : colourNumber(ColourNumber(palette().color(QPalette::Button)))
 {
     setObjectName(name);
-    setFixedSize(StatusLamp::sizeHint());
-    SwitchOff();
+    setFixedSize(kLampSize, kLampSize);
+    setProperty("colour", colourNumber);
 }
 
 QSize StatusLamp::sizeHint() const
 {
-    constexpr int kSide = 18;
-    return {kSide, kSide};
+    return {kLampSize, kLampSize};
 }
 
-void StatusLamp::SetColour(quint32 colour, const QString& meaning)
+void StatusLamp::Show(int colour, const QString& description)
 {
-    setProperty(kColour, colour);
-    setAccessibleDescription(meaning);
-    setToolTip(meaning);
-    update();
-}
-
-void StatusLamp::SwitchOff()
-{
-    const QColor face = palette().color(QPalette::Button);
-    SetColour(static_cast<quint32>(face.blue() << 16 | face.green() << 8 | face.red()));
+    colourNumber = colour;
+    setProperty("colour", colour);
+    setAccessibleDescription(description);
+    setToolTip(description);
+    repaint();
 }
 
 void StatusLamp::paintEvent(QPaintEvent* /*event*/)
 {
-    const quint32 colour = property(kColour).toUInt();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.setBrush(QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
-                            static_cast<int>(colour >> 16 & 0xFF)));
-    painter.drawEllipse(rect().adjusted(2, 2, -2, -2));
+    painter.setPen(palette().color(QPalette::Active, QPalette::Dark));
+    painter.setBrush(ColourOf(colourNumber));
+    painter.drawEllipse(rect().adjusted(1, 1, -2, -2));
 }
 
 } // namespace korvanel
