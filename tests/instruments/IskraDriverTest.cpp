@@ -47,6 +47,24 @@ TEST_F(IskraDriver, Settings_Are9600BaudWithEightDataBits)
     EXPECT_FALSE(port.settings.isRtsOn);
 }
 
+TEST_F(IskraDriver, Open_TakesThePortOfTheProjectWithoutSettingsBefore)
+{
+    App().lComPort = 7;
+    ASSERT_TRUE(DevCommand(kDevOpen));
+    EXPECT_EQ(port.settings.number, 7);
+}
+
+TEST_F(IskraDriver, Open_RefusesAnAddressOutsideTheBus)
+{
+    for (const qint32 address : {0, -1, 248, 300, 256 + 33}) {
+        App().lModbusAddress = address;
+        App().bShowDevErrors = false;
+        EXPECT_FALSE(DevCommand(kDevOpen)) << address;
+        EXPECT_EQ(App().sDevError, "Die Adresse darf nur zwischen 1 und 247 liegen.");
+        EXPECT_FALSE(port.isOpen);
+    }
+}
+
 TEST_F(IskraDriver, Connect_IdentifiesConfiguresAndReadsTransformersAndIdentity)
 {
     const std::pair<const char*, int> modes[] = {
