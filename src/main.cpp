@@ -2,6 +2,7 @@
 // starts the event loop.
 
 #include "acquisition/FormF3.h"
+#include "acquisition/FormF4.h"
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/Common.h"
@@ -55,6 +56,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageGeneralData, Build<FormF1>);
     window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
     window.RegisterPage(kPageDevice, Build<FormF3>);
+    window.RegisterPage(kPageMeasure, Build<FormF4>);
 }
 
 void ConnectPageEntries(MainWindow& window)

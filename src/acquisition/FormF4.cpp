@@ -2,6 +2,8 @@
 
 #include "acquisition/OnlineGraph.h"
 #include "acquisition/ScheduleGrid.h"
+#include "acquisition/clsTimeSchedule.h"
+#include "core/Clock.h"
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
