@@ -1,6 +1,7 @@
 // Composition root: creates the long-lived objects in their order, registers the pages and what the menu does, and
 // starts the event loop.
 
+#include "acquisition/FormF3.h"
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/Common.h"
@@ -23,6 +24,9 @@
 #include "diagrams/clsGraphColours.h"
 #include "diagrams/clsSymbols.h"
 #include "instruments/FormF2.h"
+#include "instruments/FormH5.h"
+#include "instruments/PortNames.h"
+#include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
 
 #include <QApplication>
@@ -50,6 +54,7 @@ void RegisterPages(MainWindow& window)
         window.RegisterPage(entry.number, Build<FormLater>);
     window.RegisterPage(kPageGeneralData, Build<FormF1>);
     window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
+    window.RegisterPage(kPageDevice, Build<FormF3>);
 }
 
 void ConnectPageEntries(MainWindow& window)
@@ -88,7 +93,11 @@ void ConnectMenu(MainWindow& window)
     menu.OnTriggered(QStringLiteral("mnuEnd"), [&window] { window.EndProgram(); });
     menu.OnTriggered(QStringLiteral("mnuBook"), OpenManual);
     menu.OnTriggered(QStringLiteral("mnuInfo"), [&window] { FormH2(&window).exec(); });
-    for (const char* later : {"mnuModbus", "mnuDatabaseOpt", "mnuConvert"})
+    menu.OnTriggered(QStringLiteral("mnuModbus"), [&window] {
+        if (FormH5(&window).exec() == QDialog::Accepted)
+            window.RefreshPage();
+    });
+    for (const char* later : {"mnuDatabaseOpt", "mnuConvert"})
         menu.OnTriggered(QLatin1String(later), [] { ShowInformation(Texts().laterVersion); });
     menu.OnRecentFile(OpenRecentProject);
 }
@@ -121,6 +130,9 @@ int main(int argc, char* argv[])
     InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
     const SystemClock clock;
     App().TheClock = &clock;
+    StartDayClock();
+    SystemPort port([](int number) { return DeviceOfPort(number, SystemPortSources()); });
+    App().ThePort = &port;
     MainWindow window({SaveIfDirty, CloseProject});
     App().TheShell = &window;
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 namespace korvanel {
@@ -77,6 +78,17 @@ std::optional<double> LocalNumber(const QString& text)
 QString ToDotDecimal(const QString& text)
 {
     return QString(text).replace(App().DecimalChar, u'.');
+}
+
+double TypedNumber(const QString& text)
+{
+    const double value = LeadingNumber(ToDotDecimal(text));
+    return std::isfinite(value) ? value : 0;
+}
+
+qint32 TypedWholeNumber(const QString& text, qint32 minimum)
+{
+    return static_cast<qint32>(Clamp(std::trunc(TypedNumber(text)), minimum, std::numeric_limits<qint32>::max()));
 }
 
 QString ToLocalDecimal(const QString& text)

@@ -27,6 +27,13 @@ std::optional<double> LocalNumber(const QString& text);
 /// Every local decimal character becomes a point.
 QString ToDotDecimal(const QString& text);
 
+/// The number at the start of typed text, in the local format or with a point. What is no number, or is beyond the
+/// range of a double, counts as 0.
+double TypedNumber(const QString& text);
+
+/// The whole number at the start of typed text, its fraction cut; limited to `minimum` and the range of the type.
+qint32 TypedWholeNumber(const QString& text, qint32 minimum);
+
 /// The first of the other decimal characters becomes the local one; any further one stays.
 QString ToLocalDecimal(const QString& text);
 

@@ -165,8 +165,9 @@ void ReadInfo()
     const QByteArray request = Request(kReadInput, kModelText, 3);
     const QByteArray reply = Ask(request);
     const bool isModel = reply.size() >= 3 + kModelLength && reply.left(2) == request.left(2);
-    const std::optional<quint16> number = isModel ? ReadRegister(kReadInput, kDeviceNumber) : std::nullopt;
-    if (!number) {
+    // Asked whatever came before, so that an address without an instrument costs the same as one with it.
+    const std::optional<quint16> number = ReadRegister(kReadInput, kDeviceNumber);
+    if (!isModel || !number) {
         app.sDevError = Texts().devInfoFailed;
         app.sDeviceId.clear();
         return;

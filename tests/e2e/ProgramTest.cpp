@@ -339,7 +339,7 @@ TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
     ProgramDriver program(settings);
     program.Start();
     program.WaitForWindow("MainForm");
-    program.Trigger("mnuModbus");
+    program.Trigger("mnuDatabaseOpt");
     EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
     program.WaitForQuiet();
     NewProject(program, PathOf("x"));

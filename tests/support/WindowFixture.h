@@ -1,6 +1,7 @@
 // The real main window with the real pages, but for its modal dialogs: those are recorded and answered from a script.
 #pragma once
 
+#include "acquisition/FormF3.h"
 #include "core/project/FormF1.h"
 #include "core/project/ProjectCommands.h"
 #include "core/window/FormLater.h"
@@ -39,6 +40,7 @@ protected:
             window.RegisterPage(entry.number, Build<FormLater>);
         window.RegisterPage(kPageGeneralData, Build<FormF1>);
         window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
+        window.RegisterPage(kPageDevice, Build<FormF3>);
         window.ApplyMainTexts();
         window.show();
     }

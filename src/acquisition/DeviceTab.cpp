@@ -1,0 +1,159 @@
+#include "acquisition/DeviceTab.h"
+
+#include "acquisition/MeasurementConfiguration.h"
+#include "core/Common.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "core/window/EntryBox.h"
+#include "instruments/AddressSearch.h"
+#include "instruments/Catalogue.h"
+#include "instruments/PortBox.h"
+#include "instruments/WiringView.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+DeviceTab::DeviceTab()
+{
+    auto* upper = new QHBoxLayout;
+    upper->addWidget(BuildChoice(), 3);
+    upper->addWidget(BuildStatus(), 2);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(upper);
+    column->addWidget(BuildWiring());
+    column->addStretch(1);
+}
+
+QWidget* DeviceTab::BuildChoice()
+{
+    auto* content = new QGroupBox(Texts().tabDevice);
+    auto* form = new QFormLayout(content);
+    deviceBox = new QComboBox;
+    deviceBox->setObjectName(QStringLiteral("cboSelect"));
+    connect(deviceBox, &QComboBox::activated, this, [this] {
+        TakeInstrument();
+        emit InstrumentChanged();
+    });
+    form->addRow(Texts().labelDevice, deviceBox);
+    portBox = new PortBox;
+    connect(portBox, &PortBox::Entered, this, [this](const QString& text) {
+        EnterPort(text);
+        portBox->ShowPort(App().lComPort);
+    });
+    auto* caption = new QLabel(Texts().labelPort);
+    caption->setBuddy(portBox->Box());
+    form->addRow(caption, portBox);
+    form->addRow(Texts().labelInterval, BuildInterval());
+    qobject_cast<QLabel*>(form->labelForField(intervalBox->parentWidget()))->setBuddy(intervalBox);
+    beatBox = new QCheckBox;
+    beatBox->setObjectName(QStringLiteral("chkTakt"));
+    connect(beatBox, &QCheckBox::toggled, this, EnterBeat);
+    form->addRow(Texts().labelBeat, beatBox);
+    return content;
+}
+
+QWidget* DeviceTab::BuildInterval()
+{
+    intervalBox = new EntryBox(QStringLiteral("cboInterval"));
+    connect(intervalBox, &EntryBox::Committed, this, &DeviceTab::TakeInterval);
+    auto* content = new QWidget;
+    auto* row = new QHBoxLayout(content);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(intervalBox);
+    row->addWidget(new QLabel(Texts().unitSeconds), 1);
+    return content;
+}
+
+QWidget* DeviceTab::BuildStatus()
+{
+    auto* content = new QGroupBox(Texts().groupStatus);
+    auto* column = new QVBoxLayout(content);
+    lamps = new StatusLamps;
+    column->addWidget(lamps);
+    identityLabel = new QLabel;
+    identityLabel->setObjectName(QStringLiteral("lblDevice"));
+    identityLabel->setTextFormat(Qt::PlainText);
+    column->addWidget(identityLabel);
+    addressLabel = new QLabel;
+    addressLabel->setObjectName(QStringLiteral("lblModbus"));
+    column->addWidget(addressLabel);
+    column->addStretch(1);
+    auto* diagnosis = new QPushButton(Texts().buttonDiagnosis);
+    diagnosis->setObjectName(QStringLiteral("cmdDiag"));
+    connect(diagnosis, &QPushButton::clicked, this, &DeviceTab::DiagnosisWanted);
+    column->addWidget(diagnosis, 0, Qt::AlignLeft);
+    return content;
+}
+
+QWidget* DeviceTab::BuildWiring()
+{
+    auto* content = new QGroupBox(Texts().wiringTitle);
+    auto* column = new QVBoxLayout(content);
+    wiring = new WiringView;
+    column->addWidget(wiring);
+    return content;
+}
+
+void DeviceTab::Refresh()
+{
+    const QSignalBlocker quiet(beatBox);
+    deviceBox->clear();
+    deviceBox->addItems(InstrumentEntries(App().iNetConfIndex));
+    deviceBox->setCurrentIndex(deviceBox->findText(App().sDevice, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    portBox->ShowPort(App().lComPort);
+    beatBox->setChecked(App().lSound == 1);
+    ShowInstrument();
+    ShowState(App().bDevConnected ? LampState::Connected : LampState::NotConnected);
+}
+
+void DeviceTab::ShowInstrument()
+{
+    intervalBox->SetChoices(IntervalChoices());
+    intervalBox->ShowText(NumberText(App().dInterval));
+    identityLabel->setText(App().sDeviceId);
+    addressLabel->setText(FillPlaceholders(Texts().modbusAddress, {QString::number(App().lModbusAddress)}));
+    addressLabel->setVisible(App().sDevice.startsWith(QLatin1String(kFamilyWithAddress)));
+    wiring->Refresh();
+}
+
+void DeviceTab::TakeInstrument()
+{
+    if (deviceBox->currentIndex() >= 0)
+        ChooseInstrument(deviceBox->currentText());
+}
+
+void DeviceTab::Commit()
+{
+    portBox->Commit();
+    intervalBox->Commit();
+}
+
+void DeviceTab::TakeInterval(const QString& text)
+{
+    const TypedEntry entry = EnterInterval(text);
+    if (entry.isAccepted) {
+        intervalBox->ShowText(entry.text);
+        return;
+    }
+    intervalBox->setEditText(entry.text);
+    intervalBox->setFocus();
+}
+
+bool DeviceTab::HasFitInterval()
+{
+    intervalBox->Commit();
+    const bool isFit = !intervalBox->HasPendingText() && CheckIntervalForRun();
+    if (!isFit)
+        intervalBox->setFocus();
+    return isFit;
+}
+
+} // namespace korvanel

@@ -1,0 +1,111 @@
+#include "acquisition/FormF3.h"
+
+#include "acquisition/DeviceTab.h"
+#include "acquisition/MeasurementConfiguration.h"
+#include "acquisition/TransformerTab.h"
+#include "core/Common.h"
+#include "core/Shell.h"
+#include "core/Texts.h"
+#include "core/clsWaitCursor.h"
+#include "core/window/PageTable.h"
+#include "instruments/DevManaging.h"
+
+#include <QPointer>
+#include <QScopeGuard>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+FormF3::FormF3(MainWindow& window, const PageEntry& entry)
+    : Page(window, entry), tabs(new QTabWidget), deviceTab(new DeviceTab), transformerTab(new TransformerTab)
+{
+    tabs->setObjectName(QStringLiteral("tabPage"));
+    AddTab("A", deviceTab, Texts().tabDevice);
+    AddTab("B", transformerTab, Texts().tabTransformers);
+    Body().addWidget(tabs, 1);
+    ConnectTabs();
+}
+
+void FormF3::AddTab(const char* key, QWidget* content, const QString& title)
+{
+    content->setObjectName(QStringLiteral("tabPage_") + QLatin1String(key));
+    tabs->addTab(content, title);
+}
+
+void FormF3::ConnectTabs()
+{
+    connect(deviceTab, &DeviceTab::InstrumentChanged, this, [this] { Guarded([this] { Refresh(); }); });
+    connect(deviceTab, &DeviceTab::DiagnosisWanted, this, [this] { Guarded([this] { Diagnose(); }); });
+    connect(transformerTab, &TransformerTab::TransferWanted, this, [this](TransferDirection direction) {
+        Guarded([this, direction] { Talk([direction] { DevTransfer(direction); }); });
+    });
+    connect(transformerTab, &TransformerTab::ResetWanted, this,
+            [this] { Guarded([this] { Talk([] { DevResetCounters(); }); }); });
+}
+
+void FormF3::Refresh()
+{
+    PrepareMeasurementConfiguration();
+    deviceTab->Refresh();
+    transformerTab->Refresh();
+}
+
+void FormF3::Commit()
+{
+    deviceTab->Commit();
+    transformerTab->Commit();
+}
+
+bool FormF3::MayGoForward()
+{
+    if (deviceTab->HasFitInterval()) {
+        Commit();
+        return true;
+    }
+    tabs->setCurrentWidget(deviceTab);
+    return false;
+}
+
+void FormF3::Diagnose()
+{
+    deviceTab->TakeInstrument();
+    App().iCurrentPage = kPageDevice;
+    App().bConfigDue = false;
+    Work([this] {
+        deviceTab->ShowState(LampState::AtWork);
+        App().bDevConnected = false; // also where the port can't be opened, so that no question is asked
+        DevConnect();
+    });
+}
+
+void FormF3::Talk(const std::function<void()>& routine)
+{
+    if (!App().bDevConnected)
+        return;
+    Work([&routine] {
+        if (DevCommand(kDevSettings)) // the port may have been used with another number since the connection
+            routine();
+    });
+}
+
+void FormF3::Work(const std::function<void()>& routine)
+{
+    Commit();
+    const QPointer<QWidget> focus = focusWidget();
+    clsWaitCursor cursor;
+    cursor.Show();
+    App().TheShell->SetBusyMenus(false);
+    setEnabled(false);
+    const auto atEnd = qScopeGuard([&] {
+        setEnabled(true);
+        App().TheShell->SetBusyMenus(true);
+        Refresh();
+        if (focus)
+            focus->setFocus();
+    });
+    repaint();
+    routine();
+}
+
+} // namespace korvanel

@@ -1,0 +1,226 @@
+#include "acquisition/TransformerTab.h"
+
+#include "core/Common.h"
+#include "core/Quantities.h"
+#include "core/Texts.h"
+#include "core/window/EntryBox.h"
+#include "diagrams/clsSymbols.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+namespace {
+
+/// A quantity with the unit in which it is typed.
+struct Typed
+{
+    Quantity quantity;
+    TextMember unit;
+    bool needsMachine = false;
+};
+
+/// In the order of the ends; voltage and current, the first two, have transformers and triggers too.
+constexpr std::array<Typed, kScaleEnds> kTypedRows{{
+    {kU, &TextTable::unitVolt},
+    {kI, &TextTable::unitAmpere},
+    {kP, &TextTable::unitKilowatt},
+    {kF, &TextTable::unitHertz},
+    {kM, &TextTable::unitNewtonMetre, true},
+    {kN, &TextTable::unitRpm, true},
+}};
+
+QString Caption(const Typed& row)
+{
+    return App().Symbols->Symbol(row.quantity) + u':';
+}
+
+void SetSpacing(QGridLayout& grid)
+{
+    constexpr int kSpacing = 6;
+    grid.setHorizontalSpacing(kSpacing);
+    grid.setVerticalSpacing(kSpacing);
+}
+
+} // namespace
+
+TransformerTab::TransformerTab()
+{
+    auto* upper = new QHBoxLayout;
+    upper->addWidget(BuildProgramSide());
+    upper->addWidget(BuildDeviceSide(), 1);
+    auto* lower = new QHBoxLayout;
+    lower->addWidget(BuildTriggers());
+    lower->addWidget(BuildScaleEnds(), 1);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(upper);
+    column->addLayout(lower);
+    column->addStretch(1);
+}
+
+QWidget* TransformerTab::BuildTransformers(TransformerSide side)
+{
+    const bool isOfProgram = side == TransformerSide::Program;
+    const QString boxName = isOfProgram ? QStringLiteral("cboTrans_%1") : QStringLiteral("cboDevTrans_%1");
+    const QString ratioName = isOfProgram ? QStringLiteral("lblTrans_%1") : QStringLiteral("lblDevTrans_%1");
+    auto* content = new QWidget;
+    auto* grid = new QGridLayout(content);
+    grid->setContentsMargins(0, 0, 0, 0);
+    SetSpacing(*grid);
+    grid->addWidget(new QLabel(Texts().headPrimary), 0, 1);
+    grid->addWidget(new QLabel(Texts().headSecondary), 0, 3);
+    grid->addWidget(new QLabel(Texts().headRatio), 0, 5);
+    grid->setColumnStretch(5, 1);
+    for (int i = 0; i < kTransformerValues; ++i) {
+        const Typed& quantity = kTypedRows.at(static_cast<std::size_t>(i / 2));
+        const int row = 1 + i / 2;
+        const int column = 1 + 2 * (i % 2);
+        auto* box = new EntryBox(boxName.arg(i));
+        box->SetChoices(TransformerChoices(i));
+        connect(box, &EntryBox::Committed, this, [this, side, i](const QString& text) {
+            EnterTransformer(side, i, text);
+            Refresh(side);
+        });
+        Of(side).boxes.at(static_cast<std::size_t>(i)) = box;
+        grid->addWidget(new QLabel(Caption(quantity)), row, 0);
+        grid->addWidget(box, row, column);
+        grid->addWidget(new QLabel(TextOf(quantity.unit)), row, column + 1);
+    }
+    for (int pair = 0; pair < 2; ++pair) {
+        auto* ratio = new QLabel;
+        ratio->setObjectName(ratioName.arg(pair));
+        Of(side).ratios.at(static_cast<std::size_t>(pair)) = ratio;
+        grid->addWidget(ratio, 1 + pair, 5);
+    }
+    return content;
+}
+
+QWidget* TransformerTab::BuildProgramSide()
+{
+    auto* group = new QGroupBox(Texts().groupProgramTransformers);
+    auto* column = new QVBoxLayout(group);
+    column->addWidget(BuildTransformers(TransformerSide::Program));
+    column->addStretch(1);
+    return group;
+}
+
+QWidget* TransformerTab::BuildDeviceSide()
+{
+    auto* group = new QGroupBox(Texts().groupDeviceTransformers);
+    auto* column = new QVBoxLayout(group);
+    column->addWidget(BuildTransformers(TransformerSide::Instrument));
+    auto* grid = new QGridLayout;
+    column->addLayout(grid);
+    const std::array captions{Texts().buttonReadTransformers, Texts().buttonWriteTransformers};
+    constexpr std::array kDirections{TransferDirection::Read, TransferDirection::Write};
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        const QByteArray name = QByteArray("cmdDevTrans_") + QByteArray::number(static_cast<int>(i));
+        transferButtons[i] = AddButton(*grid, 0, static_cast<int>(i), name.constData(), captions[i]);
+        connect(transferButtons[i], &QPushButton::clicked, this,
+                [this, direction = kDirections[i]] { emit TransferWanted(direction); });
+    }
+    resetButton = AddButton(*grid, 1, 0, "cmdReset", Texts().buttonResetCounters);
+    connect(resetButton, &QPushButton::clicked, this, &TransformerTab::ResetWanted);
+    return group;
+}
+
+QPushButton* TransformerTab::AddButton(QGridLayout& grid, int row, int column, const char* name, const QString& caption)
+{
+    auto* button = new QPushButton(caption);
+    button->setObjectName(QLatin1String(name));
+    grid.addWidget(button, row, column);
+    return button;
+}
+
+QWidget* TransformerTab::BuildTriggers()
+{
+    auto* group = new QGroupBox(Texts().groupTrigger);
+    auto* grid = new QGridLayout(group);
+    SetSpacing(*grid);
+    for (int i = 0; i < kTriggers; ++i) {
+        const Typed& quantity = kTypedRows.at(static_cast<std::size_t>(i));
+        auto* box = new EntryBox(QStringLiteral("cboTrigger_%1").arg(i));
+        box->SetChoices(TriggerChoices());
+        connect(box, &EntryBox::Committed, this,
+                [box, i](const QString& text) { box->ShowText(EnterTrigger(i, text)); });
+        triggers.at(static_cast<std::size_t>(i)) = box;
+        grid->addWidget(new QLabel(Caption(quantity)), i, 0);
+        grid->addWidget(box, i, 1);
+        grid->addWidget(new QLabel(TextOf(quantity.unit)), i, 2);
+    }
+    grid->setRowStretch(kTriggers, 1);
+    return group;
+}
+
+QWidget* TransformerTab::BuildScaleEnds()
+{
+    constexpr int kRows = 2;
+    constexpr int kColumnsOfOne = 3;
+    auto* group = new QGroupBox(Texts().groupScaleEnds);
+    auto* grid = new QGridLayout(group);
+    SetSpacing(*grid);
+    for (int i = 0; i < kScaleEnds; ++i) {
+        const Typed& quantity = kTypedRows.at(static_cast<std::size_t>(i));
+        auto* box = new EntryBox(QStringLiteral("cboEnd_%1").arg(i));
+        box->SetChoices(ScaleEndChoices(i));
+        connect(box, &EntryBox::Committed, this,
+                [box, i](const QString& text) { box->ShowText(EnterScaleEnd(i, text)); });
+        scaleEnds.at(static_cast<std::size_t>(i)) = box;
+        QWidget* const parts[] = {new QLabel(Caption(quantity)), box, new QLabel(TextOf(quantity.unit))};
+        int column = i / kRows * kColumnsOfOne;
+        for (QWidget* part : parts) {
+            grid->addWidget(part, i % kRows, column++);
+            if (quantity.needsMachine)
+                machineRows.push_back(part);
+        }
+    }
+    grid->setColumnStretch(kScaleEnds / kRows * kColumnsOfOne, 1);
+    grid->setRowStretch(kRows, 1);
+    return group;
+}
+
+void TransformerTab::Refresh()
+{
+    Refresh(TransformerSide::Program);
+    Refresh(TransformerSide::Instrument);
+    for (int i = 0; i < kTriggers; ++i)
+        triggers.at(static_cast<std::size_t>(i))->ShowText(TriggerText(i));
+    for (int i = 0; i < kScaleEnds; ++i)
+        scaleEnds.at(static_cast<std::size_t>(i))->ShowText(ScaleEndText(i));
+    for (QWidget* part : machineRows)
+        part->setVisible(HasMachine(App().iNetConfIndex));
+    EnableDeviceSide();
+}
+
+void TransformerTab::Refresh(TransformerSide side)
+{
+    for (int i = 0; i < kTransformerValues; ++i)
+        Of(side).boxes.at(static_cast<std::size_t>(i))->ShowText(TransformerText(side, i));
+    for (int pair = 0; pair < 2; ++pair)
+        Of(side).ratios.at(static_cast<std::size_t>(pair))->setText(RatioText(side, pair));
+}
+
+void TransformerTab::EnableDeviceSide()
+{
+    const bool hasTransformers = App().bDevConnected && App().bHasDevTrans;
+    for (EntryBox* box : Of(TransformerSide::Instrument).boxes)
+        box->setEnabled(hasTransformers);
+    for (QLabel* ratio : Of(TransformerSide::Instrument).ratios)
+        ratio->setEnabled(hasTransformers);
+    for (QPushButton* button : transferButtons)
+        button->setEnabled(hasTransformers);
+    resetButton->setEnabled(App().bDevConnected && App().bHasCounterReset);
+}
+
+void TransformerTab::Commit()
+{
+    for (EntryBox* box : findChildren<EntryBox*>())
+        box->Commit();
+}
+
+} // namespace korvanel

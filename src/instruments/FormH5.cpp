@@ -1,0 +1,262 @@
+#include "instruments/FormH5.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "instruments/PortBox.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kSingle = 0;
+constexpr int kInterval = 1;
+
+/// What the two ways of searching say.
+struct Words
+{
+    TextMember outOfRange;
+    TextMember tryOther;
+};
+
+constexpr std::array<Words, 2> kWords{{
+    {&TextTable::modbusAddressRange, &TextTable::modbusOtherAddress},
+    {&TextTable::modbusIntervalRange, &TextTable::modbusOtherInterval},
+}};
+
+} // namespace
+
+FormH5::FormH5(QWidget* parent) : QDialog(parent), formerPort(App().lComPort)
+{
+    constexpr qint32 kUsualAddress = 33;
+    if (App().lModbusAddress == 0)
+        App().lModbusAddress = kUsualAddress;
+    setObjectName(QStringLiteral("FormH5"));
+    setWindowTitle(Texts().modbusTitle);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(BuildTop());
+    tabs = new QTabWidget;
+    tabs->setObjectName(QStringLiteral("tabMODBUS"));
+    tabs->addTab(BuildAddressTab(), Texts().modbusTabAddress);
+    tabs->addTab(BuildIntervalTab(), Texts().modbusTabInterval);
+    column->addWidget(tabs, 1);
+    column->addLayout(BuildButtons());
+}
+
+QWidget* FormH5::BuildTop()
+{
+    auto* top = new QWidget;
+    auto* form = new QFormLayout(top);
+    deviceBox = new QComboBox;
+    deviceBox->setObjectName(QStringLiteral("cboDevice"));
+    deviceBox->addItem(QLatin1String(kFamilyWithAddress));
+    form->addRow(Texts().labelDevice, deviceBox);
+    portBox = new PortBox;
+    portBox->ShowPort(App().lComPort);
+    connect(portBox, &PortBox::Entered, this, [this](const QString& text) {
+        App().lComPort = TypedWholeNumber(text, 1);
+        portBox->ShowPort(App().lComPort);
+    });
+    auto* caption = new QLabel(Texts().labelPort);
+    caption->setBuddy(portBox->Box());
+    form->addRow(caption, portBox);
+    return top;
+}
+
+QWidget* FormH5::BuildAddressTab()
+{
+    auto* tab = new QWidget;
+    tab->setObjectName(QStringLiteral("tabMODBUS_A"));
+    auto* form = new QFormLayout;
+    AddAddressBox(*form, 0, Texts().modbusLabelAddress, App().lModbusAddress);
+    auto* column = new QVBoxLayout(tab);
+    column->addLayout(form);
+    column->addWidget(AddSearchButton(kSingle, Texts().modbusTest), 0, Qt::AlignLeft);
+    column->addWidget(AddInfo(kSingle, Texts().modbusEnterAddress), 1);
+    return tab;
+}
+
+QWidget* FormH5::BuildIntervalTab()
+{
+    auto* tab = new QWidget;
+    tab->setObjectName(QStringLiteral("tabMODBUS_B"));
+    auto* form = new QFormLayout;
+    AddAddressBox(*form, 1, Texts().modbusLabelFrom, kLeastBusAddress);
+    AddAddressBox(*form, 2, Texts().modbusLabelTo, kGreatestBusAddress);
+    progressBar = new QProgressBar;
+    progressBar->setObjectName(QStringLiteral("ProgressBar1"));
+    progressBar->setTextVisible(false);
+    auto* row = new QHBoxLayout;
+    row->addWidget(AddSearchButton(kInterval, Texts().modbusSearch));
+    row->addWidget(progressBar, 1);
+    auto* column = new QVBoxLayout(tab);
+    column->addLayout(form);
+    column->addLayout(row);
+    column->addWidget(AddInfo(kInterval, Texts().modbusEnterInterval), 1);
+    return tab;
+}
+
+QLayout* FormH5::BuildButtons()
+{
+    okButton = new QPushButton(Texts().buttonOk);
+    okButton->setObjectName(QStringLiteral("cmdOK"));
+    okButton->setEnabled(false);
+    okButton->setAutoDefault(false);
+    connect(okButton, &QPushButton::clicked, this, &FormH5::TakeOver);
+    cancelButton = new QPushButton(Texts().buttonCancel);
+    cancelButton->setObjectName(QStringLiteral("cmdCancel"));
+    cancelButton->setAutoDefault(false);
+    connect(cancelButton, &QPushButton::clicked, this, &FormH5::reject);
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(okButton);
+    row->addWidget(cancelButton);
+    return row;
+}
+
+QLineEdit* FormH5::AddAddressBox(QFormLayout& form, int index, const QString& caption, int address)
+{
+    constexpr int kLongestText = 10;
+    constexpr int kWidth = 90;
+    auto* box = new QLineEdit(QString::number(address));
+    box->setObjectName(QStringLiteral("txtAddress_%1").arg(index));
+    box->setMaxLength(kLongestText);
+    box->setFixedWidth(kWidth);
+    connect(box, &QLineEdit::returnPressed, this,
+            [this, index] { searchButtons.at(index == 0 ? kSingle : kInterval)->click(); });
+    form.addRow(caption, box);
+    return addressBoxes.at(static_cast<std::size_t>(index)) = box;
+}
+
+QPushButton* FormH5::AddSearchButton(int index, const QString& caption)
+{
+    auto* button = new QPushButton(caption);
+    button->setObjectName(QStringLiteral("cmdSearch_%1").arg(index));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this,
+            [this, index] { RunGuarded(objectName(), [this, index] { Search(index); }); });
+    return searchButtons.at(static_cast<std::size_t>(index)) = button;
+}
+
+QLabel* FormH5::AddInfo(int index, const QString& text)
+{
+    constexpr int kLines = 3;
+    auto* label = new QLabel(text);
+    label->setObjectName(QStringLiteral("lblInfo_%1").arg(index));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setMinimumHeight(kLines * label->fontMetrics().lineSpacing());
+    return infos.at(static_cast<std::size_t>(index)) = label;
+}
+
+int FormH5::TypedAddress(int index) const
+{
+    return TypedWholeNumber(addressBoxes.at(static_cast<std::size_t>(index))->text(), 0);
+}
+
+void FormH5::Search(int index)
+{
+    if (deviceBox->currentText() != QLatin1String(kFamilyWithAddress)) {
+        infos.at(static_cast<std::size_t>(index))->setText(Texts().modbusUnknownDevice);
+        return;
+    }
+    portBox->Commit();
+    EnableControls(false);
+    const auto atEnd = qScopeGuard([this] {
+        progressBar->setRange(0, 1); // an empty interval would be shown as endless work
+        progressBar->reset();
+        EnableControls(true);
+    });
+    ShowResult(index, RunSearch(index));
+}
+
+SearchResult FormH5::RunSearch(int index)
+{
+    const auto observe = [this, index](int address) { ShowTested(index, address); };
+    if (index == kSingle)
+        return TestAddress(TypedAddress(0), observe);
+    progressBar->setRange(TypedAddress(1), TypedAddress(2));
+    return SearchInterval(TypedAddress(1), TypedAddress(2), observe);
+}
+
+/// Each test blocks for a third of a second, so that what it is about has to be on the screen before.
+void FormH5::ShowTested(int index, int address)
+{
+    QLabel& info = *infos.at(static_cast<std::size_t>(index));
+    info.setText(FillPlaceholders(Texts().modbusTesting, {QString::number(address)}));
+    info.repaint();
+    if (index == kInterval)
+        progressBar->setValue(address);
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void FormH5::ShowResult(int index, const SearchResult& result)
+{
+    const Words& words = kWords.at(static_cast<std::size_t>(index));
+    QLabel& info = *infos.at(static_cast<std::size_t>(index));
+    switch (result.outcome) {
+    case SearchOutcome::OutOfRange:
+        info.setText(TextOf(words.outOfRange));
+        break;
+    case SearchOutcome::NotFound:
+        info.setText(Texts().modbusNotFound + u'\n' + TextOf(words.tryOther));
+        break;
+    case SearchOutcome::Found:
+        iFoundAddress = static_cast<qint16>(result.address);
+        foundDeviceId = result.deviceId;
+        addressBoxes[0]->setText(QString::number(result.address));
+        const QString found =
+            index == kSingle ? Texts().modbusFound : Texts().modbusFirstFound + QString::number(result.address);
+        info.setText(found + u'\n' + Texts().modbusPressOk);
+        break;
+    }
+}
+
+/// While a search runs nothing can be pressed and the dialog stays.
+void FormH5::EnableControls(bool areEnabled)
+{
+    isSearching = !areEnabled;
+    tabs->tabBar()->setEnabled(areEnabled);
+    for (QWidget* control : std::initializer_list<QWidget*>{deviceBox, portBox, cancelButton})
+        control->setEnabled(areEnabled);
+    for (QLineEdit* box : addressBoxes)
+        box->setEnabled(areEnabled);
+    for (QPushButton* button : searchButtons)
+        button->setEnabled(areEnabled);
+    okButton->setEnabled(areEnabled && iFoundAddress != 0);
+}
+
+void FormH5::TakeOver()
+{
+    portBox->Commit();
+    App().lModbusAddress = iFoundAddress;
+    App().sDeviceId = foundDeviceId;
+    if (App().bProjectOpen) // without a project the address stays for the next one
+        App().bProjectDirty = true;
+    accept();
+}
+
+/// Cancel, Escape and the button of the window end here.
+void FormH5::reject()
+{
+    if (isSearching)
+        return;
+    App().lComPort = formerPort;
+    QDialog::reject();
+}
+
+} // namespace korvanel

@@ -1,0 +1,29 @@
+#include "instruments/FormH7.h"
+
+#include "core/Texts.h"
+#include "instruments/WiringView.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+FormH7::FormH7(QWidget* parent) : QDialog(parent)
+{
+    constexpr int kWidth = 480;
+    setObjectName(QStringLiteral("FormH7"));
+    setWindowTitle(Texts().wiringTitle);
+    setMinimumWidth(kWidth);
+    auto* wiring = new WiringView;
+    wiring->Refresh();
+    auto* ok = new QPushButton(Texts().buttonOk);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(wiring);
+    column->addStretch(1);
+    column->addWidget(ok, 0, Qt::AlignRight);
+}
+
+} // namespace korvanel
