@@ -69,11 +69,12 @@ class Bench
 public:
     explicit Bench(const InstrumentSetup& setup = {}) : instrument(MakeFamily("iskra", setup)), station(*instrument) {}
 
-    /// Exchanges that come of these bytes, after the line was silent for a second.
+    /// Exchanges that come of these bytes alone, after the line was silent for a second.
     std::vector<Exchange> Exchanges(const Bytes& bytes)
     {
         now += 1;
         station.Idle(now);
+        station.TakeDue(now);
         station.Receive(bytes, now);
         station.Idle(now + 0.021);
         return station.TakeDue(now + 0.021);

@@ -215,8 +215,8 @@ TEST(IskraValues, Format_GivesDigitsBeforeUnits)
         {IskraKind::PowerFactor, -1, "-1.00000"},
         {IskraKind::Angle, 32.154, "  32.15"},
         {IskraKind::Angle, -179.994, "-179.99"},
-        {IskraKind::ActiveEnergy, 1234567, "  1234.5670 kWh"},
-        {IskraKind::ActiveEnergy, 0.25, "  0.2500000 Wh"},
+        {IskraKind::ActiveEnergy, 1234567, "  1.2345670 MWh"},
+        {IskraKind::ActiveEnergy, 0.25, "   0.2500000 Wh"},
         {IskraKind::ReactiveEnergy, 123456789, "123.45679 Mvarh"},
     };
     for (const Case& each : cases)
@@ -275,8 +275,10 @@ TEST(IskraValues, Energies_GrowByPowerTimesTimeAndEndWithAReset)
     const double activeBefore = ValueOf(bench.Text(0));
     const double before = bench.now;
     bench.now += 7200;
-    EXPECT_NEAR(ValueOf(bench.Text(0)) - activeBefore, active * (bench.now - before) / 3600, 2);
-    EXPECT_NEAR(ValueOf(bench.Text(1)), reactive * bench.now / 3600, 2);
+    const double activeCounted = ValueOf(bench.Text(0)) - activeBefore;
+    EXPECT_NEAR(activeCounted, active * (bench.now - before) / 3600, 1.1); // half a watt over two hours
+    const double reactiveCounted = ValueOf(bench.Text(1));
+    EXPECT_NEAR(reactiveCounted, reactive * bench.now / 3600, 1.1);
     EXPECT_EQ(ValueOf(bench.Text(2)), 0);
     EXPECT_EQ(ValueOf(bench.Text(3)), 0);
 
@@ -312,7 +314,7 @@ TEST(LoadProfile, DutyCycle_IdlesHalvesFillsAndPauses)
     EXPECT_NEAR(power(70), power(10), 10);
     for (double seconds = 0; seconds < 180; seconds += 0.05) {
         const double slope = (power(seconds + 0.05) - power(seconds)) / 0.05;
-        ASSERT_LT(std::abs(slope), 15000) << seconds; // nothing jumps
+        ASSERT_LT(std::abs(slope), 20000) << seconds; // nothing jumps
     }
 }
 
