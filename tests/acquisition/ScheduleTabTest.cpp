@@ -243,6 +243,17 @@ TEST_F(ScheduleTabTest, AChangeOfAPickerUpdatesTheDuration)
     EXPECT_EQ(Periods(0), (QStringList{"240", "00", "00"}));
 }
 
+TEST_F(ScheduleTabTest, TypingInAPickerIsFollowedAndNotDisturbed)
+{
+    SetModes(kTimed, kTimed);
+    auto& stop = Find<QTimeEdit>("dtpTime_1");
+    stop.setFocus();
+    stop.setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(&stop, "163027");
+    EXPECT_EQ(stop.text(), "16:30:27");
+    EXPECT_EQ(Periods(0), (QStringList{"01", "21", "01"}));
+}
+
 TEST_F(ScheduleTabTest, AChangeOfTheDurationUpdatesTheEnd)
 {
     SetModes(kTimed, kTimed);
