@@ -87,6 +87,7 @@ ScheduleTab::ScheduleTab(QWidget* parent) : QWidget(parent), grid(new ScheduleGr
     auto* all = new QHBoxLayout(this);
     all->addLayout(left, 1);
     all->addLayout(right);
+    setTabOrder(cycles, grid); // from the fields to what they fill
     connect(grid, &ScheduleGrid::EntryChosen, this, [this](int index) { Guarded([this, index] { Choose(index); }); });
     ShowFields(DefaultFields(PresentMoment()));
 }

@@ -2,6 +2,8 @@
 
 #include "support/Fixture.h"
 
+#include <limits>
+
 namespace korvanel::test {
 namespace {
 
@@ -46,6 +48,7 @@ protected:
     static std::vector<QDateTime> Starts(const std::vector<ScheduleEntry>& entries)
     {
         std::vector<QDateTime> starts;
+        starts.reserve(entries.size());
         for (const ScheduleEntry& entry : entries)
             starts.push_back(entry.startTime);
         return starts;
@@ -331,8 +334,8 @@ TEST_F(ScheduleEditing, CycleEntries_AreAtMostFourHundredEitherWay)
     EXPECT_EQ(CycleEntries(Cycle(CyclesOf("500"))).size(), 400U);
     EXPECT_EQ(CycleEntries(Cycle(500)).size(), 400U);
     EXPECT_EQ(CycleEntries(CycleUntil(At(16).addYears(50))).size(), 400U);
-    EXPECT_EQ(CycleEntries(CycleUntil(At(16).addSecs(399 * 7200 + 1))).size(), 400U);
-    EXPECT_EQ(CycleEntries(CycleUntil(At(16).addSecs(399 * 7200))).size(), 399U);
+    EXPECT_EQ(CycleEntries(CycleUntil(At(16).addSecs(399LL * 7200 + 1))).size(), 400U);
+    EXPECT_EQ(CycleEntries(CycleUntil(At(16).addSecs(399LL * 7200))).size(), 399U);
 }
 
 TEST_F(ScheduleEditing, CycleEntries_NeedATimedStart)
@@ -365,7 +368,7 @@ TEST_F(ScheduleEditing, SaveCycles_FourHundredFitAfterEachOther)
 {
     EXPECT_FALSE(SaveCycles(schedule, CycleEntries(Cycle(400)), 0));
     ASSERT_EQ(schedule.Count(), 400);
-    EXPECT_EQ(schedule.StartTime(399), At(16).addSecs(399 * 7200));
+    EXPECT_EQ(schedule.StartTime(399), At(16).addSecs(399LL * 7200));
 }
 
 TEST_F(ScheduleEditing, SaveCycles_TheFirstCollisionStopsTheSeries)
