@@ -95,7 +95,7 @@ std::string TextOf(const Bytes& reply)
     return reply.size() < 5 ? std::string() : std::string(reply.begin() + 3, reply.end() - 2);
 }
 
-class ProcessTest : public ::testing::Test
+class SimulatorProcessTest : public ::testing::Test
 {
 protected:
     void Start(const QStringList& options = {})
@@ -128,7 +128,7 @@ protected:
     QString output;
 };
 
-TEST_F(ProcessTest, PseudoTerminal_CarriesEveryByteBothWays)
+TEST_F(SimulatorProcessTest, PseudoTerminal_CarriesEveryByteBothWays)
 {
     PseudoTerminal terminal;
     const OpenLine slave(QString::fromStdString(terminal.Device()));
@@ -148,7 +148,7 @@ TEST_F(ProcessTest, PseudoTerminal_CarriesEveryByteBothWays)
     EXPECT_EQ(slave.Read(all.size()), all);
 }
 
-TEST_F(ProcessTest, PseudoTerminal_LosesWhatNobodyReadsWithoutWaiting)
+TEST_F(SimulatorProcessTest, PseudoTerminal_LosesWhatNobodyReadsWithoutWaiting)
 {
     PseudoTerminal terminal;
     for (int round = 0; round < 1000; ++round)
@@ -156,7 +156,7 @@ TEST_F(ProcessTest, PseudoTerminal_LosesWhatNobodyReadsWithoutWaiting)
     EXPECT_TRUE(terminal.Read()->empty());
 }
 
-TEST_F(ProcessTest, PseudoTerminal_StaysUsableWhileAndAfterProgramsOpenIt)
+TEST_F(SimulatorProcessTest, PseudoTerminal_StaysUsableWhileAndAfterProgramsOpenIt)
 {
     PseudoTerminal terminal;
     for (int round = 0; round < 3; ++round) {
@@ -168,7 +168,7 @@ TEST_F(ProcessTest, PseudoTerminal_StaysUsableWhileAndAfterProgramsOpenIt)
     }
 }
 
-TEST_F(ProcessTest, Link_ReplacesALinkButNothingElse)
+TEST_F(SimulatorProcessTest, Link_ReplacesALinkButNothingElse)
 {
     const std::string path = PathOf("link").toStdString();
     ASSERT_TRUE(QFile::link("/nowhere", PathOf("link")));
@@ -184,7 +184,7 @@ TEST_F(ProcessTest, Link_ReplacesALinkButNothingElse)
     EXPECT_THROW(DeviceLink(PathOf("missing/link").toStdString(), "/dev/null"), std::runtime_error);
 }
 
-TEST_F(ProcessTest, Link_OfSomebodyElseIsLeftAlone)
+TEST_F(SimulatorProcessTest, Link_OfSomebodyElseIsLeftAlone)
 {
     const DeviceLink older(PathOf("link").toStdString(), "/dev/null");
     {
@@ -201,7 +201,7 @@ TEST_F(ProcessTest, Link_OfSomebodyElseIsLeftAlone)
     EXPECT_EQ(QFileInfo(PathOf("passing")).symLinkTarget(), "/dev/zero");
 }
 
-TEST_F(ProcessTest, Options_SetTheInstrumentUp)
+TEST_F(SimulatorProcessTest, Options_SetTheInstrumentUp)
 {
     Start({"--family", "iskra", "--address", "7", "--model", "MI7130", "--number", "99", "--profile", "constant",
            "--transformers", "20000,100,100,5"});
@@ -213,7 +213,7 @@ TEST_F(ProcessTest, Options_SetTheInstrumentUp)
     EXPECT_GT(ValueOf(TextOf(first)), 10000);
 }
 
-TEST_F(ProcessTest, Fault_IsInForceFromTheStart)
+TEST_F(SimulatorProcessTest, Fault_IsInForceFromTheStart)
 {
     Start({"--fault", "late", "--delay", "0.2"});
     QElapsedTimer timer;
@@ -222,7 +222,7 @@ TEST_F(ProcessTest, Fault_IsInForceFromTheStart)
     EXPECT_GE(timer.elapsed(), 199);
 }
 
-TEST_F(ProcessTest, Commands_ChangeTheInstrument)
+TEST_F(SimulatorProcessTest, Commands_ChangeTheInstrument)
 {
     Start();
     simulator->Tell("profile constant");
@@ -242,7 +242,7 @@ TEST_F(ProcessTest, Commands_ChangeTheInstrument)
     EXPECT_FALSE(QFileInfo(simulator->Link()).isSymLink());
 }
 
-TEST_F(ProcessTest, BadCommands_AreAnsweredByAnErrorAndChangeNothing)
+TEST_F(SimulatorProcessTest, BadCommands_AreAnsweredByAnErrorAndChangeNothing)
 {
     Start();
     simulator->Tell("value 28 50");
@@ -254,7 +254,7 @@ TEST_F(ProcessTest, BadCommands_AreAnsweredByAnErrorAndChangeNothing)
     EXPECT_EQ(TextOf(Ask(QueryOf(28), 12)), "50.000H");
 }
 
-TEST_F(ProcessTest, CloseAndOpen_HangTheProgramUpAndRenewTheLink)
+TEST_F(SimulatorProcessTest, CloseAndOpen_HangTheProgramUpAndRenewTheLink)
 {
     Start();
     simulator->Tell("close");
@@ -270,7 +270,7 @@ TEST_F(ProcessTest, CloseAndOpen_HangTheProgramUpAndRenewTheLink)
     EXPECT_TRUE(line->IsHungUp());
 }
 
-TEST_F(ProcessTest, FaultClosed_HangsUpInPlaceOfTheReply)
+TEST_F(SimulatorProcessTest, FaultClosed_HangsUpInPlaceOfTheReply)
 {
     Start();
     simulator->Tell("fault closed");
@@ -280,7 +280,7 @@ TEST_F(ProcessTest, FaultClosed_HangsUpInPlaceOfTheReply)
     EXPECT_TRUE(simulator->Log()[0].reply.isEmpty());
 }
 
-TEST_F(ProcessTest, EndOfInput_IsNoReasonToStop)
+TEST_F(SimulatorProcessTest, EndOfInput_IsNoReasonToStop)
 {
     Start();
     simulator->CloseInput();
@@ -289,7 +289,7 @@ TEST_F(ProcessTest, EndOfInput_IsNoReasonToStop)
     EXPECT_EQ(Ask(Frame(3, 17, 1), 7).size(), 7U);
 }
 
-TEST_F(ProcessTest, Signals_RemoveTheLinkAndEndInOrder)
+TEST_F(SimulatorProcessTest, Signals_RemoveTheLinkAndEndInOrder)
 {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         Start();
@@ -300,7 +300,7 @@ TEST_F(ProcessTest, Signals_RemoveTheLinkAndEndInOrder)
     }
 }
 
-TEST_F(ProcessTest, ProgramKilledWithTheLineForItself_DoesNotLockIt)
+TEST_F(SimulatorProcessTest, ProgramKilledWithTheLineForItself_DoesNotLockIt)
 {
     Start();
     ASSERT_EQ(ioctl(line->Descriptor(), TIOCEXCL), 0);
@@ -314,7 +314,7 @@ TEST_F(ProcessTest, ProgramKilledWithTheLineForItself_DoesNotLockIt)
     }));
 }
 
-TEST_F(ProcessTest, Log_HasALineForEachExchange)
+TEST_F(SimulatorProcessTest, Log_HasALineForEachExchange)
 {
     Start({"--profile", "constant"});
     const Bytes query = QueryOf(28);
@@ -345,7 +345,7 @@ TEST_F(ProcessTest, Log_HasALineForEachExchange)
     }
 }
 
-TEST_F(ProcessTest, HostileBytes_LeaveItAnswering)
+TEST_F(SimulatorProcessTest, HostileBytes_LeaveItAnswering)
 {
     Start();
     std::mt19937 random(11);
@@ -366,7 +366,7 @@ TEST_F(ProcessTest, HostileBytes_LeaveItAnswering)
     }));
 }
 
-TEST_F(ProcessTest, BadOptions_AreToldAndEndWithTwo)
+TEST_F(SimulatorProcessTest, BadOptions_AreToldAndEndWithTwo)
 {
     struct Case
     {
@@ -401,7 +401,7 @@ TEST_F(ProcessTest, BadOptions_AreToldAndEndWithTwo)
     }
 }
 
-TEST_F(ProcessTest, PlacesThatCannotBeWritten_AreToldAndEndWithOne)
+TEST_F(SimulatorProcessTest, PlacesThatCannotBeWritten_AreToldAndEndWithOne)
 {
     EXPECT_EQ(ExitCode({"--log", PathOf("missing/log")}), 1);
     EXPECT_TRUE(complaint.contains("log can't be written"));
@@ -409,7 +409,7 @@ TEST_F(ProcessTest, PlacesThatCannotBeWritten_AreToldAndEndWithOne)
     EXPECT_TRUE(complaint.contains("link can't be made"));
 }
 
-TEST_F(ProcessTest, Help_TellsEveryOption)
+TEST_F(SimulatorProcessTest, Help_TellsEveryOption)
 {
     EXPECT_EQ(ExitCode({"--help"}), 0);
     for (const char* option : {"--family", "--address", "--link", "--log", "--profile", "--model", "--number",

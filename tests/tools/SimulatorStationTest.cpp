@@ -5,7 +5,7 @@
 namespace korvanel::simulator::test {
 namespace {
 
-TEST(Station, SplitRequest_IsAnsweredWithItsLastByte)
+TEST(SimulatorStation, SplitRequest_IsAnsweredWithItsLastByte)
 {
     Bench bench;
     const Bytes request = Frame(4, 1, 3);
@@ -20,7 +20,7 @@ TEST(Station, SplitRequest_IsAnsweredWithItsLastByte)
     EXPECT_EQ(due[0].answer.reply.size(), 11U);
 }
 
-TEST(Station, RequestsWithoutPause_AreAnsweredInTurn)
+TEST(SimulatorStation, RequestsWithoutPause_AreAnsweredInTurn)
 {
     Bench bench;
     Bytes both = QueryOf(16);
@@ -34,7 +34,7 @@ TEST(Station, RequestsWithoutPause_AreAnsweredInTurn)
     EXPECT_EQ(exchanges[1].answer.code, 17);
 }
 
-TEST(Station, Garbage_IsForgottenAfterASilence)
+TEST(SimulatorStation, Garbage_IsForgottenAfterASilence)
 {
     for (const Bytes& garbage : {Bytes{33}, Bytes{33, 3, 0}, Bytes{1, 2, 3, 4, 5, 6, 7, 8, 9}, Bytes(300, 0xFF),
                                  Bytes(8, 3), Bytes(1000, 'M')}) {
@@ -52,7 +52,7 @@ TEST(Station, Garbage_IsForgottenAfterASilence)
     }
 }
 
-TEST(Station, RequestWithinGarbage_IsNoneBeforeTheSilence)
+TEST(SimulatorStation, RequestWithinGarbage_IsNoneBeforeTheSilence)
 {
     Bench bench;
     Bytes bytes(8, 3);
@@ -62,7 +62,7 @@ TEST(Station, RequestWithinGarbage_IsNoneBeforeTheSilence)
     EXPECT_FALSE(bench.Reply(request).empty());
 }
 
-TEST(Station, HostileBytes_LeaveTheInstrumentAnswering)
+TEST(SimulatorStation, HostileBytes_LeaveTheInstrumentAnswering)
 {
     Bench bench;
     std::mt19937 random(7);
@@ -83,7 +83,7 @@ TEST(Station, HostileBytes_LeaveTheInstrumentAnswering)
     EXPECT_EQ(bench.Reply(Frame(4, 1, 3)).size(), 11U);
 }
 
-TEST(Station, FloodOfRequestsWithLateReplies_StaysBounded)
+TEST(SimulatorStation, FloodOfRequestsWithLateReplies_StaysBounded)
 {
     Bench bench;
     bench.station.SetFault(FaultKind::Late);
@@ -93,7 +93,7 @@ TEST(Station, FloodOfRequestsWithLateReplies_StaysBounded)
     EXPECT_EQ(bench.station.TakeDue(100).size(), 256U);
 }
 
-class FaultyStation : public ::testing::Test
+class SimulatorFaults : public ::testing::Test
 {
 protected:
     Bytes Spoiled(FaultKind kind, const Bytes& request)
@@ -113,13 +113,13 @@ protected:
     }
 };
 
-TEST_F(FaultyStation, Silent_SaysNothing)
+TEST_F(SimulatorFaults, Silent_SaysNothing)
 {
     for (const Bytes& request : requests)
         EXPECT_TRUE(Spoiled(FaultKind::Silent, request).empty());
 }
 
-TEST_F(FaultyStation, Truncated_LacksTheLastHalf)
+TEST_F(SimulatorFaults, Truncated_LacksTheLastHalf)
 {
     for (const Bytes& request : requests) {
         const Bytes sound = Sound(request);
@@ -128,7 +128,7 @@ TEST_F(FaultyStation, Truncated_LacksTheLastHalf)
     }
 }
 
-TEST_F(FaultyStation, Overlong_HasFortyBytesMore)
+TEST_F(SimulatorFaults, Overlong_HasFortyBytesMore)
 {
     for (const Bytes& request : requests) {
         const Bytes sound = Sound(request);
@@ -139,7 +139,7 @@ TEST_F(FaultyStation, Overlong_HasFortyBytesMore)
     }
 }
 
-TEST_F(FaultyStation, Garbage_IsAsLongAndTheSameInEveryRun)
+TEST_F(SimulatorFaults, Garbage_IsAsLongAndTheSameInEveryRun)
 {
     Bench other;
     other.station.SetFault(FaultKind::Garbage);
@@ -152,7 +152,7 @@ TEST_F(FaultyStation, Garbage_IsAsLongAndTheSameInEveryRun)
     }
 }
 
-TEST_F(FaultyStation, Crc_IsWrongInItsLastByte)
+TEST_F(SimulatorFaults, Crc_IsWrongInItsLastByte)
 {
     for (const Bytes& request : requests) {
         const Bytes sound = Sound(request);
@@ -163,7 +163,7 @@ TEST_F(FaultyStation, Crc_IsWrongInItsLastByte)
     }
 }
 
-TEST_F(FaultyStation, Head_IsWrongInAddressOrFunctionUnderAValidChecksum)
+TEST_F(SimulatorFaults, Head_IsWrongInAddressOrFunctionUnderAValidChecksum)
 {
     bool isAddressHit = false;
     bool isFunctionHit = false;
@@ -181,7 +181,7 @@ TEST_F(FaultyStation, Head_IsWrongInAddressOrFunctionUnderAValidChecksum)
     EXPECT_TRUE(isAddressHit && isFunctionHit);
 }
 
-TEST_F(FaultyStation, Late_ComesWholeAfterTheDelay)
+TEST_F(SimulatorFaults, Late_ComesWholeAfterTheDelay)
 {
     const Bytes sound = Sound(QueryOf(28));
     bench.station.SetFault(FaultKind::Late);
@@ -195,13 +195,13 @@ TEST_F(FaultyStation, Late_ComesWholeAfterTheDelay)
     EXPECT_FALSE(bench.station.NextEvent().has_value());
 }
 
-TEST_F(FaultyStation, Delay_HasLimits)
+TEST_F(SimulatorFaults, Delay_HasLimits)
 {
     for (const double delay : {-0.1, 60.1, std::nan("")})
         EXPECT_THROW(bench.station.SetDelay(delay), std::invalid_argument);
 }
 
-TEST_F(FaultyStation, Closed_BreaksTheLineInPlaceOfTheReply)
+TEST_F(SimulatorFaults, Closed_BreaksTheLineInPlaceOfTheReply)
 {
     bench.station.SetFault(FaultKind::Closed);
     const std::vector<Exchange> exchanges = bench.Exchanges(QueryOf(28));
@@ -211,7 +211,7 @@ TEST_F(FaultyStation, Closed_BreaksTheLineInPlaceOfTheReply)
     EXPECT_FALSE(bench.Exchanges(QueryOf(28, 1)).at(0).breaksLine); // what gets no reply breaks nothing
 }
 
-TEST_F(FaultyStation, HangUp_LosesWhatWasOnItsWay)
+TEST_F(SimulatorFaults, HangUp_LosesWhatWasOnItsWay)
 {
     bench.station.SetFault(FaultKind::Late);
     bench.station.Receive(QueryOf(28), 100);
@@ -223,7 +223,7 @@ TEST_F(FaultyStation, HangUp_LosesWhatWasOnItsWay)
     EXPECT_TRUE(bench.station.TakeDue(200).empty());
 }
 
-TEST(Faults, Names_AreKnownBothWays)
+TEST(SimulatorFaultNames, Names_AreKnownBothWays)
 {
     EXPECT_EQ(FaultNames().size(), 9U);
     EXPECT_EQ(FaultOf("truncated"), FaultKind::Truncated);

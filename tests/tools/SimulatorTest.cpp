@@ -14,14 +14,14 @@ InstrumentSetup Constant()
     return setup;
 }
 
-TEST(Modbus, Crc_IsThatOfTheStandard)
+TEST(SimulatorModbus, Crc_IsThatOfTheStandard)
 {
     const std::string check = "123456789";
     EXPECT_EQ(Crc16(Bytes(check.begin(), check.end())), 0x4B37);
     EXPECT_EQ(WithCrc({0x01, 0x03, 0x00, 0x00, 0x00, 0x0A}), (Bytes{0x01, 0x03, 0x00, 0x00, 0x00, 0x0A, 0xC5, 0xCD}));
 }
 
-TEST(Modbus, HasValidCrc_SeesEveryWrongBitAndEveryShortFrame)
+TEST(SimulatorModbus, HasValidCrc_SeesEveryWrongBitAndEveryShortFrame)
 {
     const Bytes frame = Frame(3, 16, 1);
     EXPECT_TRUE(HasValidCrc(frame));
@@ -34,7 +34,7 @@ TEST(Modbus, HasValidCrc_SeesEveryWrongBitAndEveryShortFrame)
     EXPECT_FALSE(HasValidCrc(WithCrc({0x21})));
 }
 
-TEST(Iskra, Identity_TellsModelAndNumber)
+TEST(SimulatedIskra, Identity_TellsModelAndNumber)
 {
     InstrumentSetup setup;
     setup.model = "MI7131";
@@ -45,7 +45,7 @@ TEST(Iskra, Identity_TellsModelAndNumber)
     EXPECT_EQ(bench.Reply(Frame(4, 1, 4)).size(), 13U);
 }
 
-TEST(Iskra, Transformers_AreEncodedAsTheRegistersWantThem)
+TEST(SimulatedIskra, Transformers_AreEncodedAsTheRegistersWantThem)
 {
     struct Case
     {
@@ -70,7 +70,7 @@ TEST(Iskra, Transformers_AreEncodedAsTheRegistersWantThem)
     }
 }
 
-TEST(Iskra, Setup_RefusesWhatTheInstrumentCannotHold)
+TEST(SimulatedIskra, Setup_RefusesWhatTheInstrumentCannotHold)
 {
     const auto refuses = [](auto change) {
         InstrumentSetup setup;
@@ -91,7 +91,7 @@ TEST(Iskra, Setup_RefusesWhatTheInstrumentCannotHold)
     EXPECT_THROW(MakeFamily("unknown", {}), std::invalid_argument);
 }
 
-TEST(Iskra, Write_IsEchoedAndReadBack)
+TEST(SimulatedIskra, Write_IsEchoedAndReadBack)
 {
     Bench bench;
     struct Case
@@ -106,7 +106,7 @@ TEST(Iskra, Write_IsEchoedAndReadBack)
     }
 }
 
-TEST(Iskra, UnknownFunctionsRegistersAndValues_GetAnException)
+TEST(SimulatedIskra, UnknownFunctionsRegistersAndValues_GetAnException)
 {
     struct Case
     {
@@ -127,7 +127,7 @@ TEST(Iskra, UnknownFunctionsRegistersAndValues_GetAnException)
             << ToHex(each.request);
 }
 
-TEST(Iskra, OtherAddressesAndWrongChecksums_GetNoAnswerAndChangeNothing)
+TEST(SimulatedIskra, OtherAddressesAndWrongChecksums_GetNoAnswerAndChangeNothing)
 {
     Bench bench;
     const std::uint16_t before = bench.Register(3, 17);
@@ -141,7 +141,7 @@ TEST(Iskra, OtherAddressesAndWrongChecksums_GetNoAnswerAndChangeNothing)
     EXPECT_EQ(bench.Register(3, 17), before);
 }
 
-TEST(Iskra, SetAddress_MovesTheInstrumentOnTheBus)
+TEST(SimulatedIskra, SetAddress_MovesTheInstrumentOnTheBus)
 {
     Bench bench;
     bench.instrument->SetAddress(247);
@@ -151,7 +151,7 @@ TEST(Iskra, SetAddress_MovesTheInstrumentOnTheBus)
     EXPECT_EQ(bench.Reply(QueryOf(16, 247)).front(), 247);
 }
 
-TEST(IskraValues, EveryText_HasItsLengthAndReadsBackWithinItsLastDigit)
+TEST(SimulatedValues, EveryText_HasItsLengthAndReadsBackWithinItsLastDigit)
 {
     for (const char* profile : {"duty", "constant"}) {
         InstrumentSetup setup;
@@ -174,7 +174,7 @@ TEST(IskraValues, EveryText_HasItsLengthAndReadsBackWithinItsLastDigit)
     }
 }
 
-TEST(IskraValues, Reply_HasAddressLetterBlankTextAndChecksum)
+TEST(SimulatedValues, Reply_HasAddressLetterBlankTextAndChecksum)
 {
     Bench bench;
     const Bytes reply = bench.Reply(QueryOf(28));
@@ -183,7 +183,7 @@ TEST(IskraValues, Reply_HasAddressLetterBlankTextAndChecksum)
     EXPECT_TRUE(HasValidCrc(reply));
 }
 
-TEST(IskraValues, Format_GivesDigitsBeforeUnits)
+TEST(SimulatedValues, Format_GivesDigitsBeforeUnits)
 {
     struct Case
     {
@@ -223,7 +223,7 @@ TEST(IskraValues, Format_GivesDigitsBeforeUnits)
         EXPECT_EQ(FormatValue(each.kind, each.value), each.text) << each.value;
 }
 
-TEST(IskraValues, Format_RefusesWhatHasNoText)
+TEST(SimulatedValues, Format_RefusesWhatHasNoText)
 {
     EXPECT_THROW(FormatValue(IskraKind::Voltage, 1e13), std::invalid_argument);
     EXPECT_THROW(FormatValue(IskraKind::Angle, 123456), std::invalid_argument);
@@ -232,7 +232,7 @@ TEST(IskraValues, Format_RefusesWhatHasNoText)
     EXPECT_THROW(FormatValue(IskraKind::Current, std::numeric_limits<double>::infinity()), std::invalid_argument);
 }
 
-TEST(IskraValues, Overall_IsConsistentWithThePhases)
+TEST(SimulatedValues, Overall_IsConsistentWithThePhases)
 {
     Bench bench(Constant());
     const auto sum = [&bench](int first) {
@@ -254,7 +254,7 @@ TEST(IskraValues, Overall_IsConsistentWithThePhases)
     EXPECT_GT(value(4), 10000);
 }
 
-TEST(IskraValues, OnePhaseConnection_ReadsPhaseOneAlone)
+TEST(SimulatedValues, OnePhaseConnection_ReadsPhaseOneAlone)
 {
     Bench bench(Constant());
     const double power = ValueOf(bench.Text(5));
@@ -267,7 +267,7 @@ TEST(IskraValues, OnePhaseConnection_ReadsPhaseOneAlone)
     EXPECT_EQ(ValueOf(bench.Text(40)), 0);
 }
 
-TEST(IskraValues, Energies_GrowByPowerTimesTimeAndEndWithAReset)
+TEST(SimulatedValues, Energies_GrowByPowerTimesTimeAndEndWithAReset)
 {
     Bench bench(Constant());
     const double active = ValueOf(bench.Text(4));
@@ -288,7 +288,7 @@ TEST(IskraValues, Energies_GrowByPowerTimesTimeAndEndWithAReset)
     EXPECT_NEAR(ValueOf(bench.Text(1)), reactive * 2 / 3600, 0.01);
 }
 
-TEST(IskraValues, SetTexts_StandUntilTheyAreSetAnew)
+TEST(SimulatedValues, SetTexts_StandUntilTheyAreSetAnew)
 {
     Bench bench;
     bench.instrument->SetText(8, "1.5kvaC");
@@ -304,7 +304,7 @@ TEST(IskraValues, SetTexts_StandUntilTheyAreSetAnew)
     EXPECT_EQ(bench.Text(28), "49.500H");
 }
 
-TEST(LoadProfile, DutyCycle_IdlesHalvesFillsAndPauses)
+TEST(SimulatedLoad, DutyCycle_IdlesHalvesFillsAndPauses)
 {
     const auto power = [](double seconds) { return ReadNet(DutyCycle(seconds), 3).active[0]; };
     EXPECT_NEAR(power(10), 600, 10);

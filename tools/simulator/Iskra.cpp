@@ -31,7 +31,7 @@ enum Register : int
     kConnectionMode = 19,
 };
 
-constexpr int kModelRegisters = 3;
+constexpr std::size_t kModelRegisters = 3;
 constexpr std::uint16_t kResetAll = 0xFFFF;
 constexpr std::uint16_t kOnePhase = 1;
 constexpr std::uint16_t kFourWireBalanced = 25;

@@ -11,7 +11,7 @@
 
 namespace korvanel::simulator {
 
-class Iskra : public InstrumentFamily
+class Iskra final : public InstrumentFamily
 {
 public:
     explicit Iskra(const InstrumentSetup& setup);

@@ -15,13 +15,17 @@ namespace {
 
 constexpr double kLongestSleep = 0.5; // s; the counters run on and a locked line is freed
 
-/// Cuts the first word off.
-std::string TakeWord(std::string& text)
+struct Words
+{
+    std::string first;
+    std::string rest;
+};
+
+/// Cuts the first word off; the rest keeps its blanks but the one between.
+Words Split(const std::string& text)
 {
     const std::size_t end = text.find(' ');
-    std::string word = text.substr(0, end);
-    text.erase(0, end == std::string::npos ? end : end + 1);
-    return word;
+    return {text.substr(0, end), end == std::string::npos ? std::string() : text.substr(end + 1)};
 }
 
 } // namespace
@@ -98,33 +102,32 @@ void Simulator::Obey(const std::string& command)
     struct Entry
     {
         const char* name;
-        void (*obey)(Simulator&, std::string argument);
+        void (*obey)(Simulator&, const std::string& argument);
     };
     constexpr Entry kCommands[] = {
-        {"fault", [](Simulator& own, std::string kind) { own.station.SetFault(FaultOf(kind)); }},
-        {"delay", [](Simulator& own, std::string seconds) { own.station.SetDelay(ParseNumber(seconds)); }},
-        {"address", [](Simulator& own, std::string number) { own.instrument->SetAddress(ParseInteger(number)); }},
-        {"profile", [](Simulator& own, std::string name) { own.instrument->SetProfile(name, own.Now()); }},
+        {"fault", [](Simulator& own, const std::string& kind) { own.station.SetFault(FaultOf(kind)); }},
+        {"delay", [](Simulator& own, const std::string& seconds) { own.station.SetDelay(ParseNumber(seconds)); }},
+        {"address", [](Simulator& own, const std::string& n) { own.instrument->SetAddress(ParseInteger(n)); }},
+        {"profile", [](Simulator& own, const std::string& name) { own.instrument->SetProfile(name, own.Now()); }},
         {"set",
-         [](Simulator& own, std::string text) {
-             const int code = ParseInteger(TakeWord(text));
-             own.instrument->SetText(code, text);
+         [](Simulator& own, const std::string& argument) {
+             const auto [code, text] = Split(argument);
+             own.instrument->SetText(ParseInteger(code), text);
          }},
         {"value",
-         [](Simulator& own, std::string number) {
-             const int code = ParseInteger(TakeWord(number));
-             own.instrument->SetValue(code, ParseNumber(number));
+         [](Simulator& own, const std::string& argument) {
+             const auto [code, number] = Split(argument);
+             own.instrument->SetValue(ParseInteger(code), ParseNumber(number));
          }},
-        {"close", [](Simulator& own, std::string) { own.CloseLine(); }},
-        {"open", [](Simulator& own, std::string) { own.OpenLine(); }},
-        {"quit", [](Simulator& own, std::string) { own.isStopped = true; }},
+        {"close", [](Simulator& own, const std::string&) { own.CloseLine(); }},
+        {"open", [](Simulator& own, const std::string&) { own.OpenLine(); }},
+        {"quit", [](Simulator& own, const std::string&) { own.isStopped = true; }},
     };
-    std::string argument = command;
-    const std::string name = TakeWord(argument);
+    const Words words = Split(command);
     for (const Entry& entry : kCommands)
-        if (name == entry.name)
-            return entry.obey(*this, std::move(argument));
-    throw std::invalid_argument("unknown command: " + name);
+        if (words.first == entry.name)
+            return entry.obey(*this, words.rest);
+    throw std::invalid_argument("unknown command: " + words.first);
 }
 
 void Simulator::SendDue()
