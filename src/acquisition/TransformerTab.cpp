@@ -51,6 +51,7 @@ void SetSpacing(QGridLayout& grid)
 
 TransformerTab::TransformerTab()
 {
+    constexpr int kMargin = 5; // two groups side by side need the width of the page
     auto* upper = new QHBoxLayout;
     upper->addWidget(BuildProgramSide());
     upper->addWidget(BuildDeviceSide(), 1);
@@ -58,6 +59,7 @@ TransformerTab::TransformerTab()
     lower->addWidget(BuildTriggers());
     lower->addWidget(BuildScaleEnds(), 1);
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     column->addLayout(upper);
     column->addLayout(lower);
     column->addStretch(1);
@@ -94,6 +96,8 @@ QWidget* TransformerTab::BuildTransformers(TransformerSide side)
     for (int pair = 0; pair < 2; ++pair) {
         auto* ratio = new QLabel;
         ratio->setObjectName(ratioName.arg(pair));
+        ratio->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // any number can be typed
+        ratio->setMinimumWidth(ratio->fontMetrics().horizontalAdvance(QStringLiteral("60000 / 230")));
         Of(side).ratios.at(static_cast<std::size_t>(pair)) = ratio;
         grid->addWidget(ratio, 1 + pair, 5);
     }
@@ -160,7 +164,8 @@ QWidget* TransformerTab::BuildTriggers()
 QWidget* TransformerTab::BuildScaleEnds()
 {
     constexpr int kRows = 2;
-    constexpr int kColumnsOfOne = 3;
+    constexpr int kColumnsOfOne = 4; // caption, box, unit and a gap
+    constexpr int kGap = 14;
     auto* group = new QGroupBox(Texts().groupScaleEnds);
     auto* grid = new QGridLayout(group);
     SetSpacing(*grid);
@@ -173,6 +178,7 @@ QWidget* TransformerTab::BuildScaleEnds()
         scaleEnds.at(static_cast<std::size_t>(i)) = box;
         QWidget* const parts[] = {new QLabel(Caption(quantity)), box, new QLabel(TextOf(quantity.unit))};
         int column = i / kRows * kColumnsOfOne;
+        grid->setColumnMinimumWidth(column + kColumnsOfOne - 1, kGap);
         for (QWidget* part : parts) {
             grid->addWidget(part, i % kRows, column++);
             if (quantity.needsMachine)
@@ -201,8 +207,11 @@ void TransformerTab::Refresh(TransformerSide side)
 {
     for (int i = 0; i < kTransformerValues; ++i)
         Of(side).boxes.at(static_cast<std::size_t>(i))->ShowText(TransformerText(side, i));
-    for (int pair = 0; pair < 2; ++pair)
-        Of(side).ratios.at(static_cast<std::size_t>(pair))->setText(RatioText(side, pair));
+    for (int pair = 0; pair < 2; ++pair) {
+        QLabel& ratio = *Of(side).ratios.at(static_cast<std::size_t>(pair));
+        ratio.setText(RatioText(side, pair));
+        ratio.setToolTip(ratio.text());
+    }
 }
 
 void TransformerTab::EnableDeviceSide()

@@ -42,10 +42,12 @@ constexpr std::array<Words, 2> kWords{{
 FormH5::FormH5(QWidget* parent) : QDialog(parent), formerPort(App().lComPort)
 {
     constexpr qint32 kUsualAddress = 33;
+    constexpr int kWidth = 420;
     if (App().lModbusAddress == 0)
         App().lModbusAddress = kUsualAddress;
     setObjectName(QStringLiteral("FormH5"));
     setWindowTitle(Texts().modbusTitle);
+    setMinimumWidth(kWidth);
     auto* column = new QVBoxLayout(this);
     column->addWidget(BuildTop());
     tabs = new QTabWidget;
