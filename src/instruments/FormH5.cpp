@@ -4,6 +4,7 @@
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/window/PendingInput.h"
 #include "instruments/PortBox.h"
 
 #include <QApplication>
@@ -178,10 +179,12 @@ void FormH5::Search(int index)
     }
     portBox->Commit();
     EnableControls(false);
-    const auto atEnd = qScopeGuard([this] {
+    const auto atEnd = qScopeGuard([this, index] {
         progressBar->setRange(0, 1); // an empty interval would be shown as endless work
         progressBar->reset();
+        DropPendingInput();
         EnableControls(true);
+        searchButtons.at(static_cast<std::size_t>(index))->setFocus();
     });
     ShowResult(index, RunSearch(index));
 }

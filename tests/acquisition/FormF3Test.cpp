@@ -276,9 +276,11 @@ TEST_F(FormF3Test, ForwardTakesWhatIsTypedOnTheOtherTab)
 {
     ShowPage(0);
     Find<QComboBox>("cboTrans_0").setEditText("230");
+    Find<QComboBox>("cboTrans_1").setEditText("100");
     Find<QComboBox>("cboEnd_2").setEditText("7,5");
     Press("cmdForw");
     EXPECT_EQ(App().dTransPrimary[0], 230);
+    EXPECT_EQ(App().dTransSecondary[0], 100);
     EXPECT_EQ(App().ScaleEnds[2], 7500);
     EXPECT_EQ(Query("SELECT [Decimal] FROM [Settings] WHERE [Name]='dTransPrimary 0'").toDouble(), 230) << "and saved";
 }
@@ -459,6 +461,21 @@ TEST_F(FormF3Test, Diagnosis_WhatNobodyExpectedIsReportedAndLeavesNothingDisable
     Press("cmdDiag");
     EXPECT_EQ(shell.BoxTexts(), QStringList{"FormF3\nbroken"});
     ExpectNothingStaysDisabled();
+}
+
+TEST_F(FormF3Test, Diagnosis_WhatWasPressedMeanwhileHasNoEffect)
+{
+    ShowPage(0);
+    port.answer = [this](const QByteArray& request) {
+        PostClick(Find<QPushButton>("cmdForw"));
+        return IskraAtAddress(33)(request);
+    };
+    Press("cmdDiag");
+    QApplication::processEvents();
+    EXPECT_EQ(PageName(), "FormF3");
+    PostClick(Find<QPushButton>("cmdForw"));
+    QApplication::processEvents();
+    EXPECT_EQ(PageName(), "FormF4") << "afterwards it has";
 }
 
 TEST_F(FormF3Test, Diagnosis_UsesTheTypedPort)

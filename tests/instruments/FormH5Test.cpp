@@ -186,6 +186,20 @@ TEST_F(FormH5Test, Search_ShowsWhereItIsAndCannotBeDisturbed)
     EXPECT_FALSE(dialog->isVisible()) << "after the search it can be left again";
 }
 
+TEST_F(FormH5Test, Search_WhatWasPressedMeanwhileHasNoEffect)
+{
+    port.answer = [this](const QByteArray&) {
+        PostClick(Find<QPushButton>("cmdCancel"));
+        return QByteArray();
+    };
+    Test("8");
+    QApplication::processEvents();
+    EXPECT_TRUE(dialog->isVisible());
+    PostClick(Find<QPushButton>("cmdCancel"));
+    QApplication::processEvents();
+    EXPECT_FALSE(dialog->isVisible()) << "afterwards it has";
+}
+
 TEST_F(FormH5Test, Search_APortThatCantBeOpenedIsAMiss)
 {
     port.openError = "Zugriff verweigert";

@@ -1,8 +1,9 @@
-// Keys as a person presses them, sent to one control.
+// Keys and clicks as a person presses them, sent to one control.
 #pragma once
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWidget>
 
 namespace korvanel::test {
@@ -19,6 +20,17 @@ inline void TypeKeys(QWidget& control, const QString& text)
 {
     for (const QChar c : text)
         PressKey(control, 0, c);
+}
+
+/// A click that waits until events are processed.
+inline void PostClick(QWidget& control)
+{
+    const QPointF middle = QRectF(control.rect()).center();
+    const QPointF onScreen = control.mapToGlobal(middle);
+    QCoreApplication::postEvent(&control, new QMouseEvent(QEvent::MouseButtonPress, middle, onScreen, Qt::LeftButton,
+                                                          Qt::LeftButton, Qt::NoModifier));
+    QCoreApplication::postEvent(&control, new QMouseEvent(QEvent::MouseButtonRelease, middle, onScreen, Qt::LeftButton,
+                                                          Qt::NoButton, Qt::NoModifier));
 }
 
 } // namespace korvanel::test
