@@ -5,6 +5,7 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/window/EntryBox.h"
+#include "core/window/Page.h"
 #include "instruments/AddressSearch.h"
 #include "instruments/Catalogue.h"
 #include "instruments/PortBox.h"
@@ -81,6 +82,7 @@ QWidget* DeviceTab::BuildStatus()
     identityLabel = new QLabel;
     identityLabel->setObjectName(QStringLiteral("lblDevice"));
     identityLabel->setTextFormat(Qt::PlainText);
+    identityLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it comes from outside
     column->addWidget(identityLabel);
     addressLabel = new QLabel;
     addressLabel->setObjectName(QStringLiteral("lblModbus"));
@@ -119,6 +121,7 @@ void DeviceTab::ShowInstrument()
     intervalBox->SetChoices(IntervalChoices());
     intervalBox->ShowText(NumberText(App().dInterval));
     identityLabel->setText(App().sDeviceId);
+    identityLabel->setToolTip(PlainToolTip(App().sDeviceId));
     addressLabel->setText(FillPlaceholders(Texts().modbusAddress, {QString::number(App().lModbusAddress)}));
     addressLabel->setVisible(App().sDevice.startsWith(QLatin1String(kFamilyWithAddress)));
     wiring->Refresh();

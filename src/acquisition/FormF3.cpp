@@ -9,6 +9,7 @@
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
 #include "core/window/PageTable.h"
+#include "core/window/PendingInput.h"
 #include "instruments/DevManaging.h"
 
 #include <QPointer>
@@ -100,6 +101,7 @@ void FormF3::Work(const std::function<void()>& routine)
     App().TheShell->SetBusyMenus(false);
     setEnabled(false);
     const auto atEnd = qScopeGuard([&] {
+        DropPendingInput();
         setEnabled(true);
         App().TheShell->SetBusyMenus(true);
         Refresh();

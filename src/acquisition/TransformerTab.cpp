@@ -51,6 +51,7 @@ void SetSpacing(QGridLayout& grid)
 
 TransformerTab::TransformerTab()
 {
+    constexpr int kMargin = 5; // two groups side by side need the width of the page
     auto* upper = new QHBoxLayout;
     upper->addWidget(BuildProgramSide());
     upper->addWidget(BuildDeviceSide(), 1);
@@ -58,6 +59,7 @@ TransformerTab::TransformerTab()
     lower->addWidget(BuildTriggers());
     lower->addWidget(BuildScaleEnds(), 1);
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     column->addLayout(upper);
     column->addLayout(lower);
     column->addStretch(1);
@@ -65,39 +67,47 @@ TransformerTab::TransformerTab()
 
 QWidget* TransformerTab::BuildTransformers(TransformerSide side)
 {
-    const bool isOfProgram = side == TransformerSide::Program;
-    const QString boxName = isOfProgram ? QStringLiteral("cboTrans_%1") : QStringLiteral("cboDevTrans_%1");
-    const QString ratioName = isOfProgram ? QStringLiteral("lblTrans_%1") : QStringLiteral("lblDevTrans_%1");
+    constexpr int kRatioColumn = 5;
+    const QString ratioName =
+        side == TransformerSide::Program ? QStringLiteral("lblTrans_%1") : QStringLiteral("lblDevTrans_%1");
     auto* content = new QWidget;
     auto* grid = new QGridLayout(content);
     grid->setContentsMargins(0, 0, 0, 0);
     SetSpacing(*grid);
     grid->addWidget(new QLabel(Texts().headPrimary), 0, 1);
     grid->addWidget(new QLabel(Texts().headSecondary), 0, 3);
-    grid->addWidget(new QLabel(Texts().headRatio), 0, 5);
-    grid->setColumnStretch(5, 1);
-    for (int i = 0; i < kTransformerValues; ++i) {
-        const Typed& quantity = kTypedRows.at(static_cast<std::size_t>(i / 2));
-        const int row = 1 + i / 2;
-        const int column = 1 + 2 * (i % 2);
-        auto* box = new EntryBox(boxName.arg(i));
-        box->SetChoices(TransformerChoices(i));
-        connect(box, &EntryBox::Committed, this, [this, side, i](const QString& text) {
-            EnterTransformer(side, i, text);
-            Refresh(side);
-        });
-        Of(side).boxes.at(static_cast<std::size_t>(i)) = box;
-        grid->addWidget(new QLabel(Caption(quantity)), row, 0);
-        grid->addWidget(box, row, column);
-        grid->addWidget(new QLabel(TextOf(quantity.unit)), row, column + 1);
-    }
+    grid->addWidget(new QLabel(Texts().headRatio), 0, kRatioColumn);
+    grid->setColumnStretch(kRatioColumn, 1);
     for (int pair = 0; pair < 2; ++pair) {
+        const int row = pair + 1;
+        grid->addWidget(new QLabel(Caption(kTypedRows.at(static_cast<std::size_t>(pair)))), row, 0);
+        AddTransformer(*grid, side, 2 * pair, row, 1);
+        AddTransformer(*grid, side, 2 * pair + 1, row, 3);
         auto* ratio = new QLabel;
         ratio->setObjectName(ratioName.arg(pair));
+        ratio->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // any number can be typed
+        ratio->setMinimumWidth(ratio->fontMetrics().horizontalAdvance(QStringLiteral("60000 / 230")));
         Of(side).ratios.at(static_cast<std::size_t>(pair)) = ratio;
-        grid->addWidget(ratio, 1 + pair, 5);
+        grid->addWidget(ratio, row, kRatioColumn);
     }
     return content;
+}
+
+void TransformerTab::AddTransformer(QGridLayout& grid, TransformerSide side, int index, int row, int column)
+{
+    const QString name =
+        side == TransformerSide::Program ? QStringLiteral("cboTrans_%1") : QStringLiteral("cboDevTrans_%1");
+    const Typed& quantity = kTypedRows.at(static_cast<std::size_t>(index / 2));
+    auto* box = new EntryBox(name.arg(index));
+    box->setAccessibleName(Caption(quantity) + u' ' + (index % 2 == 0 ? Texts().headPrimary : Texts().headSecondary));
+    box->SetChoices(TransformerChoices(index));
+    connect(box, &EntryBox::Committed, this, [this, side, index](const QString& text) {
+        EnterTransformer(side, index, text);
+        ShowTransformer(side, index);
+    });
+    Of(side).boxes.at(static_cast<std::size_t>(index)) = box;
+    grid.addWidget(box, row, column);
+    grid.addWidget(new QLabel(TextOf(quantity.unit)), row, column + 1);
 }
 
 QWidget* TransformerTab::BuildProgramSide()
@@ -148,6 +158,7 @@ QWidget* TransformerTab::BuildTriggers()
         box->SetChoices(TriggerChoices());
         connect(box, &EntryBox::Committed, this,
                 [box, i](const QString& text) { box->ShowText(EnterTrigger(i, text)); });
+        box->setAccessibleName(Caption(quantity));
         triggers.at(static_cast<std::size_t>(i)) = box;
         grid->addWidget(new QLabel(Caption(quantity)), i, 0);
         grid->addWidget(box, i, 1);
@@ -160,7 +171,8 @@ QWidget* TransformerTab::BuildTriggers()
 QWidget* TransformerTab::BuildScaleEnds()
 {
     constexpr int kRows = 2;
-    constexpr int kColumnsOfOne = 3;
+    constexpr int kColumnsOfOne = 4; // caption, box, unit and a gap
+    constexpr int kGap = 14;
     auto* group = new QGroupBox(Texts().groupScaleEnds);
     auto* grid = new QGridLayout(group);
     SetSpacing(*grid);
@@ -170,9 +182,11 @@ QWidget* TransformerTab::BuildScaleEnds()
         box->SetChoices(ScaleEndChoices(i));
         connect(box, &EntryBox::Committed, this,
                 [box, i](const QString& text) { box->ShowText(EnterScaleEnd(i, text)); });
+        box->setAccessibleName(Caption(quantity));
         scaleEnds.at(static_cast<std::size_t>(i)) = box;
         QWidget* const parts[] = {new QLabel(Caption(quantity)), box, new QLabel(TextOf(quantity.unit))};
         int column = i / kRows * kColumnsOfOne;
+        grid->setColumnMinimumWidth(column + kColumnsOfOne - 1, kGap);
         for (QWidget* part : parts) {
             grid->addWidget(part, i % kRows, column++);
             if (quantity.needsMachine)
@@ -186,8 +200,9 @@ QWidget* TransformerTab::BuildScaleEnds()
 
 void TransformerTab::Refresh()
 {
-    Refresh(TransformerSide::Program);
-    Refresh(TransformerSide::Instrument);
+    for (const TransformerSide side : {TransformerSide::Program, TransformerSide::Instrument})
+        for (int i = 0; i < kTransformerValues; ++i)
+            ShowTransformer(side, i);
     for (int i = 0; i < kTriggers; ++i)
         triggers.at(static_cast<std::size_t>(i))->ShowText(TriggerText(i));
     for (int i = 0; i < kScaleEnds; ++i)
@@ -197,12 +212,12 @@ void TransformerTab::Refresh()
     EnableDeviceSide();
 }
 
-void TransformerTab::Refresh(TransformerSide side)
+void TransformerTab::ShowTransformer(TransformerSide side, int index)
 {
-    for (int i = 0; i < kTransformerValues; ++i)
-        Of(side).boxes.at(static_cast<std::size_t>(i))->ShowText(TransformerText(side, i));
-    for (int pair = 0; pair < 2; ++pair)
-        Of(side).ratios.at(static_cast<std::size_t>(pair))->setText(RatioText(side, pair));
+    Of(side).boxes.at(static_cast<std::size_t>(index))->ShowText(TransformerText(side, index));
+    QLabel& ratio = *Of(side).ratios.at(static_cast<std::size_t>(index / 2));
+    ratio.setText(RatioText(side, index / 2));
+    ratio.setToolTip(ratio.text());
 }
 
 void TransformerTab::EnableDeviceSide()

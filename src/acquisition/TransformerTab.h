@@ -40,13 +40,15 @@ private:
     };
 
     QWidget* BuildTransformers(TransformerSide side);
+    void AddTransformer(QGridLayout& grid, TransformerSide side, int index, int row, int column);
     QWidget* BuildProgramSide();
     QWidget* BuildDeviceSide();
     QWidget* BuildTriggers();
     QWidget* BuildScaleEnds();
     QPushButton* AddButton(QGridLayout& grid, int row, int column, const char* name, const QString& caption);
     Side& Of(TransformerSide side) { return sides.at(static_cast<std::size_t>(side)); }
-    void Refresh(TransformerSide side);
+    /// A value and the ratio that it belongs to.
+    void ShowTransformer(TransformerSide side, int index);
     void EnableDeviceSide();
 
     std::array<Side, 2> sides;

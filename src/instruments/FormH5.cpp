@@ -4,6 +4,7 @@
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/window/PendingInput.h"
 #include "instruments/PortBox.h"
 
 #include <QApplication>
@@ -42,10 +43,12 @@ constexpr std::array<Words, 2> kWords{{
 FormH5::FormH5(QWidget* parent) : QDialog(parent), formerPort(App().lComPort)
 {
     constexpr qint32 kUsualAddress = 33;
+    constexpr int kWidth = 420;
     if (App().lModbusAddress == 0)
         App().lModbusAddress = kUsualAddress;
     setObjectName(QStringLiteral("FormH5"));
     setWindowTitle(Texts().modbusTitle);
+    setMinimumWidth(kWidth);
     auto* column = new QVBoxLayout(this);
     column->addWidget(BuildTop());
     tabs = new QTabWidget;
@@ -176,10 +179,12 @@ void FormH5::Search(int index)
     }
     portBox->Commit();
     EnableControls(false);
-    const auto atEnd = qScopeGuard([this] {
+    const auto atEnd = qScopeGuard([this, index] {
         progressBar->setRange(0, 1); // an empty interval would be shown as endless work
         progressBar->reset();
+        DropPendingInput();
         EnableControls(true);
+        searchButtons.at(static_cast<std::size_t>(index))->setFocus();
     });
     ShowResult(index, RunSearch(index));
 }

@@ -10,7 +10,7 @@ namespace korvanel {
 
 FormH7::FormH7(QWidget* parent) : QDialog(parent)
 {
-    constexpr int kWidth = 480;
+    constexpr int kWidth = 540;
     setObjectName(QStringLiteral("FormH7"));
     setWindowTitle(Texts().wiringTitle);
     setMinimumWidth(kWidth);

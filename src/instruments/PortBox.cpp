@@ -1,6 +1,7 @@
 #include "instruments/PortBox.h"
 
 #include "core/window/EntryBox.h"
+#include "core/window/Page.h"
 #include "instruments/PortNames.h"
 
 #include <QAbstractItemView>
@@ -15,6 +16,7 @@ PortBox::PortBox() : box(new EntryBox(QStringLiteral("cboCOM"))), device(new QLa
     constexpr int kSpacing = 8;
     device->setObjectName(QStringLiteral("lblPort"));
     device->setTextFormat(Qt::PlainText);
+    device->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // the user may have assigned a long path
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(kSpacing);
@@ -35,6 +37,7 @@ void PortBox::ShowPort(int number)
     box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0));
     box->ShowText(QString::number(number));
     device->setText(DeviceOfPort(number, sources));
+    device->setToolTip(PlainToolTip(device->text()));
 }
 
 void PortBox::Commit()

@@ -196,4 +196,41 @@ TEST_F(TextsTest, NetConfiguration_ToTheLetter)
     Expect(quoted);
 }
 
+TEST_F(TextsTest, MeasuringConfiguration_ToTheLetter)
+{
+    const Quoted quoted[] = {
+        {&T::titlePage3, "Messgerät - Konfiguration"},
+        {&T::buttonDiagnosis, "Selbst&diagnose"},
+        {&T::labelBeat, "Akustischer Takt:"},
+        {&T::buttonReadTransformers, "Von Messgerät lesen"},
+        {&T::buttonWriteTransformers, "In Messgerät speichern"},
+        {&T::buttonResetCounters, "Zähler zurücksetzen"},
+        {&T::wiringTitle, "Schaltung"},
+    };
+    Expect(quoted);
+}
+
+TEST_F(TextsTest, AddressSearch_ToTheLetter)
+{
+    const Quoted quoted[] = {
+        {&T::modbusTitle, "MODBUS Geräteadresse"},
+        {&T::modbusEnterAddress, "Bitte wählen Sie ein Messgerät, geben dessen Adresse ein und drücken 'Überprüfung'"},
+        {&T::modbusEnterInterval,
+         "Bitte wählen Sie ein Messgerät, setzen ein Suchintervall fest und drücken 'Suche starten'"},
+        {&T::modbusTest, "Überprüfung"},
+        {&T::modbusSearch, "Suche starten"},
+        {&T::modbusUnknownDevice, "Unbekanntes Messgerät"},
+        {&T::modbusAddressRange, "Die Adresse darf nur zwischen 1 und 247 liegen."},
+        {&T::modbusIntervalRange, "Das Interval darf nur zwischen 1 und 247 liegen."},
+        {&T::modbusTesting, "Prüfe Adresse # ..."},
+        {&T::modbusNotFound, "Messgerät nicht gefunden!"},
+        {&T::modbusOtherAddress, "Bitte versuchen Sie eine andere Adresse."},
+        {&T::modbusOtherInterval, "Bitte versuchen Sie ein anderes Intervall."},
+        {&T::modbusFound, "Messgerät gefunden"},
+        {&T::modbusFirstFound, "1. gefundene Geräteadresse ist: "},
+        {&T::modbusPressOk, "Um den Vorgang abzuschließen drücken Sie 'OK'"},
+    };
+    Expect(quoted);
+}
+
 } // namespace korvanel::test

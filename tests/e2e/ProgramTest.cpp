@@ -334,6 +334,41 @@ TEST_F(ProgramTest, AFileThatVanishesWhileItIsOpenIsToldWhenThePageIsLeft)
     EXPECT_TRUE(program.IsRunning());
 }
 
+TEST_F(ProgramTest, TheAddressSearchNeedsNoProjectAndCanBeLeft)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuModbus");
+    program.WaitForWindow("FormH5");
+    EXPECT_FALSE(program.IsEnabled("cmdOK"));
+    program.Type("txtAddress_0", "248");
+    program.Trigger("cmdSearch_0");
+    program.WaitForText("lblInfo_0", "Die Adresse darf nur zwischen 1 und 247 liegen.");
+    program.Trigger("cmdCancel");
+    program.WaitForQuiet();
+    EXPECT_TRUE(program.IsRunning());
+}
+
+TEST_F(ProgramTest, TheMeasuringConfigurationIsStoredWithTheProject)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    NewProject(program, PathOf("x.MDB"));
+    program.Trigger("mnuDeviceConf");
+    program.WaitForControl("FormF3");
+    program.Choose("cboSelect", "NANOVIP-PLUS 1Ø2W");
+    program.WaitForText("cboInterval", "2");
+    program.Choose("cboInterval", "7");
+    program.Trigger("cmdBack");
+    program.WaitForControl("FormF2");
+    program.Trigger("mnuDeviceConf");
+    program.WaitForControl("FormF3");
+    EXPECT_EQ(program.Text("cboSelect"), "NANOVIP-PLUS 1Ø2W");
+    EXPECT_EQ(program.Text("cboInterval"), "7");
+}
+
 TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
 {
     ProgramDriver program(settings);

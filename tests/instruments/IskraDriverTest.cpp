@@ -183,6 +183,31 @@ TEST_F(IskraDriver, ResetAndInfo_TellTheirOwnErrors)
     EXPECT_EQ(App().sDeviceId, "");
 }
 
+TEST_F(IskraDriver, Info_SendsBothRequestsWhateverComesBack)
+{
+    for (const char* reply : {"", "?", "a long reply of nobody"}) {
+        port.requests.clear();
+        port.answer = [reply](const QByteArray&) { return QByteArray(reply); };
+        const double before = clock.seconds;
+        EXPECT_FALSE(DevCommand(kDevInfo));
+        EXPECT_EQ(port.requests, (std::vector<QByteArray>{Crc16Append(QByteArray::fromHex("210400010003")),
+                                                          Crc16Append(QByteArray::fromHex("210400040001"))}));
+        EXPECT_NEAR(clock.seconds - before, 0.3, 1e-9);
+    }
+}
+
+TEST_F(IskraDriver, Info_NeedsModelAndNumber)
+{
+    for (const int missing : {1, 4}) {
+        App().sDeviceId = QStringLiteral("old");
+        port.answer = [this, missing](const QByteArray& request) {
+            return request[3] == missing ? QByteArray() : instrument.Reply(request);
+        };
+        EXPECT_FALSE(DevCommand(kDevInfo));
+        EXPECT_EQ(App().sDeviceId, "");
+    }
+}
+
 TEST_F(IskraDriver, Sample_OfOnePhaseFollowsFromVoltageCurrentAndAngle)
 {
     instrument.texts = {{16, "200.0 V"}, {13, "3.000 A"}, {28, "50.02Hz"}, {32, "  60.00"}};

@@ -14,7 +14,7 @@ namespace korvanel {
 namespace {
 
 constexpr int kLongestValue = 40;
-constexpr int kVisibleCharacters = 7;
+constexpr int kVisibleCharacters = 6;
 
 } // namespace
 
@@ -27,8 +27,7 @@ EntryBox::EntryBox(const QString& name)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kVisibleCharacters);
     lineEdit()->setMaxLength(kLongestValue);
-    lineEdit()->installEventFilter(this);
-    connect(lineEdit(), &QLineEdit::editingFinished, this, &EntryBox::Commit);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, &EntryBox::Commit);
     connect(this, &QComboBox::activated, this, [this](int index) {
         setEditText(itemData(index).toString());
         Commit();
@@ -62,13 +61,12 @@ void EntryBox::Commit()
     RunGuarded(objectName(), [this] { emit Committed(currentText()); });
 }
 
-bool EntryBox::eventFilter(QObject* watched, QEvent* event)
+/// The line's own notice of the end of editing leaves out menus, and a text that was refused before.
+void EntryBox::focusOutEvent(QFocusEvent* event)
 {
-    // Leaving for a menu doesn't end the editing for the line itself.
-    if (watched == lineEdit() && event->type() == QEvent::FocusOut && !view()->isVisible() &&
-        static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason)
+    QComboBox::focusOutEvent(event);
+    if (event->reason() != Qt::ActiveWindowFocusReason && !view()->isVisible())
         Commit();
-    return QComboBox::eventFilter(watched, event);
 }
 
 } // namespace korvanel

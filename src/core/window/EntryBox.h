@@ -28,7 +28,7 @@ signals:
     void Committed(const QString& text);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     QString shownText;
