@@ -67,6 +67,7 @@ protected:
         EXPECT_FALSE(App().bProjectDirty);
     }
 
+    ScriptedPort port;
     std::unique_ptr<FormH5> dialog;
 };
 
