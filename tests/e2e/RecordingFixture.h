@@ -3,7 +3,7 @@
 #pragma once
 
 #include "remote/ProgramDriver.h"
-#include "support/SimulatorProcess.h"
+#include "remote/SimulatorProcess.h"
 
 #include <QDir>
 #include <QElapsedTimer>

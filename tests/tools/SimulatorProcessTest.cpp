@@ -1,5 +1,5 @@
 // The simulator on real pseudo-terminals, and its executable with everything that can be told to it.
-#include "support/SimulatorProcess.h"
+#include "remote/SimulatorProcess.h"
 #include "simulator/PseudoTerminal.h"
 #include "tools/SimulatorRequests.h"
 
@@ -24,8 +24,8 @@
 namespace korvanel::simulator::test {
 namespace {
 
-using korvanel::test::LoggedExchange;
-using korvanel::test::SimulatorProcess;
+using korvanel::LoggedExchange;
+using korvanel::SimulatorProcess;
 
 constexpr int kPatienceMs = 30000;
 

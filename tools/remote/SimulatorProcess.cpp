@@ -1,4 +1,4 @@
-#include "support/SimulatorProcess.h"
+#include "remote/SimulatorProcess.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,7 +8,7 @@
 
 #include <sys/prctl.h>
 
-namespace korvanel::test {
+namespace korvanel {
 
 namespace {
 
@@ -22,7 +22,7 @@ SimulatorProcess::SimulatorProcess(const QString& folder, const QStringList& opt
       log(QDir(folder).filePath(QStringLiteral("instrument.log")))
 {
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    // A test that crashes takes its simulator along.
+    // Whoever crashes takes its simulator along.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     process.start(QStringLiteral(KORVANEL_SIMULATOR),
                   QStringList{QStringLiteral("--link"), link, QStringLiteral("--log"), log} + options);
@@ -93,4 +93,4 @@ std::vector<LoggedExchange> SimulatorProcess::Log() const
     return exchanges;
 }
 
-} // namespace korvanel::test
+} // namespace korvanel

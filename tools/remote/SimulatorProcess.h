@@ -1,4 +1,4 @@
-// The instrument simulator as a process of the test: started with a link and a log in a folder of the test, told what
+// The instrument simulator as a process: started with a link and a log in a given folder, told what
 // to do, and ended with the object.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 #include <vector>
 
-namespace korvanel::test {
+namespace korvanel {
 
 /// A line of the simulator's log.
 struct LoggedExchange
@@ -55,4 +55,4 @@ private:
     QProcess process;
 };
 
-} // namespace korvanel::test
+} // namespace korvanel

@@ -1,0 +1,209 @@
+// Shows the program at work: starts it with private settings and a simulated instrument on its first port, presses its
+// real buttons from New to STOP, and leaves the project file, the instrument's log of what it sent and a picture of
+// each page. What was stored is compared with what was sent; a difference makes the demo fail.
+//   korvanel_demo [--seconds N] [--out DIR]
+#include "demo/Comparison.h"
+#include "remote/ProgramDriver.h"
+#include "remote/SimulatorProcess.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTextStream>
+#include <QThread>
+
+#include <cstdlib>
+
+using namespace korvanel;
+
+namespace {
+
+class Demo
+{
+public:
+    Demo(const QDir& output, int runSeconds)
+        : folder(output), seconds(runSeconds), simulator(output.path()),
+          driver(output.filePath(QStringLiteral("settings")))
+    {
+        QSettings settings(output.filePath(QStringLiteral("settings/KORVANEL/KORVANEL.ini")), QSettings::IniFormat);
+        settings.setValue(QStringLiteral("Ports/COM1"), simulator.Link());
+    }
+
+    Comparison Run()
+    {
+        driver.Start();
+        driver.WaitForControl(QStringLiteral("FormStart"));
+        driver.Grab(QStringLiteral("FormStart"), folder.filePath(QStringLiteral("0-start.png")));
+        driver.WaitForWindow(QStringLiteral("MainForm"));
+        CreateProject();
+        DescribeProject();
+        ChooseNetConfiguration();
+        SearchAddress();
+        ConfigureInstrument();
+        Record();
+        WalkPages();
+        driver.Trigger(QStringLiteral("mnuEnd"));
+        if (driver.WaitForEnd() != EXIT_SUCCESS)
+            throw DriverError("the program ended with an error");
+        return CompareRecording(ProjectFile(), simulator.Log(), firstExchange);
+    }
+
+private:
+    QString ProjectFile() const { return folder.filePath(QStringLiteral("Pumpe 3.MDB")); }
+    void Picture(const QString& name)
+    {
+        driver.Grab(QStringLiteral("MainForm"), folder.filePath(name + QStringLiteral(".png")));
+    }
+
+    void CreateProject()
+    {
+        QFile::remove(ProjectFile());
+        driver.Trigger(QStringLiteral("mnuNew"));
+        driver.GivePath(ProjectFile());
+        driver.WaitForControl(QStringLiteral("FormF1"));
+    }
+
+    void DescribeProject()
+    {
+        driver.Type(QStringLiteral("txtName"), QStringLiteral("Kühlwasserpumpe 3"));
+        driver.Type(QStringLiteral("txtFirm"), QStringLiteral("Wasserwerk Nord"));
+        driver.Type(QStringLiteral("txtWho"), QStringLiteral("Instandhaltung"));
+        driver.Type(QStringLiteral("txtDescr"),
+                    QStringLiteral("Hersteller: Musterwerk\nStandort: Halle 2, Grube\nEinbaulage: stehend\n"
+                                   "weitere Angaben: Lastspiel über eine Schicht"));
+        Picture(QStringLiteral("1-allgemeine-daten"));
+    }
+
+    void ChooseNetConfiguration()
+    {
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF2"));
+        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("3-Phasen-Netz"));
+        driver.Trigger(QStringLiteral("optNetConf_1"));
+        Picture(QStringLiteral("2-netz-konfiguration"));
+    }
+
+    /// As a user does who doesn't know the address of the instrument.
+    void SearchAddress()
+    {
+        driver.Trigger(QStringLiteral("mnuModbus"));
+        driver.WaitForControl(QStringLiteral("FormH5"));
+        driver.Choose(QStringLiteral("tabMODBUS"), QStringLiteral("Suchintervall"));
+        driver.Type(QStringLiteral("txtAddress_1"), QStringLiteral("30"));
+        driver.Type(QStringLiteral("txtAddress_2"), QStringLiteral("40"));
+        driver.Trigger(QStringLiteral("cmdSearch_1"));
+        while (!driver.IsEnabled(QStringLiteral("cmdOK")))
+            QThread::msleep(50);
+        driver.Grab(QStringLiteral("FormH5"), folder.filePath(QStringLiteral("3-adresssuche.png")));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH5"));
+    }
+
+    void ConfigureInstrument()
+    {
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF3"));
+        driver.Choose(QStringLiteral("cboSelect"), QStringLiteral("ISKRA MI71XX 3Ø4W (4u)"));
+        driver.Trigger(QStringLiteral("cmdDiag"));
+        constexpr int kGreen = 65280;
+        while (driver.Read(QStringLiteral("shpLED_2"))[QStringLiteral("colour")].toInt() != kGreen)
+            QThread::msleep(50);
+        Picture(QStringLiteral("4-messgeraet"));
+        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Wandler / Messbereich"));
+        driver.Choose(QStringLiteral("cboEnd_1"), QStringLiteral("50"));
+        driver.Choose(QStringLiteral("cboEnd_2"), QStringLiteral("50"));
+        Picture(QStringLiteral("4-wandler"));
+        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Zeitsteuerung"));
+        Picture(QStringLiteral("4-zeitsteuerung"));
+    }
+
+    void Record()
+    {
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF4"));
+        firstExchange = simulator.Log().size();
+        driver.Trigger(QStringLiteral("cmdSTART"));
+        driver.WaitForText(QStringLiteral("cmdSTART"), QStringLiteral("STOP Messung"));
+        QElapsedTimer timer;
+        timer.start();
+        constexpr int kMillisecondsPerSecond = 1000;
+        QThread::msleep(static_cast<unsigned long>(seconds) * kMillisecondsPerSecond / 2);
+        Picture(QStringLiteral("5-messung"));
+        driver.Trigger(QStringLiteral("cmdInfo"));
+        driver.WaitForControl(QStringLiteral("FormH7"));
+        driver.Grab(QStringLiteral("FormH7"), folder.filePath(QStringLiteral("5-schaltung.png")));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH7"));
+        while (timer.elapsed() < qint64(seconds) * kMillisecondsPerSecond)
+            QThread::msleep(50);
+        driver.Trigger(QStringLiteral("cmdSTART"));
+        driver.WaitForText(QStringLiteral("cmdSTART"), QStringLiteral("START Messung"));
+        Picture(QStringLiteral("5-nach-der-messung"));
+    }
+
+    /// Along the rest of the path.
+    void WalkPages()
+    {
+        for (const char* page : {"FormF5", "FormF6", "FormF8", "FormF9"}) {
+            driver.Trigger(QStringLiteral("cmdForw"));
+            driver.WaitForControl(QLatin1String(page));
+            Picture(QStringLiteral("6-") + QLatin1String(page));
+        }
+    }
+
+    QDir folder;
+    int seconds;
+    SimulatorProcess simulator;
+    ProgramDriver driver;
+    std::size_t firstExchange = 0; ///< of the simulator's log that belongs to the recording
+};
+
+bool Report(QTextStream& print, const Comparison& comparison)
+{
+    print << comparison.sent << " samples sent, " << comparison.stored << " sets stored, " << comparison.values
+          << " values compared, " << comparison.differences.size() << " differences\n";
+    for (const QString& difference : comparison.differences)
+        print << "  " << difference << '\n';
+    return comparison.differences.isEmpty() && comparison.stored > 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption out(QStringLiteral("out"), QStringLiteral("folder of the results"), QStringLiteral("DIR"),
+                                 QStringLiteral("demo-output"));
+    const QCommandLineOption length(QStringLiteral("seconds"), QStringLiteral("length of the recording"),
+                                    QStringLiteral("N"), QStringLiteral("30"));
+    parser.addOptions({out, length});
+    parser.addHelpOption();
+    parser.process(application);
+    QTextStream print(stdout);
+    const QDir folder(QFileInfo(parser.value(out)).absoluteFilePath());
+    bool isNumber = false;
+    const int seconds = parser.value(length).toInt(&isNumber);
+    if (!isNumber || seconds < 1) {
+        print << "--seconds wants a whole number from 1 on\n";
+        return EXIT_FAILURE;
+    }
+    if (!folder.mkpath(QStringLiteral("settings/KORVANEL"))) {
+        print << "can't make " << folder.path() << '\n';
+        return EXIT_FAILURE;
+    }
+    bool isWhole = false;
+    try {
+        isWhole = Report(print, Demo(folder, seconds).Run());
+    } catch (const std::exception& error) {
+        print << "demo failed: " << error.what() << '\n';
+        return EXIT_FAILURE;
+    }
+    print << "The demo has left in " << folder.path() << ":\n";
+    for (const QFileInfo& file : folder.entryInfoList(QDir::Files, QDir::Name))
+        print << "  " << file.fileName() << "  " << file.size() << " bytes\n";
+    return isWhole ? EXIT_SUCCESS : EXIT_FAILURE;
+}
