@@ -1,9 +1,8 @@
-// The simulator on real pseudo-terminals, and its executable with everything that can be told to it.
+// The simulator's executable on a real pseudo-terminal, with everything that can be told to it.
 #include "remote/SimulatorProcess.h"
-#include "simulator/PseudoTerminal.h"
+#include "tools/OpenLine.h"
 #include "tools/SimulatorRequests.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -15,8 +14,6 @@
 #include <csignal>
 #include <optional>
 
-#include <fcntl.h>
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -26,69 +23,6 @@ namespace {
 
 using korvanel::LoggedExchange;
 using korvanel::SimulatorProcess;
-
-constexpr int kPatienceMs = 30000;
-
-/// The program's end of the line.
-class OpenLine
-{
-public:
-    explicit OpenLine(const QString& path) : descriptor(open(path.toUtf8().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK))
-    {}
-    ~OpenLine() { Close(); }
-    OpenLine(const OpenLine&) = delete;
-    OpenLine& operator=(const OpenLine&) = delete;
-
-    bool IsOpen() const { return descriptor >= 0; }
-    int Descriptor() const { return descriptor; }
-    void Close()
-    {
-        if (descriptor >= 0)
-            close(descriptor);
-        descriptor = -1;
-    }
-    void Write(const Bytes& bytes) const
-    {
-        ASSERT_EQ(write(descriptor, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    /// That many bytes, or what has come when the time is over or the line breaks off.
-    Bytes Read(std::size_t count, int milliseconds = kPatienceMs) const
-    {
-        Bytes all;
-        QElapsedTimer timer;
-        timer.start();
-        while (all.size() < count && timer.elapsed() < milliseconds) {
-            pollfd waiting = {descriptor, POLLIN, 0};
-            poll(&waiting, 1, static_cast<int>(milliseconds - timer.elapsed()));
-            Byte buffer[512];
-            const ssize_t got = read(descriptor, buffer, std::min(sizeof buffer, count - all.size()));
-            if (got > 0)
-                all.insert(all.end(), buffer, buffer + got);
-            else if (got == 0 || errno != EAGAIN)
-                break;
-        }
-        return all;
-    }
-    /// True once the other end is gone.
-    bool IsHungUp() const
-    {
-        pollfd waiting = {descriptor, 0, 0};
-        return poll(&waiting, 1, kPatienceMs) == 1 && (waiting.revents & POLLHUP) != 0;
-    }
-
-private:
-    int descriptor;
-};
-
-template <typename Condition>
-bool Comes(Condition&& condition)
-{
-    QElapsedTimer timer;
-    for (timer.start(); timer.elapsed() < kPatienceMs; QThread::msleep(5))
-        if (condition())
-            return true;
-    return false;
-}
 
 std::string TextOf(const Bytes& reply)
 {
@@ -127,79 +61,6 @@ protected:
     QString complaint;
     QString output;
 };
-
-TEST_F(SimulatorProcessTest, PseudoTerminal_CarriesEveryByteBothWays)
-{
-    PseudoTerminal terminal;
-    const OpenLine slave(QString::fromStdString(terminal.Device()));
-    ASSERT_TRUE(slave.IsOpen());
-    Bytes all;
-    for (int value = 0; value < 256; ++value)
-        all.push_back(static_cast<Byte>(value));
-    slave.Write(all);
-    Bytes arrived;
-    EXPECT_TRUE(Comes([&] {
-        const std::optional<Bytes> bytes = terminal.Read();
-        arrived.insert(arrived.end(), bytes->begin(), bytes->end());
-        return arrived.size() >= all.size();
-    }));
-    EXPECT_EQ(arrived, all);
-    terminal.Write(all);
-    EXPECT_EQ(slave.Read(all.size()), all);
-}
-
-TEST_F(SimulatorProcessTest, PseudoTerminal_LosesWhatNobodyReadsWithoutWaiting)
-{
-    PseudoTerminal terminal;
-    for (int round = 0; round < 1000; ++round)
-        terminal.Write(Bytes(1000, 'x'));
-    EXPECT_TRUE(terminal.Read()->empty());
-}
-
-TEST_F(SimulatorProcessTest, PseudoTerminal_StaysUsableWhileAndAfterProgramsOpenIt)
-{
-    PseudoTerminal terminal;
-    for (int round = 0; round < 3; ++round) {
-        EXPECT_TRUE(terminal.Read()->empty());
-        const OpenLine slave(QString::fromStdString(terminal.Device()));
-        ASSERT_TRUE(slave.IsOpen());
-        terminal.Write(Bytes{1});
-        EXPECT_EQ(slave.Read(1), Bytes{1});
-    }
-}
-
-TEST_F(SimulatorProcessTest, Link_ReplacesALinkButNothingElse)
-{
-    const std::string path = PathOf("link").toStdString();
-    ASSERT_TRUE(QFile::link("/nowhere", PathOf("link")));
-    {
-        const DeviceLink link(path, "/dev/null");
-        EXPECT_EQ(QFileInfo(PathOf("link")).symLinkTarget(), "/dev/null");
-    }
-    EXPECT_FALSE(QFileInfo(PathOf("link")).isSymLink());
-    QFile file(PathOf("link"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_THROW(DeviceLink(path, "/dev/null"), std::runtime_error);
-    EXPECT_TRUE(file.exists());
-    EXPECT_THROW(DeviceLink(PathOf("missing/link").toStdString(), "/dev/null"), std::runtime_error);
-}
-
-TEST_F(SimulatorProcessTest, Link_OfSomebodyElseIsLeftAlone)
-{
-    const DeviceLink older(PathOf("link").toStdString(), "/dev/null");
-    {
-        const DeviceLink newer(PathOf("link").toStdString(), "/dev/zero");
-        DeviceLink(PathOf("other").toStdString(), "/dev/null");
-    }
-    EXPECT_FALSE(QFileInfo(PathOf("link")).isSymLink());
-    const DeviceLink newest(PathOf("link").toStdString(), "/dev/zero");
-    {
-        const DeviceLink passing(PathOf("passing").toStdString(), "/dev/full");
-        QFile::remove(PathOf("passing"));
-        ASSERT_TRUE(QFile::link("/dev/zero", PathOf("passing")));
-    }
-    EXPECT_EQ(QFileInfo(PathOf("passing")).symLinkTarget(), "/dev/zero");
-}
 
 TEST_F(SimulatorProcessTest, Options_SetTheInstrumentUp)
 {
