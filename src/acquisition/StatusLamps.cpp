@@ -43,12 +43,7 @@ QColor ColourOf(int number)
 StatusLamp::StatusLamp(const QString& name)
 {
     setObjectName(name);
-    setFixedSize(sizeHint());
-}
-
-QSize StatusLamp::sizeHint() const
-{
-    return {kLampSize, kLampSize};
+    setFixedSize(kLampSize, kLampSize);
 }
 
 void StatusLamp::Show(int colour, const QString& description)

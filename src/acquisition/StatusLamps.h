@@ -25,7 +25,6 @@ class StatusLamp : public QWidget
 
 public:
     explicit StatusLamp(const QString& name);
-    QSize sizeHint() const override;
     void Show(int colour, const QString& description);
 
 protected:
