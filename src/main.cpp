@@ -2,6 +2,7 @@
 // starts the event loop.
 
 #include "acquisition/FormF3.h"
+#include "acquisition/FormF4.h"
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/Common.h"
@@ -55,6 +56,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageGeneralData, Build<FormF1>);
     window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
     window.RegisterPage(kPageDevice, Build<FormF3>);
+    window.RegisterPage(kPageMeasure, Build<FormF4>);
 }
 
 void ConnectPageEntries(MainWindow& window)
@@ -130,6 +132,7 @@ int main(int argc, char* argv[])
     InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
     const SystemClock clock;
     App().TheClock = &clock;
+    StartDayClock();
     SystemPort port([](int number) { return DeviceOfPort(number, SystemPortSources()); });
     App().ThePort = &port;
     MainWindow window({SaveIfDirty, CloseProject});

@@ -2,6 +2,7 @@
 
 #include "acquisition/DeviceTab.h"
 #include "acquisition/MeasurementConfiguration.h"
+#include "acquisition/ScheduleTab.h"
 #include "acquisition/TransformerTab.h"
 #include "core/Common.h"
 #include "core/Shell.h"
@@ -24,6 +25,7 @@ FormF3::FormF3(MainWindow& window, const PageEntry& entry)
     tabs->setObjectName(QStringLiteral("tabPage"));
     AddTab("A", deviceTab, Texts().tabDevice);
     AddTab("B", transformerTab, Texts().tabTransformers);
+    AddTab("C", new ScheduleTab, Texts().tabSchedule);
     Body().addWidget(tabs, 1);
     ConnectTabs();
 }

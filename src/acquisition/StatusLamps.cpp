@@ -1,16 +1,14 @@
 #include "acquisition/StatusLamps.h"
 
 #include "core/Texts.h"
+#include "core/window/StatusLamp.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 
 namespace korvanel {
 
 namespace {
-
-constexpr int kLampSize = 18;
 
 struct Lamp
 {
@@ -33,35 +31,7 @@ int ColourNumber(const QColor& colour)
     return colour.red() | colour.green() << 8 | colour.blue() << 16;
 }
 
-QColor ColourOf(int number)
-{
-    return {number & 0xFF, number >> 8 & 0xFF, number >> 16 & 0xFF};
-}
-
 } // namespace
-
-StatusLamp::StatusLamp(const QString& name)
-{
-    setObjectName(name);
-    setFixedSize(kLampSize, kLampSize);
-}
-
-void StatusLamp::Show(int colour, const QString& description)
-{
-    colourNumber = colour;
-    setProperty("colour", colour);
-    setAccessibleDescription(description);
-    repaint();
-}
-
-void StatusLamp::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(QPalette::Active, QPalette::Dark));
-    painter.setBrush(ColourOf(colourNumber));
-    painter.drawEllipse(rect().adjusted(1, 1, -2, -2));
-}
 
 StatusLamps::StatusLamps() : words(new QLabel)
 {

@@ -10,28 +10,14 @@ class QLabel;
 
 namespace korvanel {
 
+class StatusLamp;
+
 enum class LampState
 {
     NotConnected = 0,
     Connected = 1,
     AtWork = 2,
     Off = 3
-};
-
-/// One lamp. Its colour number (low byte red) can be read as the property "colour".
-class StatusLamp : public QWidget
-{
-    Q_OBJECT
-
-public:
-    explicit StatusLamp(const QString& name);
-    void Show(int colour, const QString& description);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    int colourNumber = 0;
 };
 
 class StatusLamps : public QWidget

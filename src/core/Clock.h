@@ -30,4 +30,13 @@ public:
 /// without a zone, so that an hour that daylight saving skips or repeats is a time like any other.
 QDateTime PresentMoment();
 
+/// Begins the day clock: takes the seconds since local midnight from the system, this once.
+void StartDayClock();
+
+/// Seconds since midnight, 0 to 86400, in single precision. The steady clock carries it on from the program's start, so
+/// that neither daylight saving nor a change of the system's time moves it.
+float DayClock();
+
+inline constexpr double kSecondsPerDay = 86400;
+
 } // namespace korvanel

@@ -135,6 +135,10 @@ struct ApplicationBlock
     float fDevScaleI = 1;
     float fDevScaleP = 1;
 
+    // The day clock: where it stood at the start of the program, and the steady clock at that moment.
+    double dDayClockStart = 0;
+    double dDayClockSteady = 0;
+
     // What the catalogue says of the chosen instrument.
     qint16 iMinInterval = 1;
     bool bHasDevTrans = false;

@@ -123,6 +123,16 @@ QString DateTimeText(const QDateTime& moment)
     return DateText(moment.date()) + QLatin1Char(' ') + TimeText(moment.time());
 }
 
+QString DateFormat()
+{
+    return LocalFormats().date;
+}
+
+QString TimeFormat()
+{
+    return LocalFormats().time;
+}
+
 QString DateTimeTextOfStored(const QString& stored)
 {
     static const std::vector<Piece> pieces = Rearrangement();

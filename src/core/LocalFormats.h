@@ -24,6 +24,10 @@ QDateTime ZeroDate();
 /// lie seconds apart.
 QString DateTimeText(const QDateTime& moment);
 
+/// The two formats of `DateTimeText`, for boxes that take a date or a time.
+QString DateFormat();
+QString TimeFormat();
+
 /// `DateTimeText` of a moment as the project file stores it. Rearranges the text where the local formats are made of
 /// numbers, since a grid or a pass over a recording needs it for every row. Any other text comes back as it is.
 QString DateTimeTextOfStored(const QString& stored);

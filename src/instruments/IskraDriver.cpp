@@ -20,6 +20,7 @@ namespace {
 using T = TextTable;
 
 constexpr double kRegisterWait = 0.15;
+constexpr int kDataBits = 8;
 constexpr const char* kBaseEntry = "ISKRA MI71XX 1Ø2W (1b)";
 
 struct Mode
@@ -92,6 +93,18 @@ std::optional<quint16> ReadRegister(Function function, quint16 reg)
     if (reply.size() < kWithData || reply.left(2) != request.left(2))
         return std::nullopt;
     return static_cast<quint16>(static_cast<quint8>(reply[3]) << 8 | static_cast<quint8>(reply[4]));
+}
+
+/// Opens the port that the project names now, which may be another one than at the last connection.
+void Open()
+{
+    constexpr qint32 kGreatestAddress = 247;
+    if (App().lModbusAddress < 1 || App().lModbusAddress > kGreatestAddress) {
+        App().sDevError = Texts().modbusAddressRange;
+        return;
+    }
+    LinkSettings(kDataBits);
+    App().ThePort->Open();
 }
 
 void Identify(const Mode& mode)
@@ -185,10 +198,10 @@ bool RunIskraDriver(const QString& entry, quint8 command)
         return false;
     switch (command) {
     case kDevSettings:
-        LinkSettings(8);
+        LinkSettings(kDataBits);
         break;
     case kDevOpen:
-        App().ThePort->Open();
+        Open();
         break;
     case kDevIdentify:
         Identify(*mode);

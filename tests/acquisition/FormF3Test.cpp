@@ -71,12 +71,12 @@ protected:
     {
         const QColor face = window.palette().color(QPalette::Active, QPalette::Button);
         const int grey = face.red() | face.green() << 8 | face.blue() << 16;
-        std::array<int, 3> colours{};
+        std::array<int, 3> lit{};
         for (int i = 0; i < 3; ++i) {
             const int colour = Find<QWidget>(Element("shpLED", i)).property("colour").toInt();
-            colours.at(static_cast<std::size_t>(i)) = colour == grey ? -1 : colour;
+            lit.at(static_cast<std::size_t>(i)) = colour == grey ? -1 : colour;
         }
-        return colours;
+        return lit;
     }
     bool IsEnabled(const char* name) { return Find<QWidget>(name).isEnabled(); }
     void ExpectNothingStaysDisabled()
@@ -105,7 +105,6 @@ protected:
         return WindowTest::Find<Control>(name.constData());
     }
 
-    ScriptedPort port;
 };
 
 TEST_F(FormF3Test, HasItsTabsAndTexts)

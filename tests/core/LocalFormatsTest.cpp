@@ -41,6 +41,14 @@ TEST(LocalFormatsTest, DateTimeText_IsDateBlankTimeWithFourDigitYearAndSeconds)
     EXPECT_EQ(DateTimeText(QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59))), "31.12.1999 23:59:59");
 }
 
+TEST(LocalFormatsTest, DateFormatAndTimeFormat_AreThoseOfTheText)
+{
+    const QDateTime moment(QDate(2026, 3, 4), QTime(5, 6, 7));
+    EXPECT_EQ(DateFormat(), "dd.MM.yyyy");
+    EXPECT_EQ(TimeFormat(), "HH:mm:ss");
+    EXPECT_EQ(moment.toString(DateFormat() + ' ' + TimeFormat()), DateTimeText(moment));
+}
+
 TEST(LocalFormatsTest, DateTimeText_AtMidnightKeepsItsTime)
 {
     EXPECT_EQ(DateTimeText(QDateTime(QDate(2026, 3, 4), QTime(0, 0, 0))), "04.03.2026 00:00:00");

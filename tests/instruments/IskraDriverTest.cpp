@@ -4,6 +4,7 @@
 #include "instruments/DevManaging.h"
 #include "instruments/Frames.h"
 #include "instruments/IskraSample.h"
+#include "support/FakeInstrument.h"
 #include "support/Fixture.h"
 #include "support/ScriptedPort.h"
 
@@ -12,35 +13,6 @@
 
 namespace korvanel::test {
 namespace {
-
-/// An instrument by its protocol: registers, and a text for each value code.
-class Instrument
-{
-public:
-    char address = 33;
-    std::map<int, int> registers{{4, 4711}, {15, 50}, {16, 0x8000 | 2000}, {17, 100}, {18, 20}, {19, 0}};
-    std::map<int, QByteArray> texts;
-
-    QByteArray Reply(const QByteArray& request)
-    {
-        if (request.isEmpty() || request[0] != address || !HasValidCrc(request))
-            return {};
-        const int function = request[1];
-        if (function == 'M')
-            return Crc16Append(request.left(2) + QByteArray("\x01") + texts[static_cast<quint8>(request[2])]);
-        const int reg = static_cast<quint8>(request[2]) << 8 | static_cast<quint8>(request[3]);
-        if (function == 6) {
-            registers[reg] = static_cast<quint8>(request[4]) << 8 | static_cast<quint8>(request[5]);
-            return request;
-        }
-        if (reg == 1)
-            return Crc16Append(request.left(2) + QByteArray("\x06") + "MI7140");
-        const int value = registers[reg];
-        QByteArray reply = request.left(2) + QByteArray("\x02");
-        reply.append(static_cast<char>(value >> 8)).append(static_cast<char>(value & 0xFF));
-        return Crc16Append(reply);
-    }
-};
 
 class IskraDriver : public BlockTest
 {
@@ -61,7 +33,7 @@ protected:
         return DevCommand(kDevSample);
     }
 
-    Instrument instrument;
+    FakeInstrument instrument;
     ScriptedPort port;
 };
 
@@ -73,6 +45,24 @@ TEST_F(IskraDriver, Settings_Are9600BaudWithEightDataBits)
     EXPECT_EQ(port.settings.dataBits, 8);
     EXPECT_TRUE(port.settings.isDtrOn);
     EXPECT_FALSE(port.settings.isRtsOn);
+}
+
+TEST_F(IskraDriver, Open_TakesThePortOfTheProjectWithoutSettingsBefore)
+{
+    App().lComPort = 7;
+    ASSERT_TRUE(DevCommand(kDevOpen));
+    EXPECT_EQ(port.settings.number, 7);
+}
+
+TEST_F(IskraDriver, Open_RefusesAnAddressOutsideTheBus)
+{
+    for (const qint32 address : {0, -1, 248, 300, 256 + 33}) {
+        App().lModbusAddress = address;
+        App().bShowDevErrors = false;
+        EXPECT_FALSE(DevCommand(kDevOpen)) << address;
+        EXPECT_EQ(App().sDevError, "Die Adresse darf nur zwischen 1 und 247 liegen.");
+        EXPECT_FALSE(port.isOpen);
+    }
 }
 
 TEST_F(IskraDriver, Connect_IdentifiesConfiguresAndReadsTransformersAndIdentity)

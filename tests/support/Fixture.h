@@ -39,6 +39,7 @@ protected:
         App().sProgramTitle = QStringLiteral("KORVANEL ");
         App().TheShell = &shell;
         App().TheClock = &clock;
+        StartDayClock();
         App().Symbols = &symbols;
     }
     ~BlockTest() override { App() = ApplicationBlock(); }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "acquisition/FormF3.h"
+#include "acquisition/FormF4.h"
+#include "acquisition/clsTimeSchedule.h"
 #include "core/project/FormF1.h"
 #include "core/project/ProjectCommands.h"
 #include "core/window/FormLater.h"
@@ -9,8 +11,10 @@
 #include "core/window/MainWindow.h"
 #include "core/window/Page.h"
 #include "core/window/PageTable.h"
+#include "diagrams/clsGraphColours.h"
 #include "instruments/FormF2.h"
 #include "support/ProjectFixture.h"
+#include "support/ScriptedPort.h"
 
 #include <QAction>
 #include <QApplication>
@@ -35,12 +39,16 @@ protected:
     WindowTest() : window(shell)
     {
         App().TheShell = &window;
+        App().TimeSchedule = &schedule;
+        App().GraphColours = &colours;
+        App().ThePort = &port;
         App().sVersion = QStringLiteral("V1.2.3");
         for (const PageEntry& entry : Pages())
             window.RegisterPage(entry.number, Build<FormLater>);
         window.RegisterPage(kPageGeneralData, Build<FormF1>);
         window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
         window.RegisterPage(kPageDevice, Build<FormF3>);
+        window.RegisterPage(kPageMeasure, Build<FormF4>);
         window.ApplyMainTexts();
         window.show();
     }
@@ -77,6 +85,9 @@ protected:
     QString PageName() { return window.PageOnShow() ? window.PageOnShow()->objectName() : QString(); }
     bool IsEntryEnabled(const char* name) { return window.Menu().Entry(QLatin1String(name))->isEnabled(); }
 
+    clsTimeSchedule schedule;
+    clsGraphColours colours{QStringLiteral("KORVANEL")};
+    ScriptedPort port;
     ScriptedWindow window;
 };
 

@@ -20,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTimer>
 
 namespace korvanel::remote {
@@ -140,6 +141,8 @@ QJsonObject Choose(const QString& name, const QString& text)
 {
     QWidget* widget = FindControl(name);
     if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        if (const QString obstacle = Obstacle(combo); !obstacle.isEmpty())
+            return Failure(name + QStringLiteral(": ") + obstacle);
         const int index = combo->findText(text);
         if (index < 0)
             return Failure(QStringLiteral("no such entry: ") + text);
@@ -176,6 +179,30 @@ QJsonArray Items(QWidget* widget)
         for (int i = 0; i < tabs->count(); ++i)
             items.append(tabs->tabText(i));
     return items;
+}
+
+/// Texts of a table, row by row.
+QJsonArray Cells(QWidget* widget)
+{
+    QJsonArray rows;
+    const auto* table = qobject_cast<QTableWidget*>(widget);
+    for (int r = 0; table && r < table->rowCount(); ++r) {
+        QJsonArray row;
+        for (int c = 0; c < table->columnCount(); ++c)
+            row.append(table->item(r, c) ? table->item(r, c)->text() : QString());
+        rows.append(row);
+    }
+    return rows;
+}
+
+/// Headings of a table's columns.
+QJsonArray Headings(QWidget* widget)
+{
+    QJsonArray headings;
+    const auto* table = qobject_cast<QTableWidget*>(widget);
+    for (int c = 0; table && c < table->columnCount(); ++c)
+        headings.append(table->horizontalHeaderItem(c) ? table->horizontalHeaderItem(c)->text() : QString());
+    return headings;
 }
 
 QString TextOfControl(QWidget* widget)
@@ -219,7 +246,10 @@ QJsonObject Read(const QString& name)
             {"visible", widget->isVisible()},
             {"checked", button && button->isChecked()},
             {"focused", widget->hasFocus()},
-            {"items", Items(widget)}};
+            {"items", Items(widget)},
+            {"colour", QJsonValue::fromVariant(widget->property("colour"))},
+            {"cells", Cells(widget)},
+            {"headings", Headings(widget)}};
 }
 
 QJsonObject Windows()

@@ -173,14 +173,14 @@ void SaveIfDirty()
         App().TheShell->RefreshStatusBar();
 }
 
-void SnapshotProject(const QString& startTime)
+bool SnapshotProject(const QString& startTime)
 {
     try {
         const ProjectDbScope scope;
         TransferMeasurementHeader(Direction::Write);
     } catch (const DbError&) {
         ShowNotFound(App().sProjectPath);
-        return;
+        return false;
     }
     const QString& path = App().sProjectPath;
     const QString base = HasExtension(path, kExtension) ? path.chopped(kExtension.size()) : path;
@@ -188,7 +188,7 @@ void SnapshotProject(const QString& startTime)
     for (const char16_t c : {u'.', u':', u'/', u'\\'}) // the last two as some local formats of a date have them
         suffix.replace(c, u'-');
     const QString target = base + u' ' + suffix + kExtension;
-    CopyProject(target);
+    return CopyProject(target);
 }
 
 bool CopyProject(const QString& target)

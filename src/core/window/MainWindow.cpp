@@ -281,6 +281,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     RunGuarded(objectName(), [this, event] {
+        if (page)
+            page->Leave(); // a recording ends before its file does
         const bool isClosing = project.close();
         event->setAccepted(isClosing);
         // A cancelled closing goes on all the same: the user keeps the window and the project, without a page.

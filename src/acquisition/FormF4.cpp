@@ -1,0 +1,416 @@
+#include "acquisition/FormF4.h"
+
+#include "acquisition/OnlineGraph.h"
+#include "acquisition/ScheduleGrid.h"
+#include "acquisition/clsTimeSchedule.h"
+#include "core/Clock.h"
+#include "core/Common.h"
+#include "core/LocalFormats.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Shell.h"
+#include "core/Texts.h"
+#include "core/window/MainWindow.h"
+#include "core/window/StatusLamp.h"
+#include "data/RowQuantities.h"
+#include "data/SetGrid.h"
+#include "data/ValueTables.h"
+#include "diagrams/clsGraphColours.h"
+#include "diagrams/clsSymbols.h"
+#include "instruments/Catalogue.h"
+#include "instruments/FormH7.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kShownSetsEntry = 0; ///< of the grid sizes in the block
+constexpr int kSideWidth = 236;
+
+enum Count
+{
+    kGraphCount,
+    kBeginCount,
+    kElapsedCount,
+    kSampleCount
+};
+
+QString ZeroTime()
+{
+    return SecondsToTime(0, false);
+}
+
+/// The mask of the quantity's curve decides; what is not drawn depends on everything.
+bool WasMeasuredWell(const std::vector<OnlineCurve>& curves, int quantity, const QString& mask)
+{
+    const auto curve =
+        std::find_if(curves.begin(), curves.end(), [quantity](const OnlineCurve& c) { return c.quantity == quantity; });
+    return MatchesMask(mask, curve == curves.end() ? "NNN?" : curve->pattern);
+}
+
+QIcon ColourIcon(int quantity)
+{
+    constexpr int kSide = 12;
+    const qint32 colour = App().GraphColours->colour(quantity);
+    QPixmap square(kSide, kSide);
+    square.fill(QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
+    return QIcon(square);
+}
+
+} // namespace
+
+FormF4::FormF4(MainWindow& window, const PageEntry& entry)
+    : Page(window, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
+      grid(new SetGrid(App().iGridRows.at(kShownSetsEntry))), graph(new OnlineGraph), side(new QTabWidget),
+      curveList(new QListWidget), extraTable(new QTableWidget), scheduleGrid(new ScheduleGrid),
+      lamp(new StatusLamp(QStringLiteral("shpLamp")))
+{
+    LookUpInstrument(App().sDevice);
+    timer->setObjectName(QStringLiteral("Timer1"));
+    timer->setInterval(kTickMilliseconds);
+    timer->setTimerType(Qt::PreciseTimer);
+    connect(timer, &QTimer::timeout, this, [this] { Tick(); });
+
+    Body().setSpacing(5);
+    Body().addLayout(BuildInstrumentRow());
+    Body().addLayout(BuildCountRow());
+    Body().addWidget(grid);
+    Body().addLayout(BuildGraphRow(), 1);
+    Body().addLayout(BuildButtonRow());
+    UpdateOnline(OnlineMode::Clear);
+}
+
+QLabel* FormF4::AddValue(QBoxLayout& row, const char* name, const QString& caption)
+{
+    row.addWidget(new QLabel(caption));
+    auto* value = new QLabel;
+    value->setObjectName(QLatin1String(name));
+    value->setTextFormat(Qt::PlainText);
+    QFont font = value->font();
+    font.setBold(true);
+    value->setFont(font);
+    row.addWidget(value);
+    row.addSpacing(12);
+    return value;
+}
+
+QBoxLayout* FormF4::BuildInstrumentRow()
+{
+    auto* row = new QHBoxLayout;
+    row->addWidget(lamp);
+    deviceLabel = AddValue(*row, "lblDevice", Texts().deviceShown);
+    ratioLabels[0] = AddValue(*row, "lblDevTrans_0", Texts().voltageTransformer);
+    ratioLabels[1] = AddValue(*row, "lblDevTrans_1", Texts().currentTransformer);
+    row->addStretch(1);
+    timerPicture = new QLabel(QStringLiteral("\u23F0"));
+    timerPicture->setObjectName(QStringLiteral("picTimer"));
+    timerPicture->setToolTip(Texts().timedSeries);
+    timerPicture->setAccessibleName(Texts().timedSeries);
+    timerPicture->setVisible(false);
+    row->addWidget(timerPicture);
+    countdownLabel = new QLabel;
+    countdownLabel->setObjectName(QStringLiteral("lblCountdown"));
+    row->addWidget(countdownLabel);
+    auto* info = new QPushButton(Texts().showWiring);
+    info->setObjectName(QStringLiteral("cmdInfo"));
+    connect(info, &QPushButton::clicked, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
+    row->addWidget(info);
+    return row;
+}
+
+QBoxLayout* FormF4::BuildCountRow()
+{
+    auto* row = new QHBoxLayout;
+    counts[kBeginCount] = AddValue(*row, "lblCount_1", Texts().measurementBegin);
+    counts[kElapsedCount] = AddValue(*row, "lblCount_2", Texts().measurementTerm);
+    counts[kSampleCount] = AddValue(*row, "lblCount_3", Texts().sampleNumber);
+    // What changes every second keeps its place.
+    counts[kBeginCount]->setMinimumWidth(fontMetrics().horizontalAdvance(DateTimeText(PresentMoment())) + 20);
+    counts[kElapsedCount]->setMinimumWidth(fontMetrics().horizontalAdvance(SecondsToTime(888888, false)) + 10);
+    row->addStretch(1);
+    return row;
+}
+
+QBoxLayout* FormF4::BuildGraphRow()
+{
+    auto* row = new QHBoxLayout;
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(graph, 1);
+    counts[kGraphCount] = new QLabel;
+    counts[kGraphCount]->setObjectName(QStringLiteral("lblCount_0"));
+    counts[kGraphCount]->setAlignment(Qt::AlignRight);
+    column->addWidget(counts[kGraphCount]);
+    row->addLayout(column, 1);
+    side->setObjectName(QStringLiteral("tabOnline"));
+    side->setFixedWidth(kSideWidth);
+    side->setDocumentMode(true);
+    BuildCurveList();
+    side->addTab(curveList, Texts().curves);
+    if (!ExtraQuantities(App().iNetConfIndex).empty()) {
+        BuildExtraTable();
+        side->addTab(extraTable, Texts().moreValues);
+    }
+    side->addTab(scheduleGrid, Texts().plannedRecordings);
+    row->addWidget(side);
+    return row;
+}
+
+void FormF4::BuildCurveList()
+{
+    curveList->setObjectName(QStringLiteral("picColour"));
+    curveList->setToolTip(Texts().curveHint);
+    connect(curveList, &QListWidget::itemChanged, this, [](const QListWidgetItem* item) {
+        auto& check = App().Checks.at(static_cast<std::size_t>(item->data(Qt::UserRole).toInt()));
+        const qint32 wanted = item->checkState() == Qt::Checked ? 1 : 0;
+        App().bProjectDirty = App().bProjectDirty || check != wanted;
+        check = wanted;
+    });
+}
+
+void FormF4::BuildExtraTable()
+{
+    extraTable->setObjectName(QStringLiteral("flxExtraValues"));
+    extraTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    extraTable->setColumnCount(1);
+    extraTable->horizontalHeader()->hide();
+    extraTable->horizontalHeader()->setStretchLastSection(true);
+    const std::vector<int> quantities = ExtraQuantities(App().iNetConfIndex);
+    extraTable->setRowCount(static_cast<int>(quantities.size()));
+    QStringList names;
+    for (int i = 0; i < extraTable->rowCount(); ++i) {
+        names << App().Symbols->SymbolWithUnit(quantities[static_cast<std::size_t>(i)]);
+        extraTable->setItem(i, 0, new QTableWidgetItem);
+        extraTable->item(i, 0)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    extraTable->setVerticalHeaderLabels(names);
+}
+
+QBoxLayout* FormF4::BuildButtonRow()
+{
+    auto* row = new QHBoxLayout;
+    startButton = new QPushButton;
+    startButton->setObjectName(QStringLiteral("cmdSTART"));
+    startButton->setMinimumWidth(150);
+    connect(startButton, &QPushButton::clicked, this, [this] { Guarded([this] { PressStart(); }); });
+    row->addWidget(startButton);
+    dropButton = new QPushButton(Texts().dropValues);
+    dropButton->setObjectName(QStringLiteral("cmdDrop"));
+    connect(dropButton, &QPushButton::clicked, this, [this] { Guarded([this] { run.Drop(); }); });
+    row->addWidget(dropButton);
+    row->addStretch(1);
+    engineExtra = new QLabel(Texts().calculationMethod);
+    engineExtra->setObjectName(QStringLiteral("lblEngineExtra"));
+    engineExtra->setVisible(false);
+    row->addWidget(engineExtra);
+    methodLabel = new QLabel;
+    methodLabel->setObjectName(QStringLiteral("lblMethod"));
+    row->addWidget(methodLabel);
+    engineBox = new QComboBox;
+    engineBox->setObjectName(QStringLiteral("cboEngine"));
+    engineBox->addItems({Texts().methodSpaceVector, Texts().methodPowerBalance});
+    engineBox->setCurrentIndex(App().iCalcMethod);
+    engineBox->setVisible(HasMachine(App().iNetConfIndex));
+    row->addWidget(engineBox);
+    return row;
+}
+
+void FormF4::PressStart()
+{
+    if (!run.IsTicking() && HasMachine(App().iNetConfIndex))
+        App().iCalcMethod = static_cast<qint16>(engineBox->currentIndex());
+    QPalette pressed = startButton->palette();
+    pressed.setColor(QPalette::Button, palette().color(QPalette::Highlight));
+    startButton->setPalette(pressed);
+    isStartColoured = true;
+    run.StartOrStop();
+    if (!run.IsTicking())
+        ResetStartColour();
+}
+
+void FormF4::Tick()
+{
+    RunGuarded(objectName(), [this] {
+        try {
+            run.Tick();
+        } catch (...) {
+            run.End(); // before anybody is told: the ticks go on while a box is on show
+            throw;
+        }
+    });
+}
+
+void FormF4::Refresh()
+{
+    RefreshSetCount();
+    ShowInstrument();
+    ShowRunning(run.IsRunning());
+    scheduleGrid->Fill();
+    MarkEntry(App().TimeSchedule->CurrentSet());
+    FillCurveList();
+    grid->Rebuild();
+    grid->ShowNewest();
+    EnableDrop();
+}
+
+void FormF4::Leave()
+{
+    run.End();
+}
+
+void FormF4::FillCurveList()
+{
+    const QSignalBlocker quiet(curveList);
+    curveList->clear();
+    for (const OnlineCurve& curve : graph->Curves()) {
+        const QString full = FormatPrefixed(ScaleEndOf(curve), 1000, true) + App().Symbols->Unit(curve.quantity);
+        auto* item = new QListWidgetItem(ColourIcon(curve.quantity),
+                                         App().Symbols->Symbol(curve.quantity) + QStringLiteral(":  ") + full);
+        item->setData(Qt::UserRole, curve.quantity);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsSelectable);
+        item->setCheckState(App().Checks.at(static_cast<std::size_t>(curve.quantity)) != 0 ? Qt::Checked
+                                                                                           : Qt::Unchecked);
+        curveList->addItem(item);
+    }
+}
+
+void FormF4::FillExtraTable()
+{
+    const std::vector<int> quantities = ExtraQuantities(App().iNetConfIndex);
+    for (int i = 0; i < extraTable->rowCount(); ++i)
+        extraTable->item(i, 0)->setText(GridText(App().MeasuredRow, quantities[static_cast<std::size_t>(i)]));
+}
+
+void FormF4::EnableDrop()
+{
+    dropButton->setEnabled(!run.IsTicking() && App().iSetCount > 0);
+}
+
+// What the run shows.
+
+void FormF4::MarkEntry(int index)
+{
+    scheduleGrid->MarkEntry(index);
+}
+
+void FormF4::ShowTimerPicture(bool isShown)
+{
+    if (timerPicture->isHidden() == isShown)
+        timerPicture->setVisible(isShown);
+}
+
+void FormF4::ShowCountdown(const QString& text)
+{
+    if (countdownLabel->text() != text)
+        countdownLabel->setText(text);
+}
+
+void FormF4::EnableTicks(bool areEnabled)
+{
+    if (areEnabled)
+        timer->start();
+    else
+        timer->stop();
+}
+
+void FormF4::LockPage(bool isLocked)
+{
+    Window().SetPageButtons(!isLocked);
+    engineBox->setEnabled(!isLocked);
+    scheduleGrid->setEnabled(!isLocked);
+    if (isLocked && HasMachine(App().iNetConfIndex)) {
+        methodLabel->setText(engineBox->currentText());
+        engineExtra->setVisible(true);
+    }
+    dropButton->setEnabled(!isLocked && App().iSetCount > 0);
+}
+
+void FormF4::ShowRunning(bool isRunning)
+{
+    startButton->setText((isRunning ? Texts().stopWord : Texts().startWord) + u' ' + Texts().measurementWord);
+}
+
+void FormF4::ResetStartColour()
+{
+    if (isStartColoured)
+        startButton->setPalette({});
+    isStartColoured = false;
+}
+
+void FormF4::UpdateOnline(OnlineMode mode)
+{
+    const tMeasuredRow& row = App().MeasuredRow;
+    if (mode == OnlineMode::Clear) {
+        counts[kGraphCount]->setText(QStringLiteral("- "));
+        counts[kElapsedCount]->setText(ZeroTime());
+        grid->Rebuild();
+        grid->ClearPresent();
+        graph->Clear();
+        return;
+    }
+    counts[kGraphCount]->setText(QString::number(row.lSet));
+    counts[kSampleCount]->setText(QString::number(row.lSet));
+    grid->ShowPresent(row, [](int) { return true; });
+    grid->ShowNewest();
+    graph->Plot(row.lSet, row, row.sValidMask);
+    FillExtraTable();
+}
+
+void FormF4::ShowBadSample()
+{
+    const tMeasuredRow& row = App().MeasuredRow;
+    grid->ShowPresent(row, [&](int quantity) { return WasMeasuredWell(graph->Curves(), quantity, row.sValidMask); });
+}
+
+void FormF4::ShowBegin(const QString& begin)
+{
+    counts[kBeginCount]->setText(begin);
+    counts[kElapsedCount]->setText(ZeroTime());
+    counts[kSampleCount]->setText(begin); // until the first sample has its number
+}
+
+void FormF4::ShowElapsed(const QString& elapsed)
+{
+    counts[kElapsedCount]->setText(elapsed);
+}
+
+void FormF4::ShowLamp(int colour)
+{
+    lamp->Show(colour, colour == kLampGood ? Texts().sampleGood : Texts().sampleBad);
+}
+
+void FormF4::ShowInstrument()
+{
+    const ApplicationBlock& app = App();
+    deviceLabel->setText(app.sDeviceId.isEmpty() ? app.sDevice : app.sDeviceId);
+    for (std::size_t i = 0; i < ratioLabels.size(); ++i)
+        ratioLabels[i]->setText(app.bDevConnected && app.bHasDevTrans
+                                    ? NumberText(app.dDevTransPrimary[i]) + QStringLiteral(" / ") +
+                                          NumberText(app.dDevTransSecondary[i])
+                                    : Texts().noRatio);
+}
+
+void FormF4::ShowDropped()
+{
+    UpdateOnline(OnlineMode::Clear);
+    methodLabel->clear();
+    engineExtra->setVisible(false);
+    for (int i = 0; i < extraTable->rowCount(); ++i)
+        extraTable->item(i, 0)->setText({});
+    EnableDrop();
+}
+
+} // namespace korvanel

@@ -1,0 +1,97 @@
+// The main loop of the program: from START to stored rows. A tick every 50 ms looks whether a poll is due on the
+// nominal time grid, takes the sample, tests it, stores it and has it shown. Everything runs in the ticks, on the
+// thread of the user interface.
+#pragma once
+
+#include "acquisition/TimeManaging.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QtGlobal>
+
+namespace korvanel {
+
+/// Colours of the lamp: blue, green, red from the high to the low byte.
+inline constexpr int kLampGood = 65280;
+inline constexpr int kLampBad = 255;
+
+inline constexpr int kTickMilliseconds = 50;
+
+/// What `UpdateOnline` does with the online table and graph.
+enum class OnlineMode
+{
+    Sample = 1, ///< shows the sample in `MeasuredRow` that has just been stored
+    Clear = 2,  ///< empties them for a new recording
+};
+
+/// What the page shows of the run.
+class RunDisplay : public ScheduleDisplay
+{
+public:
+    /// Starts or stops the ticks.
+    virtual void EnableTicks(bool areEnabled) = 0;
+    /// Locks the page and its buttons for the length of a run, the button START apart.
+    virtual void LockPage(bool isLocked) = 0;
+    /// Caption of the button: STOP while samples are taken, START else.
+    virtual void ShowRunning(bool isRunning) = 0;
+    virtual void ResetStartColour() = 0;
+    virtual void UpdateOnline(OnlineMode mode) = 0;
+    /// Shows a sample that is not stored, with the marks of its mask.
+    virtual void ShowBadSample() = 0;
+    virtual void ShowBegin(const QString& begin) = 0;
+    virtual void ShowElapsed(const QString& elapsed) = 0;
+    virtual void ShowLamp(int colour) = 0;
+    /// Identity and transformers of the instrument may have changed.
+    virtual void ShowInstrument() = 0;
+    /// All sets are gone.
+    virtual void ShowDropped() = 0;
+};
+
+class MeasurementRun
+{
+public:
+    MeasurementRun(clsTimeSchedule& schedule, RunDisplay& display);
+
+    /// The button: starts a recording or the waiting for one, or ends either.
+    void StartOrStop();
+    /// Every 50 ms while a recording goes on or is waited for. A tick that comes while a box of an earlier one is on
+    /// show does nothing.
+    void Tick();
+    /// Ends the recording or the waiting; nothing without either.
+    void End();
+    /// Asks whether the sets may go and deletes them; false if they stay.
+    bool Drop();
+
+    bool IsTicking() const { return isTicking; }
+    bool IsRunning() const { return isRunning; }
+
+private:
+    bool AreSettingsUsable();
+    bool StartsInPast() const;
+    void WaitForStart();
+    bool PrepareRun();
+    void InitRun(bool isFull);
+    void PollOnce();
+    void StoreSample();
+    void RejectSample();
+    void FinishEntry();
+    bool KeepEntry();
+    bool ClearRows();
+    void CloseRun();
+    void SetEnd();
+    double ClockSinceStart() const;
+
+    clsTimeSchedule& schedule;
+    RunDisplay& display;
+    TimeManaging plan;
+    bool isTicking = false;
+    bool isRunning = false; ///< from the first poll to the end
+    bool isInTick = false;
+    bool hasBegun = false;   ///< since the button was pressed
+    bool isFileOpen = false; ///< the project stays open for the length of a recording
+    float fTimerStart = 0;   ///< s of the day clock at the beginning, counted on past midnight
+    float fTimerLast = 0;    ///< s, nominal time of the last poll, counted on past midnight
+    qint32 vDayCount = 0;    ///< midnights since the beginning
+};
+
+} // namespace korvanel

@@ -1,0 +1,53 @@
+#include "core/window/StatusLamp.h"
+
+#include <QPainter>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kLampSize = 18;
+
+QColor ColourOf(int number)
+{
+    return {number & 0xFF, number >> 8 & 0xFF, number >> 16 & 0xFF};
+}
+
+int ColourNumber(const QColor& colour)
+{
+    return colour.red() | colour.green() << 8 | colour.blue() << 16;
+}
+
+} // namespace
+
+StatusLamp::StatusLamp(const QString& name) : colourNumber(ColourNumber(palette().color(QPalette::Button)))
+{
+    setObjectName(name);
+    setFixedSize(kLampSize, kLampSize);
+    setProperty("colour", colourNumber);
+}
+
+QSize StatusLamp::sizeHint() const
+{
+    return {kLampSize, kLampSize};
+}
+
+void StatusLamp::Show(int colour, const QString& description)
+{
+    colourNumber = colour;
+    setProperty("colour", colour);
+    setAccessibleDescription(description);
+    setToolTip(description);
+    repaint();
+}
+
+void StatusLamp::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(QPalette::Active, QPalette::Dark));
+    painter.setBrush(ColourOf(colourNumber));
+    painter.drawEllipse(rect().adjusted(1, 1, -2, -2));
+}
+
+} // namespace korvanel

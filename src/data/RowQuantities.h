@@ -1,0 +1,30 @@
+// The quantities of a row by their number, and their texts as grids show them.
+#pragma once
+
+#include "core/Quantities.h"
+#include "core/ValueRow.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace korvanel {
+
+/// Field of a quantity, 0 to 49, in base units. Throws std::out_of_range for any other number.
+double& QuantityField(tValueRow& row, int quantity);
+double QuantityValue(const tValueRow& row, int quantity);
+
+/// By what a stored value is divided for showing: 3600 for energies, held in watt seconds and shown in watt hours;
+/// else 1.
+double DisplayDivisor(int quantity);
+
+/// Text of a quantity in a grid, rounded as its column tells.
+QString GridText(const tValueRow& row, int quantity);
+
+/// Quantities that the value tables hold in a net configuration, in ascending order.
+std::vector<int> StoredQuantities(int netConf);
+
+/// Those among them that a recorder of phases stores and the grids have no column for.
+std::vector<int> ExtraQuantities(int netConf);
+
+} // namespace korvanel
