@@ -7,7 +7,6 @@
 
 class QCheckBox;
 class QComboBox;
-class QFormLayout;
 class QLabel;
 
 namespace korvanel {

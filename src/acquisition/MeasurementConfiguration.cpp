@@ -13,7 +13,7 @@ namespace korvanel {
 
 namespace {
 
-constexpr double kLongestListedInterval = 10;
+constexpr int kLongestListedInterval = 10;
 constexpr double kGreatestTrigger = 1000;
 constexpr double kWattsPerKilowatt = 1000;
 constexpr int kScaleEndOfPower = 2;
@@ -123,8 +123,8 @@ QStringList TransformerChoices(int index)
 QStringList IntervalChoices()
 {
     QStringList texts;
-    for (double seconds = App().iMinInterval; seconds <= kLongestListedInterval; ++seconds)
-        texts << NumberText(seconds);
+    for (int seconds = App().iMinInterval; seconds <= kLongestListedInterval; ++seconds)
+        texts << QString::number(seconds);
     return texts;
 }
 
