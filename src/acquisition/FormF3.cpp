@@ -20,12 +20,13 @@
 namespace korvanel {
 
 FormF3::FormF3(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), tabs(new QTabWidget), deviceTab(new DeviceTab), transformerTab(new TransformerTab)
+    : Page(window, entry), tabs(new QTabWidget), deviceTab(new DeviceTab), transformerTab(new TransformerTab),
+      scheduleTab(new ScheduleTab)
 {
     tabs->setObjectName(QStringLiteral("tabPage"));
     AddTab("A", deviceTab, Texts().tabDevice);
     AddTab("B", transformerTab, Texts().tabTransformers);
-    AddTab("C", new ScheduleTab, Texts().tabSchedule);
+    AddTab("C", scheduleTab, Texts().tabSchedule);
     Body().addWidget(tabs, 1);
     ConnectTabs();
 }
@@ -52,6 +53,7 @@ void FormF3::Refresh()
     PrepareMeasurementConfiguration();
     deviceTab->Refresh();
     transformerTab->Refresh();
+    scheduleTab->Refresh();
 }
 
 void FormF3::Commit()

@@ -9,6 +9,7 @@ class QTabWidget;
 namespace korvanel {
 
 class DeviceTab;
+class ScheduleTab;
 class TransformerTab;
 
 class FormF3 : public Page
@@ -36,6 +37,7 @@ private:
     QTabWidget* tabs;
     DeviceTab* deviceTab;
     TransformerTab* transformerTab;
+    ScheduleTab* scheduleTab;
 };
 
 } // namespace korvanel

@@ -83,7 +83,8 @@ SetGrid::SetGrid(int shown)
             &QScrollBar::setValue);
     connect(bar, &QScrollBar::valueChanged, this, [this] { Fill(); });
 
-    head->setFixedHeight(head->horizontalHeader()->sizeHint().height() + kRowHeight + 2 * head->frameWidth());
+    head->horizontalHeader()->setFixedHeight(kRowHeight);
+    head->setFixedHeight(2 * kRowHeight + 2 * head->frameWidth());
     values->setFixedHeight(rows * kRowHeight + values->horizontalScrollBar()->sizeHint().height() +
                            2 * values->frameWidth());
     auto* grid = new QGridLayout(this);
