@@ -2,6 +2,7 @@
 // which objects live from start to exit. Everything that is global stands here, once.
 #pragma once
 
+#include "core/Machine.h"
 #include "core/Quantities.h"
 #include "core/ValueRow.h"
 
@@ -63,6 +64,16 @@ struct ApplicationBlock
     qint16 iGraceLeft = 0;  ///< invalid samples tolerated in a row
     qint32 bEvaluated = 0;
     bool bModelValid = false; ///< Motor/Generator I may be used for estimation
+
+    // The machines: the measured one with its model, and that of the simulation.
+    MachineRecord MachineI;
+    MachineRecord MachineII;
+    MachineStatus MachineIStatus{};
+    MachineModel Model;
+    LoadEstimate Estimate; ///< of the sample that was estimated last
+    DiagramLimitList DiagramLimits{500, 10, 50, 100, 50, 5000};
+    qint32 ModelErrors = 0;     ///< of the model step that ran last
+    bool bMotorDbCheck = false; ///< machines of the project are compared with the active motor database
 
     // Running energies of the derived quantities: Ws and vars.
     double dCalcS = 0;

@@ -1,0 +1,79 @@
+// The motor database: the machines that a user knows, in a file of their own that many projects share, and the copies of
+// them that a project keeps. The file is opened and closed around each operation.
+#pragma once
+
+#include "core/Machine.h"
+#include "core/TableDb.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace korvanel {
+
+/// Which machine of the project: the measured one, or that of the simulation. The numbers are the keys of its rows.
+enum class WhichMachine
+{
+    I = 1,
+    II = 2
+};
+
+/// Opens the motor database of `sMotorDbPath` for an operation. A missing file is told, and the user may choose another
+/// one; null if there is none in the end, or none that can be opened, which has been told then.
+std::unique_ptr<TableDb> OpenMotorDb();
+void CloseMotorDb(std::unique_ptr<TableDb>& db);
+
+/// Reads a row of `Motor`; a missing row leaves the record empty. Throws DbError.
+void ReadMachine(TableDb& db, qint32 set_ID, MachineRecord& record);
+
+/// Writes the record: as a new row under the first free number (`isNew` without a number in the record), as a new row
+/// under the record's number, or over the row of its number. Throws DbError.
+void WriteMachine(TableDb& db, MachineRecord& record, bool isNew);
+
+void DeleteMachine(TableDb& db, qint32 set_ID);
+
+/// How a search for a machine of the same data ends its condition.
+enum class DuplicateScope
+{
+    OthersOnly, ///< any row but the record's own
+    Row,        ///< the row of a number only
+    Any         ///< any row; the record takes the number of the first one that is found, or loses its own
+};
+
+/// Whether a row holds the same data. A record with anything unknown never has a duplicate. Throws DbError.
+bool FindDuplicate(TableDb& db, MachineRecord& record, DuplicateScope scope, std::optional<qint32> id = std::nullopt);
+
+/// Asks whether to add a machine of the project that the active database doesn't hold, when `bMotorDbCheck` is set.
+void CheckMachineInDb(MachineRecord& record, WhichMachine which);
+
+/// Puts the record into the project's table `Motor`, which is created if missing; true if the project's row was replaced.
+bool CopyMachineIntoProject(MachineRecord& record, WhichMachine which);
+
+/// Takes the machines of the project that has just been opened, and builds the model of the first.
+void LoadProjectMachines();
+
+/// One line of the list of machines.
+struct MachineLine
+{
+    qint32 set_ID = 0;
+    MachineRecord record;
+};
+
+/// Condition of the list: pole pairs, least power (greatest for a generator), voltage.
+struct MachineFilter
+{
+    int polePairs = 0;
+    double Pmech = 0; ///< kW
+    double U = 0;     ///< V
+    bool isGenerator = false;
+};
+
+/// All machines, or those of a filter, in the fixed order of the list. Throws DbError.
+std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);
+
+/// Why a file can't be the motor database; nothing if it can.
+bool IsMotorDatabase(const QString& path);
+
+} // namespace korvanel
