@@ -13,7 +13,7 @@ constexpr TextEntry kEntries[] = {
 };
 
 constexpr std::array kSectionNames{"MAIN",   "DEFAULT", "VALUE NAMES", "DIALOGUES", "FORMF1", "FORMF2",
-                                   "FORMF3", "FORMF4",  "FORMH3",      "FORMH5",    "FORMH7"};
+                                   "FORMF3", "FORMF4",  "FORMF10", "FORMH3",      "FORMH5",    "FORMH7"};
 
 } // namespace
 

@@ -19,6 +19,7 @@ enum class TextSection
     FormF2,
     FormF3,
     FormF4,
+    FormF10,
     FormH3,
     FormH5,
     FormH7,
