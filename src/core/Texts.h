@@ -22,7 +22,10 @@ enum class TextSection
     FormF10,
     FormH3,
     FormH5,
+    FormH6,
     FormH7,
+    FormH8,
+    FormH11,
 };
 
 struct TextTable
