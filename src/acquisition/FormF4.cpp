@@ -19,6 +19,7 @@
 #include "diagrams/clsSymbols.h"
 #include "instruments/Catalogue.h"
 #include "instruments/FormH7.h"
+#include "machine/Algorithms_ASM_Start.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -221,17 +222,35 @@ QBoxLayout* FormF4::BuildButtonRow()
     row->addWidget(methodLabel);
     engineBox = new QComboBox;
     engineBox->setObjectName(QStringLiteral("cboEngine"));
-    engineBox->addItems({Texts().methodSpaceVector, Texts().methodPowerBalance});
-    engineBox->setCurrentIndex(App().iCalcMethod);
+    FillMethods();
     engineBox->setVisible(HasMachine(App().iNetConfIndex));
     row->addWidget(engineBox);
     return row;
 }
 
+/// A method is offered if it can be used with what is known of the machine.
+void FormF4::FillMethods()
+{
+    constexpr std::array kMethods{&TextTable::methodSpaceVector, &TextTable::methodPowerBalance};
+    for (int method = 0; method < static_cast<int>(kMethods.size()); ++method)
+        if (IsMethodUsable(method))
+            engineBox->addItem(TextOf(kMethods.at(static_cast<std::size_t>(method))), method);
+    engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
+}
+
+void FormF4::TakeMethod()
+{
+    const QVariant method = engineBox->currentData();
+    if (!method.isValid() || method.toInt() == App().iCalcMethod)
+        return;
+    App().iCalcMethod = static_cast<qint16>(method.toInt());
+    App().bProjectDirty = true;
+}
+
 void FormF4::PressStart()
 {
     if (!run.IsTicking() && HasMachine(App().iNetConfIndex))
-        App().iCalcMethod = static_cast<qint16>(engineBox->currentIndex());
+        TakeMethod();
     QPalette pressed = startButton->palette();
     pressed.setColor(QPalette::Button, palette().color(QPalette::Highlight));
     startButton->setPalette(pressed);

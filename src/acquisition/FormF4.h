@@ -54,6 +54,8 @@ private:
     QLabel* AddValue(QBoxLayout& row, const char* name, const QString& caption);
     void BuildCurveList();
     void BuildExtraTable();
+    void FillMethods();
+    void TakeMethod();
     void PressStart();
     void Tick();
     void FillCurveList();

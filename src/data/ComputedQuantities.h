@@ -64,4 +64,7 @@ void FormRelativeEnergies();
 /// row operation and takes everything back. False then.
 bool RecomputeEnergies();
 
+/// Estimates all sets anew. All sets change or none: a failure is told and takes everything back. False then.
+bool RecomputeAllRows();
+
 } // namespace korvanel

@@ -62,10 +62,6 @@ FurtherTab::FurtherTab()
     for (int i = 0; i < static_cast<int>(parts.size()); ++i)
         grid->addWidget(parts[static_cast<std::size_t>(i)], i / kColumns, i % kColumns);
     grid->setRowStretch(static_cast<int>(parts.size()) / kColumns, 1);
-    // The keyboard goes down one column after the other.
-    for (std::size_t i = 0; i < kColumns; ++i)
-        for (std::size_t part = i; part + kColumns < parts.size(); part += kColumns)
-            setTabOrder(parts[part], parts[part + kColumns]);
 }
 
 KnownGroup* FurtherTab::AddGroup(MachineKnowledge group, const QString& title, const QString& caption, QWidget* control)

@@ -2,7 +2,6 @@
 
 #include "core/Common.h"
 #include "core/Messages.h"
-#include "core/NumberText.h"
 #include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
@@ -31,6 +30,13 @@ private:
     std::unique_ptr<TableDb> db;
 };
 
+/// Machines of the whole database, whatever the list shows; nothing without a database.
+std::optional<std::size_t> CountMachines()
+{
+    const MotorDbScope db;
+    return db ? std::optional(ListMachines(*db).size()) : std::nullopt;
+}
+
 } // namespace
 
 void MachineBrowser::Load()
@@ -53,7 +59,13 @@ void MachineBrowser::Load()
 void MachineBrowser::Reload()
 {
     filter.reset();
-    row = Query() ? PlaceOf(App().MachineI.set_ID) : -1;
+    row = -1;
+    if (!Query())
+        return;
+    if (HasMachineData(App().MachineI))
+        row = PlaceOf(App().MachineI.set_ID);
+    else
+        MoveTo(0);
 }
 
 bool MachineBrowser::Query()
@@ -73,11 +85,6 @@ int MachineBrowser::PlaceOf(const std::optional<qint32>& set_ID) const
     const auto line =
         std::find_if(lines.begin(), lines.end(), [&set_ID](const MachineLine& l) { return l.set_ID == set_ID; });
     return line == lines.end() ? -1 : static_cast<int>(line - lines.begin());
-}
-
-QString MachineBrowser::Caption() const
-{
-    return FillPlaceholders(Texts().machineRow, {QString::number(row + 1), QString::number(lines.size())});
 }
 
 void MachineBrowser::MoveTo(int wanted)
@@ -104,8 +111,10 @@ bool MachineBrowser::Search(const std::optional<MachineFilter>& wanted)
     if (!db)
         return false;
     std::vector<MachineLine> found = ListMachines(*db, wanted);
-    if (found.empty())
+    if (found.empty()) {
+        ShowInformation(Texts().searchNothing);
         return false;
+    }
     lines = std::move(found);
     filter = wanted;
     MoveTo(0);
@@ -159,17 +168,20 @@ void MachineBrowser::DeleteCurrent()
 {
     if (row < 0)
         return;
+    const std::optional<std::size_t> count = CountMachines();
+    if (!count)
+        return;
+    if (*count < 2) {
+        ShowError(Texts().machineLeast);
+        return;
+    }
+    const Answer answer = App().TheShell->ShowBox(
+        {Texts().titleAttention, Texts().machineReallyDelete, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
+    if (answer != Answer::Yes)
+        return;
     {
         const MotorDbScope db;
         if (!db)
-            return;
-        if (ListMachines(*db).size() < 2) {
-            ShowError(Texts().machineLeast);
-            return;
-        }
-        const Answer answer = App().TheShell->ShowBox(
-            {Texts().titleAttention, Texts().machineReallyDelete, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
-        if (answer != Answer::Yes)
             return;
         DeleteMachine(*db, lines[static_cast<std::size_t>(row)].set_ID);
     }
@@ -184,18 +196,16 @@ void MachineBrowser::DeleteCurrent()
 void MachineBrowser::PassOn()
 {
     ApplicationBlock& app = App();
-    if (!app.bProjectOpen || !HasMachine(app.iNetConfIndex))
+    if (app.sProjectPath.isEmpty() || !HasMachine(app.iNetConfIndex))
         return;
     const qint16 method = app.iCalcMethod;
     AdjustCalcMethod();
-    if (app.iCalcMethod != method) { // the page is left after the project was saved
+    if (app.iCalcMethod != method && app.bProjectOpen) { // the page is left after the project was saved
         app.bProjectDirty = true;
         SaveIfDirty();
     }
-    if (HasMachineData(app.MachineI) && CopyMachineIntoProject(app.MachineI, WhichMachine::I)) {
-        app.bEvaluated = 0;
+    if (HasMachineData(app.MachineI) && CopyMachineIntoProject(app.MachineI, WhichMachine::I))
         RecomputeAllRows();
-    }
 }
 
 } // namespace korvanel

@@ -25,18 +25,16 @@ public:
     const std::vector<MachineLine>& Lines() const { return lines; }
     /// Place of the current machine in the list; -1 if it has none.
     int Row() const { return row; }
-    /// Row number and row count, joined by "/".
-    QString Caption() const;
 
     /// Reads the machine of a row and builds its model; does nothing beyond the list.
     void MoveTo(int wanted);
-    /// Shows the machines of a filter, or all of them, and moves to the first. Without any the list stays, and false is
-    /// returned.
+    /// Shows the machines of a filter, or all of them, and moves to the first. False if there is none, which has been
+    /// told; the list stays then.
     bool Search(const std::optional<MachineFilter>& wanted);
     /// Keeps the current machine, to come back to.
     void BeginEdit();
-    /// Takes what was entered, builds its model and writes it to the database. False if anything is wrong with it, which
-    /// has been told; nothing is written then.
+    /// Takes what was entered, builds its model and writes it to the database. False if anything is wrong with it,
+    /// which has been told; nothing is written then.
     bool Apply(const MachineEntry& entry, bool isNew);
     /// Comes back to the machine before `BeginEdit`.
     void CancelEdit();

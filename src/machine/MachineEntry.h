@@ -73,8 +73,8 @@ MachineEntry NewMachineEntry();
 MachineEntry EntryOfMachine(const MachineRecord& record);
 
 /// Takes what the page holds into a record. Rating and no-load data are complete or not known at all; torque and
-/// efficiency are left to the model. Pole pairs that aren't known, or not chosen, leave the record's own. A number whose
-/// text is still that of the record's value leaves the value, which may have more digits.
+/// efficiency are left to the model. Pole pairs that aren't known, or not chosen, leave the record's own. A number
+/// whose text is still that of the record's value leaves the value, which may have more digits.
 void TakeMachineEntry(const MachineEntry& entry, MachineRecord& record);
 
 /// Whether there is any machine in the record.

@@ -5,9 +5,9 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
 #include "instruments/DevManaging.h"
 #include "instruments/SerialPort.h"
+#include "machine/Algorithms_ASM_Start.h"
 
 #include <QScopedValueRollback>
 
@@ -20,6 +20,8 @@ namespace {
 
 constexpr std::size_t kSamples = 7;
 constexpr int kMostTicks = 13;
+constexpr int kFailedMessage = 6;
+constexpr int kScatteredMessage = 7;
 constexpr double kTolerance = 0.05;
 
 /// Half a tick: a poll may come early by this, so that the ticks don't shift it by a whole one.
@@ -47,7 +49,7 @@ QString SignificantText(double value)
 std::optional<NoLoadSample> AcceptedSample()
 {
     const tMeasuredRow& row = App().MeasuredRow;
-    const NoLoadSample sample{row.dP[kSum], row.dU[kSum], row.dI[kSum], row.df[kSum]};
+    const NoLoadSample sample{row.dP[kSum], row.dU[kSum], row.dI[kSum], row.df};
     const bool isAccepted = row.sValidMask == kGoodSample &&
                             std::all_of(sample.begin(), sample.begin() + 3, [](double value) { return value >= 0; });
     return isAccepted ? std::optional(sample) : std::nullopt;
@@ -145,7 +147,7 @@ void NoLoadMeasurement::Poll()
     if (ticks >= kMostTicks) {
         End();
         display.ShowNoLoad({});
-        ShowError(Texts().modelMessage6);
+        ShowError(ModelMessages(kFailedMessage));
     }
 }
 
@@ -160,7 +162,7 @@ void NoLoadMeasurement::TakeSample(const NoLoadSample& sample)
     const std::optional<NoLoadSample> means = MeanOfAgreeing(samples);
     display.ShowNoLoad(means ? TextsOfNoLoad(*means) : NoLoadTexts());
     if (!means)
-        ShowError(Texts().modelMessage7);
+        ShowError(ModelMessages(kScatteredMessage));
 }
 
 void NoLoadMeasurement::Stop()

@@ -1,10 +1,11 @@
-// The no-load test through the instrument: seven good samples, one each interval, whose means become the no-load data of
-// the machine if they agree with each other. Everything runs in ticks, on the thread of the user interface.
+// The no-load test through the instrument: seven good samples, one each interval, whose means become the no-load data
+// of the machine if they agree with each other. Everything runs in ticks, on the thread of the user interface.
 #pragma once
 
 #include <QString>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace korvanel {
@@ -38,11 +39,12 @@ NoLoadTexts TextsOfNoLoad(const NoLoadSample& sample);
 class NoLoadMeasurement
 {
 public:
-    explicit NoLoadMeasurement(NoLoadDisplay& display) : display(display) {}
+    explicit NoLoadMeasurement(NoLoadDisplay& ofPage) : display(ofPage) {}
 
     /// The button: starts a measurement with an interval in seconds, or ends the one that goes on.
     void StartOrStop(double interval);
-    /// Every 50 ms while a measurement goes on. A tick that comes while a box of an earlier one is on show does nothing.
+    /// Every 50 ms while a measurement goes on. A tick that comes while a box of an earlier one is on show does
+    /// nothing.
     void Tick();
     /// Ends a measurement without a result; nothing without one.
     void Stop();

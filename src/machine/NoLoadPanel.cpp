@@ -104,9 +104,9 @@ void NoLoadPanel::EnableMeasurement(bool isEnabled)
 void NoLoadPanel::SetMeasuring(bool isMeasuring)
 {
     startButton->setText(isMeasuring ? Texts().noLoadStop : Texts().noLoadStart);
-    for (QWidget* control : {static_cast<QWidget*>(deviceBox), static_cast<QWidget*>(portBox),
-                             static_cast<QWidget*>(intervalBox), static_cast<QWidget*>(wiringButton),
-                             static_cast<QWidget*>(diagnosisButton)})
+    for (QWidget* control :
+         {static_cast<QWidget*>(deviceBox), static_cast<QWidget*>(portBox), static_cast<QWidget*>(intervalBox),
+          static_cast<QWidget*>(wiringButton), static_cast<QWidget*>(diagnosisButton)})
         control->setEnabled(!isMeasuring);
 }
 

@@ -13,6 +13,7 @@
 #include "core/window/PageTable.h"
 #include "diagrams/clsGraphColours.h"
 #include "instruments/FormF2.h"
+#include "machine/FormF10.h"
 #include "support/ProjectFixture.h"
 #include "support/ScriptedPort.h"
 
@@ -50,6 +51,7 @@ protected:
         window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
         window.RegisterPage(kPageDevice, Build<FormF3>);
         window.RegisterPage(kPageMeasure, Build<FormF4>);
+        window.RegisterPage(kPageMachine, Build<FormF10>);
         window.ApplyMainTexts();
         window.show();
     }
