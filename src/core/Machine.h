@@ -53,8 +53,9 @@ enum MachineKnowledge
 };
 using MachineStatus = std::array<bool, kKnowledgeCount>;
 
-/// What follows from a machine's record. A final n of a name stands for the rating data, o for the no-load data, D and Y
-/// for the connection that is assumed. Torques in Nm, powers in W, speeds in rpm, angles in degrees, resistances in Ohm.
+/// What follows from a machine's record. A final n of a name stands for the rating data, o for the no-load data, D and
+/// Y for the connection that is assumed. Torques in Nm, powers in W, speeds in rpm, angles in degrees, resistances in
+/// Ohm.
 struct MachineModel
 {
     double Pelec_n = 0;
@@ -88,6 +89,17 @@ struct MachineModel
     double Rs_rech = 0;    ///< stator resistance in use
     double Rs_polynom = 0; ///< its estimate
     double k_maschine = 0; ///< W/Nm2, load losses are k M2
+};
+
+/// What the load estimation takes of a sample. Line voltage in V, line current in A, Hz, W with the sign of the flow,
+/// degrees with the sign of the reactive power.
+struct LoadSample
+{
+    double U = 0;
+    double I = 0;
+    double f = 0;
+    double P = 0;
+    double phi = 0;
 };
 
 /// Result of the load estimation for one sample.
