@@ -356,6 +356,7 @@ void FormF4::UpdateOnline(OnlineMode mode)
     if (mode == OnlineMode::Clear) {
         counts[kGraphCount]->setText(QStringLiteral("- "));
         counts[kElapsedCount]->setText(ZeroTime());
+        counts[kSampleCount]->clear();
         grid->Rebuild();
         grid->ClearPresent();
         graph->Clear();

@@ -117,7 +117,9 @@ QByteArray SystemPort::Input()
 {
     if (!port)
         ThrowLost();
-    QByteArray received = port->readAll();
+    QByteArray received;
+    if (!isLost)
+        received = port->readAll();
     while (!isLost && received.size() < kLargestReply && port->waitForReadyRead(0))
         received += port->readAll();
     return received;
