@@ -85,10 +85,11 @@ TEST_F(FormF4Test, IdlePage_OffersStartAndNothingToDrop)
 
 TEST_F(FormF4Test, HardwareRatios_StandOnThePageOfAConnectedInstrument)
 {
+    ShowPage();
     App().bDevConnected = true;
     App().dDevTransPrimary = {20000, 100};
     App().dDevTransSecondary = {100, 5};
-    ShowPage();
+    window.RefreshPage();
     EXPECT_EQ(Label("lblDevTrans_0"), "20000 / 100");
     EXPECT_EQ(Label("lblDevTrans_1"), "100 / 5");
 }
