@@ -1,5 +1,5 @@
-// The motor database: the machines that a user knows, in a file of their own that many projects share, and the copies of
-// them that a project keeps. The file is opened and closed around each operation.
+// The motor database: the machines that a user knows, in a file of their own that many projects share, and the copies
+// of them that a project keeps. The file is opened and closed around each operation.
 #pragma once
 
 #include "core/Machine.h"
@@ -48,7 +48,8 @@ bool FindDuplicate(TableDb& db, MachineRecord& record, DuplicateScope scope, std
 /// Asks whether to add a machine of the project that the active database doesn't hold, when `bMotorDbCheck` is set.
 void CheckMachineInDb(MachineRecord& record, WhichMachine which);
 
-/// Puts the record into the project's table `Motor`, which is created if missing; true if the project's row was replaced.
+/// Puts the record into the project's table `Motor`, which is created if missing; true if the project's row was
+/// replaced.
 bool CopyMachineIntoProject(MachineRecord& record, WhichMachine which);
 
 /// Takes the machines of the project that has just been opened, and builds the model of the first.

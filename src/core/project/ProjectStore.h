@@ -42,8 +42,8 @@ void SaveIfDirty();
 bool CopyProject(const QString& target);
 
 /// Writes the measurement header and copies the file beside itself under a name that ends in the start time of a
-/// planned recording; "." and ":" in it become "-". The project goes on in the old file. False after a failure, which is
-/// told.
+/// planned recording; "." and ":" in it become "-". The project goes on in the old file. False after a failure, which
+/// is told.
 bool SnapshotProject(const QString& startTime);
 
 } // namespace korvanel
