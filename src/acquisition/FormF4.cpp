@@ -79,7 +79,7 @@ FormF4::FormF4(MainWindow& window, const PageEntry& entry)
     Body().addWidget(grid);
     Body().addLayout(BuildGraphRow(), 1);
     Body().addLayout(BuildButtonRow());
-    UpdateOnline(OnlineMode::Clear);
+    ClearOnline();
 }
 
 QLabel* FormF4::AddValue(QBoxLayout& row, const char* name, const QString& caption)
@@ -310,18 +310,23 @@ void FormF4::ResetStartColour()
     isStartColoured = false;
 }
 
+void FormF4::ClearOnline()
+{
+    counts[kGraphCount]->setText(QStringLiteral("- "));
+    counts[kElapsedCount]->setText(ZeroTime());
+    counts[kSampleCount]->clear();
+    grid->Rebuild();
+    grid->ClearPresent();
+    graph->Clear();
+}
+
 void FormF4::UpdateOnline(OnlineMode mode)
 {
-    const tMeasuredRow& row = App().MeasuredRow;
     if (mode == OnlineMode::Clear) {
-        counts[kGraphCount]->setText(QStringLiteral("- "));
-        counts[kElapsedCount]->setText(ZeroTime());
-        counts[kSampleCount]->clear();
-        grid->Rebuild();
-        grid->ClearPresent();
-        graph->Clear();
+        ClearOnline();
         return;
     }
+    const tMeasuredRow& row = App().MeasuredRow;
     counts[kGraphCount]->setText(QString::number(row.lSet));
     counts[kSampleCount]->setText(QString::number(row.lSet));
     grid->ShowPresent(row, [](int) { return true; });
@@ -366,7 +371,7 @@ void FormF4::ShowInstrument()
 
 void FormF4::ShowDropped()
 {
-    UpdateOnline(OnlineMode::Clear);
+    ClearOnline();
     methodLabel->clear();
     engineExtra->setVisible(false);
     for (int i = 0; i < extraTable->rowCount(); ++i)

@@ -57,6 +57,7 @@ private:
     void Tick();
     void FillExtraTable();
     void EnableDrop();
+    void ClearOnline();
 
     MeasurementRun run;
     QTimer* timer;

@@ -45,7 +45,7 @@ SystemPort::SystemPort(std::function<QString(int)> ofNumber) : deviceOf(std::mov
 
 SystemPort::~SystemPort()
 {
-    Close();
+    SystemPort::Close();
 }
 
 void SystemPort::Open()
