@@ -53,8 +53,9 @@ enum MachineKnowledge
 };
 using MachineStatus = std::array<bool, kKnowledgeCount>;
 
-/// What follows from a machine's record. A final n of a name stands for the rating data, o for the no-load data, D and Y
-/// for the connection that is assumed. Torques in Nm, powers in W, speeds in rpm, angles in degrees, resistances in Ohm.
+/// What follows from a machine's record. A final n of a name stands for the rating data, o for the no-load data, D and
+/// Y for the connection that is assumed. Torques in Nm, powers in W, speeds in rpm, angles in degrees, resistances in
+/// Ohm.
 struct MachineModel
 {
     double Pelec_n = 0;

@@ -1,6 +1,7 @@
-// The model of the measured asynchronous machine: built step by step from what is known of it, and used for each sample.
-// The formulas stand in `Algorithms_ASM_Leistung` (power balance, law of torque and speed), `Algorithms_ASM_RZM` (space
-// vector torque) and `MachineFormulas`; here they take their inputs from the block and put their results there.
+// The model of the measured asynchronous machine: built step by step from what is known of it, and used for each
+// sample. The formulas stand in `Algorithms_ASM_Leistung` (power balance, law of torque and speed),
+// `Algorithms_ASM_RZM` (space vector torque) and `MachineFormulas`; here they take their inputs from the block and put
+// their results there.
 #pragma once
 
 #include "core/Machine.h"
