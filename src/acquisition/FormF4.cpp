@@ -1,5 +1,6 @@
 #include "acquisition/FormF4.h"
 
+#include "acquisition/CurveList.h"
 #include "acquisition/OnlineGraph.h"
 #include "acquisition/ScheduleGrid.h"
 #include "acquisition/clsTimeSchedule.h"
@@ -15,7 +16,6 @@
 #include "data/RowQuantities.h"
 #include "data/SetGrid.h"
 #include "data/ValueTables.h"
-#include "diagrams/clsGraphColours.h"
 #include "diagrams/clsSymbols.h"
 #include "instruments/Catalogue.h"
 #include "instruments/FormH7.h"
@@ -25,9 +25,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
@@ -62,21 +60,12 @@ bool WasMeasuredWell(const std::vector<OnlineCurve>& curves, int quantity, const
     return MatchesMask(mask, curve == curves.end() ? "NNN?" : curve->pattern);
 }
 
-QIcon ColourIcon(int quantity)
-{
-    constexpr int kSide = 12;
-    const qint32 colour = App().GraphColours->colour(quantity);
-    QPixmap square(kSide, kSide);
-    square.fill(QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
-    return QIcon(square);
-}
-
 } // namespace
 
 FormF4::FormF4(MainWindow& window, const PageEntry& entry)
     : Page(window, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
       grid(new SetGrid(App().iGridRows.at(kShownSetsEntry))), graph(new OnlineGraph), side(new QTabWidget),
-      curveList(new QListWidget), extraTable(new QTableWidget), scheduleGrid(new ScheduleGrid),
+      curveList(new CurveList), extraTable(new QTableWidget), scheduleGrid(new ScheduleGrid),
       lamp(new StatusLamp(QStringLiteral("shpLamp")))
 {
     LookUpInstrument(App().sDevice);
@@ -91,7 +80,7 @@ FormF4::FormF4(MainWindow& window, const PageEntry& entry)
     Body().addWidget(grid);
     Body().addLayout(BuildGraphRow(), 1);
     Body().addLayout(BuildButtonRow());
-    UpdateOnline(OnlineMode::Clear);
+    ClearOnline();
 }
 
 QLabel* FormF4::AddValue(QBoxLayout& row, const char* name, const QString& caption)
@@ -159,7 +148,6 @@ QBoxLayout* FormF4::BuildGraphRow()
     side->setObjectName(QStringLiteral("tabOnline"));
     side->setFixedWidth(kSideWidth);
     side->setDocumentMode(true);
-    BuildCurveList();
     side->addTab(curveList, Texts().curves);
     if (!ExtraQuantities(App().iNetConfIndex).empty()) {
         BuildExtraTable();
@@ -168,18 +156,6 @@ QBoxLayout* FormF4::BuildGraphRow()
     side->addTab(scheduleGrid, Texts().plannedRecordings);
     row->addWidget(side);
     return row;
-}
-
-void FormF4::BuildCurveList()
-{
-    curveList->setObjectName(QStringLiteral("picColour"));
-    curveList->setToolTip(Texts().curveHint);
-    connect(curveList, &QListWidget::itemChanged, this, [](const QListWidgetItem* item) {
-        auto& check = App().Checks.at(static_cast<std::size_t>(item->data(Qt::UserRole).toInt()));
-        const qint32 wanted = item->checkState() == Qt::Checked ? 1 : 0;
-        App().bProjectDirty = App().bProjectDirty || check != wanted;
-        check = wanted;
-    });
 }
 
 void FormF4::BuildExtraTable()
@@ -279,7 +255,7 @@ void FormF4::Refresh()
     ShowRunning(run.IsRunning());
     scheduleGrid->Fill();
     MarkEntry(App().TimeSchedule->CurrentSet());
-    FillCurveList();
+    curveList->Fill(graph->Curves());
     grid->Rebuild();
     grid->ShowNewest();
     EnableDrop();
@@ -288,22 +264,6 @@ void FormF4::Refresh()
 void FormF4::Leave()
 {
     run.End();
-}
-
-void FormF4::FillCurveList()
-{
-    const QSignalBlocker quiet(curveList);
-    curveList->clear();
-    for (const OnlineCurve& curve : graph->Curves()) {
-        const QString full = FormatPrefixed(ScaleEndOf(curve), 1000, true) + App().Symbols->Unit(curve.quantity);
-        auto* item = new QListWidgetItem(ColourIcon(curve.quantity),
-                                         App().Symbols->Symbol(curve.quantity) + QStringLiteral(":  ") + full);
-        item->setData(Qt::UserRole, curve.quantity);
-        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsSelectable);
-        item->setCheckState(App().Checks.at(static_cast<std::size_t>(curve.quantity)) != 0 ? Qt::Checked
-                                                                                           : Qt::Unchecked);
-        curveList->addItem(item);
-    }
 }
 
 void FormF4::FillExtraTable()
@@ -369,17 +329,23 @@ void FormF4::ResetStartColour()
     isStartColoured = false;
 }
 
+void FormF4::ClearOnline()
+{
+    counts[kGraphCount]->setText(QStringLiteral("- "));
+    counts[kElapsedCount]->setText(ZeroTime());
+    counts[kSampleCount]->clear();
+    grid->Rebuild();
+    grid->ClearPresent();
+    graph->Clear();
+}
+
 void FormF4::UpdateOnline(OnlineMode mode)
 {
-    const tMeasuredRow& row = App().MeasuredRow;
     if (mode == OnlineMode::Clear) {
-        counts[kGraphCount]->setText(QStringLiteral("- "));
-        counts[kElapsedCount]->setText(ZeroTime());
-        grid->Rebuild();
-        grid->ClearPresent();
-        graph->Clear();
+        ClearOnline();
         return;
     }
+    const tMeasuredRow& row = App().MeasuredRow;
     counts[kGraphCount]->setText(QString::number(row.lSet));
     counts[kSampleCount]->setText(QString::number(row.lSet));
     grid->ShowPresent(row, [](int) { return true; });
@@ -424,7 +390,7 @@ void FormF4::ShowInstrument()
 
 void FormF4::ShowDropped()
 {
-    UpdateOnline(OnlineMode::Clear);
+    ClearOnline();
     methodLabel->clear();
     engineExtra->setVisible(false);
     for (int i = 0; i < extraTable->rowCount(); ++i)

@@ -9,13 +9,13 @@
 class QBoxLayout;
 class QComboBox;
 class QLabel;
-class QListWidget;
 class QTableWidget;
 class QTabWidget;
 class QTimer;
 
 namespace korvanel {
 
+class CurveList;
 class OnlineGraph;
 class ScheduleGrid;
 class SetGrid;
@@ -52,22 +52,21 @@ private:
     QBoxLayout* BuildGraphRow();
     QBoxLayout* BuildButtonRow();
     QLabel* AddValue(QBoxLayout& row, const char* name, const QString& caption);
-    void BuildCurveList();
     void BuildExtraTable();
     void FillMethods();
     void TakeMethod();
     void PressStart();
     void Tick();
-    void FillCurveList();
     void FillExtraTable();
     void EnableDrop();
+    void ClearOnline();
 
     MeasurementRun run;
     QTimer* timer;
     SetGrid* grid;
     OnlineGraph* graph;
     QTabWidget* side;
-    QListWidget* curveList;
+    CurveList* curveList;
     QTableWidget* extraTable;
     ScheduleGrid* scheduleGrid;
     StatusLamp* lamp;

@@ -137,6 +137,12 @@ void PrepareMeasurementConfiguration()
         Store(app.sDevice, entries.value(0));
         app.bDevConnected = false;
     }
+    CorrectStoredSettings();
+}
+
+void CorrectStoredSettings()
+{
+    ApplicationBlock& app = App();
     LookUpInstrument(app.sDevice);
     if (!(app.dInterval >= app.iMinInterval && std::isfinite(app.dInterval)))
         Store(app.dInterval, static_cast<double>(app.iMinInterval));

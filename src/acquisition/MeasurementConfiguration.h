@@ -41,6 +41,10 @@ QStringList IntervalChoices();
 /// catalogue, an interval that it can do, transformers and port above 0, and a fresh mask of validity.
 void PrepareMeasurementConfiguration();
 
+/// The part of it that a run needs too, whichever page was shown before: looks the instrument up and corrects interval,
+/// transformers and port.
+void CorrectStoredSettings();
+
 /// Takes another instrument entry: it isn't connected, has no identity yet, and the interval follows its smallest one
 /// if it was the smallest before or is too short now. Does nothing for the entry in force.
 void ChooseInstrument(const QString& entry);

@@ -1,5 +1,6 @@
 #include "acquisition/MeasurementRun.h"
 
+#include "acquisition/MeasurementConfiguration.h"
 #include "acquisition/SampleCheck.h"
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
@@ -14,7 +15,6 @@
 #include "data/ComputedQuantities.h"
 #include "data/FileManaging.h"
 #include "data/ValueTables.h"
-#include "instruments/Catalogue.h"
 #include "instruments/DevManaging.h"
 #include "instruments/SerialPort.h"
 
@@ -27,21 +27,11 @@ namespace korvanel {
 namespace {
 
 constexpr qint16 kGrace = 5;
-constexpr double kLongestInterval = 60;
 
 /// Half a tick: a poll may come early by this, so that the ticks don't shift it by a whole one.
 constexpr double kEarliest = 0.0275;
 
 const QString kGoodSample = QStringLiteral("NNNN");
-
-/// A transformer value that nothing can be divided by counts as 1, like one that is typed.
-void CorrectTransformer(double& value)
-{
-    if (value > 0 && std::isfinite(value))
-        return;
-    value = 1;
-    App().bProjectDirty = true;
-}
 
 } // namespace
 
@@ -55,7 +45,8 @@ void MeasurementRun::StartOrStop()
         End();
         return;
     }
-    if (!AreSettingsUsable() || !plan.SelectNextEntry())
+    CorrectStoredSettings();
+    if (!CheckIntervalForRun() || !plan.SelectNextEntry())
         return;
     if (StartsInPast()) {
         ShowError(Texts().startInPast);
@@ -73,21 +64,6 @@ void MeasurementRun::StartOrStop()
     app.bProjectDirty = true;
     isTicking = true;
     display.EnableTicks(true);
-}
-
-bool MeasurementRun::AreSettingsUsable()
-{
-    ApplicationBlock& app = App();
-    LookUpInstrument(app.sDevice);
-    for (auto* transformers : {&app.dTransPrimary, &app.dTransSecondary})
-        for (double& value : *transformers)
-            CorrectTransformer(value);
-    if (!(app.dInterval >= app.iMinInterval)) {
-        app.dInterval = app.iMinInterval;
-        app.bProjectDirty = true;
-    }
-    QString interval = NumberText(app.dInterval);
-    return CheckNumberRange(interval, app.iMinInterval, kLongestInterval);
 }
 
 bool MeasurementRun::StartsInPast() const

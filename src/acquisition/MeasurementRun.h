@@ -66,7 +66,6 @@ public:
     bool IsRunning() const { return isRunning; }
 
 private:
-    bool AreSettingsUsable();
     bool StartsInPast() const;
     void WaitForStart();
     bool PrepareRun();

@@ -1,6 +1,7 @@
 #include "data/RowQuantities.h"
 
 #include "core/NumberText.h"
+#include "data/RowFields.h"
 #include "data/ValueColumns.h"
 #include "data/ValueTables.h"
 
@@ -12,21 +13,9 @@ namespace korvanel {
 namespace {
 
 using Row = tValueRow;
-using Field = double& (*)(Row&);
-
-template <auto Member, std::size_t Position>
-double& Element(Row& row)
-{
-    return (row.*Member)[Position];
-}
-template <auto Member>
-double& Single(Row& row)
-{
-    return row.*Member;
-}
 
 /// By the numbers of the quantities.
-constexpr std::array<Field, kQuantityCount> kFields{
+constexpr std::array<RowField, kQuantityCount> kFields{
     Element<&Row::dU, kSum>,
     Element<&Row::dI, kSum>,
     Single<&Row::df>,

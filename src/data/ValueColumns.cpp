@@ -1,5 +1,7 @@
 #include "data/ValueColumns.h"
 
+#include "data/RowFields.h"
+
 #include <algorithm>
 
 namespace korvanel {
@@ -23,18 +25,6 @@ constexpr ConfigMask kVoltagePhases = Mask({4, 5, 6});
 constexpr ConfigMask kVoltageOnly = Mask({6});
 constexpr ConfigMask kMachine = Mask({2, 5});
 constexpr ConfigMask kMachineByHand = Mask({2});
-
-template <auto Member, std::size_t Position>
-double& Element(tValueRow& row)
-{
-    return (row.*Member)[Position];
-}
-
-template <auto Member>
-double& Single(tValueRow& row)
-{
-    return row.*Member;
-}
 
 /// A total or mean, with the configurations of the two tables; rows made or changed by hand write it too.
 template <auto Member>

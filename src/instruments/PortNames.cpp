@@ -62,6 +62,7 @@ std::vector<PortName> PortsOf(const PortSources& sources)
         for (const auto& [number, device] : sources.assigned)
             byNumber[number] = device;
     std::vector<PortName> ports;
+    ports.reserve(byNumber.size());
     for (const auto& [number, device] : byNumber)
         ports.push_back({number, device});
     return ports;

@@ -45,7 +45,7 @@ SystemPort::SystemPort(std::function<QString(int)> ofNumber) : deviceOf(std::mov
 
 SystemPort::~SystemPort()
 {
-    Close();
+    SystemPort::Close();
 }
 
 void SystemPort::Open()
@@ -117,7 +117,9 @@ QByteArray SystemPort::Input()
 {
     if (!port)
         ThrowLost();
-    QByteArray received = port->readAll();
+    QByteArray received;
+    if (!isLost)
+        received = port->readAll();
     while (!isLost && received.size() < kLargestReply && port->waitForReadyRead(0))
         received += port->readAll();
     return received;

@@ -104,7 +104,6 @@ protected:
     {
         return WindowTest::Find<Control>(name.constData());
     }
-
 };
 
 TEST_F(FormF3Test, HasItsTabsAndTexts)

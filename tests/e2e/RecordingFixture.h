@@ -30,8 +30,9 @@ protected:
     {
         SQLite::Database db(project.toStdString(), SQLite::OPEN_READWRITE); // may have to roll a killed row back
         SQLite::Statement query(db, sql.toStdString());
-        return query.executeStep() && !query.getColumn(0).isNull() ? QString::fromStdString(query.getColumn(0).getString())
-                                                                  : QString();
+        return query.executeStep() && !query.getColumn(0).isNull()
+                   ? QString::fromStdString(query.getColumn(0).getString())
+                   : QString();
     }
     int Count() const { return Query("SELECT count(*) FROM SampledValues").toInt(); }
 

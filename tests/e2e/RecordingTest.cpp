@@ -108,20 +108,13 @@ std::map<QString, double> Expected(const Entry& entry, Sample& s)
                 {"cosphi sum", std::cos(phi)}};
     }
     const int voltage = s.contains(40) ? 40 : 16;
-    std::map<QString, double> columns{{"U sum", s[voltage]},
-                                      {"I sum", entry.netConf == 3 ? s[12] : s[12] / 3},
-                                      {"I N", s[36]},
-                                      {"f sum", s[28]},
-                                      {"P sum", s[4]},
-                                      {"Q sum", s[8]},
-                                      {"S sum", s[20]},
-                                      {"phi sum", s[32]},
-                                      {"cosphi sum", s[24]},
-                                      {"Wp+ abs", s[0]},
-                                      {"Wp- abs", s[2]},
-                                      {"Wq+ abs", s[1]},
-                                      {"Wq- abs", s[3]},
-                                      {"Wp abs", s[0] - s[2]},
+    std::map<QString, double> columns{{"U sum", s[voltage]},  {"I sum", entry.netConf == 3 ? s[12] : s[12] / 3},
+                                      {"I N", s[36]},         {"f sum", s[28]},
+                                      {"P sum", s[4]},        {"Q sum", s[8]},
+                                      {"S sum", s[20]},       {"phi sum", s[32]},
+                                      {"cosphi sum", s[24]},  {"Wp+ abs", s[0]},
+                                      {"Wp- abs", s[2]},      {"Wq+ abs", s[1]},
+                                      {"Wq- abs", s[3]},      {"Wp abs", s[0] - s[2]},
                                       {"Wq abs", s[1] - s[3]}};
     for (int phase = 1; entry.netConf == 4 && phase <= 3; ++phase) {
         const QString suffix = ' ' + QString::number(phase);
@@ -137,7 +130,8 @@ std::map<QString, double> Expected(const Entry& entry, Sample& s)
 }
 
 class EntryRecordingTest : public RecordingTest, public ::testing::WithParamInterface<std::size_t>
-{};
+{
+};
 
 TEST_P(EntryRecordingTest, StoredRowsAreWhatWasSent)
 {
@@ -155,8 +149,8 @@ TEST_P(EntryRecordingTest, StoredRowsAreWhatWasSent)
     StopRun();
 
     const std::vector<LoggedExchange> log = simulator.Log();
-    const auto configured = std::find_if(log.begin(), log.end(),
-                                         [](const LoggedExchange& e) { return e.kind == "write" && e.code == 19; });
+    const auto configured =
+        std::find_if(log.begin(), log.end(), [](const LoggedExchange& e) { return e.kind == "write" && e.code == 19; });
     ASSERT_NE(configured, log.end());
     EXPECT_EQ(configured->request.mid(4, 2).toHex().toInt(nullptr, 16), entry.mode);
     std::vector<Sample> samples = Samples(log, entry.codes);
@@ -165,10 +159,11 @@ TEST_P(EntryRecordingTest, StoredRowsAreWhatWasSent)
     ASSERT_EQ(stored, static_cast<int>(samples.size()));
     for (int set = 1; set <= stored; ++set) {
         for (const auto& [column, expected] : Expected(entry, samples[static_cast<std::size_t>(set) - 1])) {
-            const QString cell = Query(QStringLiteral("SELECT [%1] FROM SampledValues NATURAL JOIN ComputedValues WHERE "
-                                                      "SampledValues.[Set]=%2")
-                                           .arg(column)
-                                           .arg(set));
+            const QString cell =
+                Query(QStringLiteral("SELECT [%1] FROM SampledValues NATURAL JOIN ComputedValues WHERE "
+                                     "SampledValues.[Set]=%2")
+                          .arg(column)
+                          .arg(set));
             ASSERT_FALSE(cell.isEmpty()) << column.toStdString();
             EXPECT_NEAR(cell.toDouble(), expected, 1e-9 * std::max(1.0, std::abs(expected)))
                 << column.toStdString() << " of set " << set;

@@ -1,7 +1,7 @@
 // The driver over the system's serial port against the simulated instrument: what the row holds is what the simulator
 // says it has sent.
-#include "support/Fixture.h"
 #include "remote/SimulatorProcess.h"
+#include "support/Fixture.h"
 #include "tools/SimulatorRequests.h"
 
 #include "instruments/DevManaging.h"

@@ -38,6 +38,7 @@ public:
     int WaitForEnd();
     bool IsRunning() const { return process.state() == QProcess::Running; }
     void Kill();
+    qint64 ProcessId() const { return process.processId(); }
 
     void Trigger(const QString& name) { Do("trigger", name); }
     void Type(const QString& name, const QString& text) { Do("type", name, text); }

@@ -64,7 +64,7 @@ QString SimulatorProcess::ReadLine()
     while (!process.canReadLine())
         if (!process.waitForReadyRead(kPatienceMs))
             throw std::runtime_error("simulator does not answer: " + process.errorString().toStdString());
-    const QString line = QString::fromUtf8(process.readLine()).trimmed();
+    QString line = QString::fromUtf8(process.readLine()).trimmed();
     const QString announcement = QStringLiteral("device ");
     if (line.startsWith(announcement))
         device = line.mid(announcement.size());

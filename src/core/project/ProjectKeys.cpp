@@ -191,6 +191,7 @@ void ResetProjectData()
     app.PrintIt.fill(1);
     app.Export = {1, 0};
 
+    app.bDevConnected = false; // what was identified for another project says nothing of this one
     app.lMarkedSets = 1;
     app.fDevScaleU = app.fDevScaleI = app.fDevScaleP = 1;
     app.iSetCount = 0;

@@ -1,0 +1,62 @@
+// The program is killed in the middle of recordings: what it had shown as stored is in the file.
+#include "e2e/RecordingFixture.h"
+
+#include <cstdio>
+#include <random>
+
+namespace korvanel::test {
+namespace {
+
+class RunKillTest : public RecordingTest
+{
+};
+
+TEST_F(RunKillTest, KilledFiftyTimesDuringARun_LosesNoStoredRow)
+{
+    constexpr int kKills = 50;
+    SimulatorProcess simulator(folder.path());
+    AssignPort(simulator.Link());
+    StartProgram();
+    NewProject(0);
+    OpenConfiguration("ISKRA MI71XX 1Ø2W (1b)");
+    program.Trigger("mnuSave");
+    program.Trigger("mnuClose");
+    program.WaitUntilGone("FormF3");
+    program.Kill();
+    std::mt19937 random(4711); // NOLINT(cert-msc51-cpp): the moments are to be the same in every run
+    std::uniform_int_distribution<unsigned> moment(0, 1000);
+    int reported = 0;
+    int stored = 0;
+    for (int kill = 0; kill < kKills; ++kill) {
+        ProgramDriver victim(folder.filePath("settings"));
+        victim.Start();
+        victim.WaitForWindow("MainForm");
+        victim.Trigger("mnuOpen");
+        victim.GivePath(project);
+        victim.WaitForControl("FormF1");
+        victim.Trigger("mnuOnlineDevice");
+        victim.WaitForControl("FormF4");
+        const bool hasRows = victim.IsEnabled("cmdDrop");
+        victim.Trigger("cmdSTART");
+        if (hasRows)
+            victim.AnswerBox("Ja");
+        victim.WaitForText("cmdSTART", "STOP Messung");
+        while (victim.Text("lblCount_3").toInt() < 1)
+            QThread::msleep(10);
+        QThread::msleep(moment(random));
+        const int shown = victim.Text("lblCount_3").toInt();
+        victim.Kill();
+        const int found = Count();
+        ASSERT_GE(found, shown) << "kill " << kill;
+        ASSERT_EQ(Query("SELECT max([Set]) FROM SampledValues").toInt(), found);
+        ASSERT_EQ(Query("SELECT count(*) FROM ComputedValues").toInt(), found);
+        ASSERT_EQ(Query("PRAGMA integrity_check"), "ok");
+        reported += shown;
+        stored += found;
+    }
+    std::printf("killed %d times during a run: %d rows shown as stored, %d found, 0 lost\n", kKills, reported, stored);
+    EXPECT_GE(reported, kKills);
+}
+
+} // namespace
+} // namespace korvanel::test
