@@ -115,7 +115,7 @@ TEST_F(MachineEntryTest, Shown_ANullWithinTheRatingDataIsEmptyThere)
 
 TEST_F(MachineEntryTest, Shown_PolePairsThatTheListDoesNotHave)
 {
-    for (const qint16 pairs : {-3, 0, 11, 32767}) {
+    for (const qint16 pairs : std::initializer_list<qint16>{-3, 0, 11, 32767}) {
         MachineRecord record = FullRecord();
         record.Polpaarzahl = pairs;
         const MachineEntry entry = EntryOfMachine(record);
@@ -356,7 +356,7 @@ TEST_F(MachineEntryTest, Entered_LimitsOfEveryField)
             EXPECT_FALSE(Enter(limits.field, outside, limits.isGenerator).isAccepted) << limits.field << ' ' << outside;
             ASSERT_EQ(shell.boxes.size(), 1U);
             EXPECT_EQ(shell.boxes[0].text,
-                      QStringLiteral("Der eingegebene Wert muss sich\nzwischen ") + limits.told + "befinden.");
+                      QStringLiteral("Der eingegebene Wert muss sich\nzwischen ") + limits.told + " befinden.");
         }
     }
 }

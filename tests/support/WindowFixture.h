@@ -14,7 +14,7 @@
 #include "diagrams/clsGraphColours.h"
 #include "instruments/FormF2.h"
 #include "machine/FormF10.h"
-#include "support/ProjectFixture.h"
+#include "support/MotorDbFixture.h"
 #include "support/ScriptedPort.h"
 
 #include <QAction>
@@ -52,6 +52,9 @@ protected:
         window.RegisterPage(kPageDevice, Build<FormF3>);
         window.RegisterPage(kPageMeasure, Build<FormF4>);
         window.RegisterPage(kPageMachine, Build<FormF10>);
+        App().sMotorDbPath = PathOf("NO_MOTORS.MDB");
+        SQLite::Database(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+            .exec(kCreateMotor);
         window.ApplyMainTexts();
         window.show();
     }
