@@ -29,6 +29,8 @@
 #include "instruments/PortNames.h"
 #include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
+#include "machine/FormH11.h"
+#include "machine/MotorDatabase.h"
 
 #include <QApplication>
 #include <QDir>
@@ -99,8 +101,11 @@ void ConnectMenu(MainWindow& window)
         if (FormH5(&window).exec() == QDialog::Accepted)
             window.RefreshPage();
     });
-    for (const char* later : {"mnuDatabaseOpt", "mnuConvert"})
-        menu.OnTriggered(QLatin1String(later), [] { ShowInformation(Texts().laterVersion); });
+    menu.OnTriggered(QStringLiteral("mnuDatabaseOpt"), [&window] {
+        if (FormH11::ChangeDatabase(&window))
+            window.RefreshPage();
+    });
+    menu.OnTriggered(QStringLiteral("mnuConvert"), [] { ShowInformation(Texts().laterVersion); });
     menu.OnRecentFile(OpenRecentProject);
 }
 
@@ -137,6 +142,8 @@ int main(int argc, char* argv[])
     App().ThePort = &port;
     MainWindow window({SaveIfDirty, CloseProject});
     App().TheShell = &window;
+    window.SetMotorDatabaseChooser([&window] { return FormH11::ChangeDatabase(&window); });
+    SetMachineHooks({LoadProjectMachines, CopyMachinesIntoProject});
 
     const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
     clsTimeSchedule schedule;

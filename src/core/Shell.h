@@ -92,6 +92,9 @@ public:
     virtual void AddFileMRU(const QString& path) = 0;
     virtual void SelectRecentFile(const QString& path) = 0;
 
+    /// Lets the user choose another motor database; false if he leaves that without a choice.
+    virtual bool ChooseMotorDatabase() = 0;
+
     virtual QStringList PrinterNames() = 0;
     /// Empty if there is no default printer or it can't be read.
     virtual QString DefaultPrinterName() = 0;

@@ -12,8 +12,9 @@ constexpr TextEntry kEntries[] = {
 #undef TEXT
 };
 
-constexpr std::array kSectionNames{"MAIN",   "DEFAULT", "VALUE NAMES", "DIALOGUES", "FORMF1", "FORMF2",
-                                   "FORMF3", "FORMF4",  "FORMH3",      "FORMH5",    "FORMH7"};
+constexpr std::array kSectionNames{"MAIN",   "DEFAULT", "VALUE NAMES", "DIALOGUES", "FORMF1",
+                                   "FORMF2", "FORMF3",  "FORMF4",      "FORMF10",   "FORMH3",
+                                   "FORMH5", "FORMH6",  "FORMH7",      "FORMH8",    "FORMH11"};
 
 } // namespace
 

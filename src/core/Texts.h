@@ -19,9 +19,13 @@ enum class TextSection
     FormF2,
     FormF3,
     FormF4,
+    FormF10,
     FormH3,
     FormH5,
+    FormH6,
     FormH7,
+    FormH8,
+    FormH11,
 };
 
 struct TextTable

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -21,17 +22,18 @@ enum class WhichMachine
 };
 
 /// Opens the motor database of `sMotorDbPath` for an operation. A missing file is told, and the user may choose another
-/// one; null if there is none in the end, or none that can be opened, which has been told then.
+/// one; null if there is none in the end, or none that can be used, which has been told then.
 std::unique_ptr<TableDb> OpenMotorDb();
 void CloseMotorDb(std::unique_ptr<TableDb>& db);
 
-/// Reads a row of `Motor`; a missing row leaves the record empty. Throws DbError.
+/// Reads a row of `Motor`; a missing row leaves the record empty. Throws DbError, also for a value of another type.
 void ReadMachine(TableDb& db, qint32 set_ID, MachineRecord& record);
 
 /// Writes the record: as a new row under the first free number (`isNew` without a number in the record), as a new row
-/// under the record's number, or over the row of its number. Throws DbError.
+/// under the record's number, or over the row of its number. Throws DbError, with table and record as they were.
 void WriteMachine(TableDb& db, MachineRecord& record, bool isNew);
 
+/// Deletes the row of a number, if there is one. Throws DbError.
 void DeleteMachine(TableDb& db, qint32 set_ID);
 
 /// How a search for a machine of the same data ends its condition.
@@ -42,17 +44,23 @@ enum class DuplicateScope
     Any         ///< any row; the record takes the number of the first one that is found, or loses its own
 };
 
-/// Whether a row holds the same data. A record with anything unknown never has a duplicate. Throws DbError.
+/// Whether a row holds the same data; `id` is the number of `DuplicateScope::Row`. A record with anything unknown never
+/// has a duplicate. Throws DbError.
 bool FindDuplicate(TableDb& db, MachineRecord& record, DuplicateScope scope, std::optional<qint32> id = std::nullopt);
 
-/// Asks whether to add a machine of the project that the active database doesn't hold, when `bMotorDbCheck` is set.
+/// Asks whether to add a machine of the project that the active database doesn't hold, when `bMotorDbCheck` is set. The
+/// record takes the number of its row there. No makes the machine invalid, or ends the simulation. Failures are told.
 void CheckMachineInDb(MachineRecord& record, WhichMachine which);
 
 /// Puts the record into the project's table `Motor`, which is created if missing; true if the project's row was
-/// replaced.
-bool CopyMachineIntoProject(MachineRecord& record, WhichMachine which);
+/// replaced. A failure is told, with the project as it was.
+bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which);
 
-/// Takes the machines of the project that has just been opened, and builds the model of the first.
+/// Puts the machines in use into a project that was saved under another name.
+void CopyMachinesIntoProject();
+
+/// Takes the machines of the project in `sProjectPath`, compares them with the motor database and builds the model of
+/// the first. Throws DbError for a project whose machines can't be read.
 void LoadProjectMachines();
 
 /// One line of the list of machines.
@@ -71,10 +79,18 @@ struct MachineFilter
     bool isGenerator = false;
 };
 
-/// All machines, or those of a filter, in the fixed order of the list. Throws DbError.
+/// All machines, or those of a filter, in the fixed order of the list. A row with a value of another type, or without a
+/// number, is left out. Throws DbError.
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);
 
-/// Why a file can't be the motor database; nothing if it can.
+/// The same one by one, until `visit` returns false.
+void VisitMachines(TableDb& db, const std::optional<MachineFilter>& filter,
+                   const std::function<bool(const MachineLine&)>& visit);
+
+/// Whether a file can be the motor database: it has machines and is no project.
 bool IsMotorDatabase(const QString& path);
+
+/// Makes a file the motor database, also of later starts, and compares the machines of the open project with it.
+void UseMotorDatabase(const QString& path);
 
 } // namespace korvanel

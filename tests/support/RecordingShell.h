@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <deque>
+#include <functional>
 #include <ostream>
 #include <vector>
 
@@ -18,6 +19,7 @@ public:
     std::deque<Answer> answers;
     std::deque<QString> openPaths;
     std::deque<QString> savePaths;
+    std::function<bool()> chooseMotorDatabase = [] { return false; };
 
     // The record.
     std::vector<Box> boxes;
@@ -69,6 +71,11 @@ public:
     void RefreshCaption() override { calls << QStringLiteral("RefreshCaption"); }
     void AddFileMRU(const QString& path) override { calls << QStringLiteral("AddFileMRU ") + path; }
     void SelectRecentFile(const QString& path) override { calls << QStringLiteral("SelectRecentFile ") + path; }
+    bool ChooseMotorDatabase() override
+    {
+        calls << QStringLiteral("ChooseMotorDatabase");
+        return chooseMotorDatabase();
+    }
     QStringList PrinterNames() override { return printers; }
     QString DefaultPrinterName() override { return defaultPrinter; }
 

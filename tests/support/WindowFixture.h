@@ -28,6 +28,7 @@ public:
     Answer ShowBox(const Box& box) override { return script.ShowBox(box); }
     QString AskOpenPath(const FileQuestion& question) override { return script.AskOpenPath(question); }
     QString AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }
+    bool ChooseMotorDatabase() override { return script.ChooseMotorDatabase(); }
 
 private:
     RecordingShell& script;

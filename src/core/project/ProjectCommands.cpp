@@ -122,6 +122,7 @@ bool CopyProjectUnderOtherName()
     if (!CopyProject(path))
         return false;
     App().sProjectPath = path;
+    Machines().copy();
     // What could not be saved in the old file must not be missing in the new one.
     if (App().bProjectDirty)
         SaveProject();

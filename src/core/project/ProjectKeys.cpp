@@ -117,6 +117,19 @@ void ResetColumnChoices(ApplicationBlock& app)
     app.PrChecks = app.Checks;
 }
 
+void ResetMachines(ApplicationBlock& app)
+{
+    app.MachineI = {};
+    app.MachineII = {};
+    app.MachineIStatus = {};
+    app.Estimate = {};
+    app.DiagramLimits = ApplicationBlock().DiagramLimits;
+    app.ModelErrors = 0;
+    app.bMotorDbCheck = false;
+    // The check of no-load data compares with the factor that the build before has left, whatever the project was.
+    app.Model = {.cosphi_o = app.Model.cosphi_o};
+}
+
 void ComputeConstants(ApplicationBlock& app)
 {
     app.PI = 4 * std::atan(1.0);
@@ -185,6 +198,7 @@ void ResetProjectData()
     app.iCurrentSet = 1;
     app.bEvaluated = 0;
     app.bModelValid = false;
+    ResetMachines(app);
     ResetRowBuffers();
 }
 

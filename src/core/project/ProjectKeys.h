@@ -38,7 +38,7 @@ const char* TableName(ProjectTable table);
 const std::vector<ProjectKey>& ProjectKeys();
 
 /// Sets every field of the two tables to its default, with the constants of the block, and resets what else belongs to
-/// a project: marked sets, scale factors of the instrument. The simulation flag and the two energies
+/// a project: marked sets, machines, scale factors of the instrument. The simulation flag and the two energies
 /// by sign among the column choices keep what they had.
 void ResetProjectData();
 

@@ -63,6 +63,26 @@ void CreateTables()
 
 } // namespace
 
+namespace {
+
+MachineHooks& InstalledHooks()
+{
+    static MachineHooks hooks;
+    return hooks;
+}
+
+} // namespace
+
+void SetMachineHooks(MachineHooks hooks)
+{
+    InstalledHooks() = std::move(hooks);
+}
+
+const MachineHooks& Machines()
+{
+    return InstalledHooks();
+}
+
 void CreateProjectFile(const QString& path)
 {
     const bool wasThere = QFileInfo::exists(path);
@@ -94,6 +114,28 @@ void TransferMeasurementHeader(Direction direction)
     TransferKeys(direction, [](const ProjectKey& key) { return key.isMeasurementHeader; });
 }
 
+namespace {
+
+/// Reads the project in `sProjectPath` into the block; true if the file is write-protected.
+bool ReadProject()
+{
+    clsWaitCursor cursor;
+    cursor.Show();
+    const ProjectDbScope scope;
+    ProjectDb().RequirePlainTables(kTables);
+    TransferProjectData(Direction::Read);
+    if (!TableExists(QStringLiteral("SampledValues")))
+        throw DbError("no table SampledValues");
+    if (App().sMeasurementTerm.isEmpty())
+        UpdateMeasurementTerm();
+    else
+        RefreshSetCount();
+    ProjectDb().UseRollbackJournal();
+    return ProjectDb().IsReadOnly();
+}
+
+} // namespace
+
 void OpenProject(const QString& path)
 {
     App().bFileError = false;
@@ -101,19 +143,8 @@ void OpenProject(const QString& path)
     ResetProjectData();
     bool isReadOnly = false;
     try {
-        clsWaitCursor cursor;
-        cursor.Show();
-        const ProjectDbScope scope;
-        ProjectDb().RequirePlainTables(kTables);
-        isReadOnly = ProjectDb().IsReadOnly();
-        TransferProjectData(Direction::Read);
-        if (!TableExists(QStringLiteral("SampledValues")))
-            throw DbError("no table SampledValues");
-        if (App().sMeasurementTerm.isEmpty())
-            UpdateMeasurementTerm();
-        else
-            RefreshSetCount();
-        ProjectDb().UseRollbackJournal();
+        isReadOnly = ReadProject();
+        Machines().load();
     } catch (const DbError&) {
         ShowBadFormat(path);
         App().bFileError = true;

@@ -47,6 +47,9 @@ public:
     /// Whether the machine page can be shown, asked each time.
     void SetMachinePageCheck(std::function<bool()> check) { isMachinePageAllowed = std::move(check); }
 
+    /// The dialog in which another motor database is chosen; it stands in another room.
+    void SetMotorDatabaseChooser(std::function<bool()> chooser) { chooseMotorDatabase = std::move(chooser); }
+
     /// Puts title and version on the window and its first panel, and the texts of the table on the menu.
     void ApplyMainTexts();
 
@@ -83,6 +86,7 @@ public:
     void RefreshCaption() override;
     void AddFileMRU(const QString& path) override;
     void SelectRecentFile(const QString& path) override;
+    bool ChooseMotorDatabase() override { return chooseMotorDatabase(); }
     QStringList PrinterNames() override;
     QString DefaultPrinterName() override;
 
@@ -97,6 +101,7 @@ private:
     clsMRUMenu recentFiles;
     std::map<int, PageBuilder> builders;
     std::function<bool()> isMachinePageAllowed = [] { return true; };
+    std::function<bool()> chooseMotorDatabase = [] { return false; };
     QMdiArea* area;
     StatusPanels* panels;
     bool isProgressShown = false;
