@@ -31,6 +31,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 
 namespace korvanel {
 
@@ -198,35 +199,20 @@ QBoxLayout* FormF4::BuildButtonRow()
     row->addWidget(methodLabel);
     engineBox = new QComboBox;
     engineBox->setObjectName(QStringLiteral("cboEngine"));
-    FillMethods();
+    const std::array methods{Texts().methodSpaceVector, Texts().methodPowerBalance};
+    for (int method = 0; method < static_cast<int>(methods.size()); ++method)
+        if (IsMethodUsable(method))
+            engineBox->addItem(methods[static_cast<std::size_t>(method)], method);
+    engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
     engineBox->setVisible(HasMachine(App().iNetConfIndex));
     row->addWidget(engineBox);
     return row;
 }
 
-/// A method is offered if it can be used with what is known of the machine.
-void FormF4::FillMethods()
-{
-    constexpr std::array kMethods{&TextTable::methodSpaceVector, &TextTable::methodPowerBalance};
-    for (int method = 0; method < static_cast<int>(kMethods.size()); ++method)
-        if (IsMethodUsable(method))
-            engineBox->addItem(TextOf(kMethods.at(static_cast<std::size_t>(method))), method);
-    engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
-}
-
-void FormF4::TakeMethod()
-{
-    const QVariant method = engineBox->currentData();
-    if (!method.isValid() || method.toInt() == App().iCalcMethod)
-        return;
-    App().iCalcMethod = static_cast<qint16>(method.toInt());
-    App().bProjectDirty = true;
-}
-
 void FormF4::PressStart()
 {
-    if (!run.IsTicking() && HasMachine(App().iNetConfIndex))
-        TakeMethod();
+    if (!run.IsTicking() && engineBox->count() > 0 && HasMachine(App().iNetConfIndex))
+        App().iCalcMethod = static_cast<qint16>(engineBox->currentData().toInt());
     QPalette pressed = startButton->palette();
     pressed.setColor(QPalette::Button, palette().color(QPalette::Highlight));
     startButton->setPalette(pressed);

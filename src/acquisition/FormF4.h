@@ -53,8 +53,6 @@ private:
     QBoxLayout* BuildButtonRow();
     QLabel* AddValue(QBoxLayout& row, const char* name, const QString& caption);
     void BuildExtraTable();
-    void FillMethods();
-    void TakeMethod();
     void PressStart();
     void Tick();
     void FillExtraTable();
