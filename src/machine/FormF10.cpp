@@ -19,6 +19,7 @@
 #include "machine/FormH6.h"
 #include "machine/FormH8.h"
 #include "machine/FurtherTab.h"
+#include "machine/KnownGroup.h"
 #include "machine/MachineGrid.h"
 #include "machine/NoLoadPanel.h"
 #include "machine/NumberBox.h"
@@ -212,7 +213,7 @@ void FormF10::ShowState()
     showAllButton->setEnabled(isBrowsing && browser.IsFiltered());
     databaseButton->setEnabled(isBrowsing);
     infoButton->setEnabled(!isMeasuring);
-    commentBox->setReadOnly(!isEdited);
+    SetReadOnly(*commentBox, !isEdited);
     commentBox->setEnabled(!isMeasuring);
     tabs->tabBar()->setEnabled(!isMeasuring);
     ratingTab->SetEditing(isEdited);

@@ -129,6 +129,7 @@ void FurtherTab::SetEditing(bool isEditing)
     for (KnownGroup* group : groups)
         group->SetEditing(isEditing);
     frictionBox->setEnabled(isEditing);
+    SetReadable(*frictionBox, !isEditing);
 }
 
 } // namespace korvanel

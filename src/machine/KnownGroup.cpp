@@ -9,6 +9,24 @@
 
 namespace korvanel {
 
+void SetReadOnly(QLineEdit& line, bool isReadOnly)
+{
+    line.setReadOnly(isReadOnly);
+    QPalette palette;
+    if (isReadOnly)
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    line.setPalette(palette);
+}
+
+void SetReadable(QWidget& control, bool isReadable)
+{
+    QPalette palette;
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+        if (isReadable)
+            palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    control.setPalette(palette);
+}
+
 KnownGroup::KnownGroup(MachineKnowledge ofMachine, const QString& title)
     : QGroupBox(title), group(ofMachine), column(new QVBoxLayout(this)), knownBox(new QCheckBox(Texts().machineKnown))
 {
@@ -53,7 +71,9 @@ void KnownGroup::EnableControls()
     for (QWidget* control : controls) {
         auto* line = qobject_cast<QLineEdit*>(control);
         if (line)
-            line->setReadOnly(!isEdited); // can be read and copied all the same
+            SetReadOnly(*line, !isEdited); // can be read and copied all the same
+        else
+            SetReadable(*control, IsKnown() && !isEdited);
         control->setEnabled(IsKnown() && (isEdited || line));
         auto* list = qobject_cast<QComboBox*>(control);
         if (list && isEdited && IsKnown() && list->currentIndex() < 0)

@@ -8,9 +8,16 @@
 #include <vector>
 
 class QCheckBox;
+class QLineEdit;
 class QVBoxLayout;
 
 namespace korvanel {
+
+/// A box that can be read but not typed in takes the colour of the window.
+void SetReadOnly(QLineEdit& line, bool isReadOnly);
+
+/// Lets a disabled control show what it holds as clearly as an enabled one.
+void SetReadable(QWidget& control, bool isReadable);
 
 class KnownGroup : public QGroupBox
 {
