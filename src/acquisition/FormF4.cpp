@@ -19,6 +19,7 @@
 #include "diagrams/clsSymbols.h"
 #include "instruments/Catalogue.h"
 #include "instruments/FormH7.h"
+#include "machine/Algorithms_ASM_Start.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -30,6 +31,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 
 namespace korvanel {
 
@@ -197,8 +199,11 @@ QBoxLayout* FormF4::BuildButtonRow()
     row->addWidget(methodLabel);
     engineBox = new QComboBox;
     engineBox->setObjectName(QStringLiteral("cboEngine"));
-    engineBox->addItems({Texts().methodSpaceVector, Texts().methodPowerBalance});
-    engineBox->setCurrentIndex(App().iCalcMethod);
+    const std::array methods{Texts().methodSpaceVector, Texts().methodPowerBalance};
+    for (int method = 0; method < static_cast<int>(methods.size()); ++method)
+        if (IsMethodUsable(method))
+            engineBox->addItem(methods[static_cast<std::size_t>(method)], method);
+    engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
     engineBox->setVisible(HasMachine(App().iNetConfIndex));
     row->addWidget(engineBox);
     return row;
@@ -206,8 +211,8 @@ QBoxLayout* FormF4::BuildButtonRow()
 
 void FormF4::PressStart()
 {
-    if (!run.IsTicking() && HasMachine(App().iNetConfIndex))
-        App().iCalcMethod = static_cast<qint16>(engineBox->currentIndex());
+    if (!run.IsTicking() && engineBox->count() > 0 && HasMachine(App().iNetConfIndex))
+        App().iCalcMethod = static_cast<qint16>(engineBox->currentData().toInt());
     QPalette pressed = startButton->palette();
     pressed.setColor(QPalette::Button, palette().color(QPalette::Highlight));
     startButton->setPalette(pressed);

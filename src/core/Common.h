@@ -70,7 +70,9 @@ struct ApplicationBlock
     MachineRecord MachineII;
     MachineStatus MachineIStatus{};
     MachineModel Model;
-    LoadEstimate Estimate; ///< of the sample that was estimated last
+    LoadSample Sample;     ///< that was estimated last
+    QString SampleLetter;  ///< of the method by which it was
+    LoadEstimate Estimate; ///< of that sample
     DiagramLimitList DiagramLimits{500, 10, 50, 100, 50, 5000};
     qint32 ModelErrors = 0;     ///< of the model step that ran last
     bool bMotorDbCheck = false; ///< machines of the project are compared with the active motor database

@@ -91,6 +91,17 @@ struct MachineModel
     double k_maschine = 0; ///< W/Nm2, load losses are k M2
 };
 
+/// What the load estimation takes of a sample. Line voltage in V, line current in A, Hz, W with the sign of the flow,
+/// degrees with the sign of the reactive power.
+struct LoadSample
+{
+    double U = 0;
+    double I = 0;
+    double f = 0;
+    double P = 0;
+    double phi = 0;
+};
+
 /// Result of the load estimation for one sample.
 struct LoadEstimate
 {

@@ -4,9 +4,13 @@
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
+#include "data/EstimateUpdater.h"
 #include "data/FileManaging.h"
+#include "data/ValueColumns.h"
 #include "data/ValueTables.h"
+#include "machine/Algorithms_ASM_Start.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -156,6 +160,29 @@ bool RecomputeEveryRow()
     return true;
 }
 
+/// Opens the project and shows progress for the length of a scope.
+class PassOverSets
+{
+public:
+    PassOverSets()
+    {
+        OpenDbGuarded();
+        App().TheShell->ShowProgress(Progress::Begin, 0);
+    }
+    PassOverSets(const PassOverSets&) = delete;
+    PassOverSets& operator=(const PassOverSets&) = delete;
+    ~PassOverSets()
+    {
+        App().TheShell->ShowProgress(Progress::End, 1);
+        CloseDbGuarded();
+    }
+};
+
+void TellCannotWrite(const DbError& error)
+{
+    ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+}
+
 } // namespace
 
 bool RecomputeEnergies()
@@ -163,17 +190,85 @@ bool RecomputeEnergies()
     if (!RefreshSetCount())
         return true;
     ResetEnergies();
-    OpenDbGuarded();
-    App().TheShell->ShowProgress(Progress::Begin, 0);
-    bool isDone = false;
+    const PassOverSets pass;
     try {
-        isDone = RecomputeEveryRow();
+        return RecomputeEveryRow();
     } catch (const DbError& error) {
-        ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        TellCannotWrite(error);
+        return false;
     }
-    App().TheShell->ShowProgress(Progress::End, 1);
-    CloseDbGuarded();
-    return isDone;
+}
+
+bool IsEstimating()
+{
+    return HasMachine(App().iNetConfIndex) && App().bModelValid;
+}
+
+void EstimateRow(tValueRow& row)
+{
+    if (!IsEstimating())
+        return;
+    EstimateLoad(row.dU[kSum], row.dI[kSum], row.df, row.dP[kSum], row.dPhi[kSum], App().iCalcMethod);
+    const LoadEstimate& estimate = App().Estimate;
+    row.dn = estimate.n;
+    row.dM = estimate.M;
+    row.dPmech = estimate.Pmech;
+    row.deta = estimate.eta;
+    row.sMethod = App().SampleLetter;
+}
+
+void ComputeRow(bool withQuantities)
+{
+    tValueRow& row = App().CurrentRow;
+    if (withQuantities) {
+        DeriveFromUIP(row.dU[kSum], row.dI[kSum], row.df, row.dP[kSum], row.dPhi[kSum]);
+        row.dPhi[kSum] = App().dCalcPhi;
+        row.dQ[kSum] = App().dCalcQ;
+        row.dS[kSum] = App().dCalcS;
+        row.dCosPhi[kSum] = App().dCalcCosPhi;
+    }
+    EstimateRow(row);
+    row.bEdit = kCorrected;
+}
+
+namespace {
+
+void EstimateEverySet()
+{
+    const bool isEstimating = IsEstimating();
+    DbTransaction transaction(ProjectDb());
+    EstimateUpdater updater(ProjectDb(), isEstimating);
+    for (qint32 done = 0; updater.NextBlock();) {
+        for (const SampledSet& set : updater.Block()) {
+            if (!isEstimating)
+                break;
+            const auto& [U, I, f, P, phi] = set.sample;
+            EstimateLoad(U, I, f, P, phi, App().iCalcMethod);
+            updater.Store(set, App().Estimate, App().SampleLetter);
+        }
+        updater.MarkBlock(kCorrected);
+        done += static_cast<qint32>(updater.Block().size());
+        App().TheShell->ShowProgress(Progress::Advance, std::min(1.0, static_cast<double>(done) / App().iSetCount));
+    }
+    transaction.Commit();
+}
+
+} // namespace
+
+bool RecomputeAllRows()
+{
+    if (!RefreshSetCount())
+        return true;
+    const PassOverSets pass;
+    try {
+        EstimateEverySet();
+        App().bEvaluated = 0;
+        return true;
+    } catch (const DbError& error) {
+        ++App().iFileErrors;
+        TellCannotWrite(error);
+        return false;
+    }
 }
 
 } // namespace korvanel

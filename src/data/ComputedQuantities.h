@@ -1,7 +1,10 @@
 // Quantities that are not read but formed: apparent and reactive power, power factor and phase angle from voltage,
 // current and active power; energies by integration where the instrument has no registers, and relative to the first
-// set where it has.
+// set where it has. And the row operation that everything goes through which changes a row: derived quantities, then
+// the load estimation of the machine.
 #pragma once
+
+#include "core/ValueRow.h"
 
 namespace korvanel {
 
@@ -63,5 +66,20 @@ void FormRelativeEnergies();
 /// Forms the energies of all sets anew from their powers and times. All sets change or none: a failure is told by the
 /// row operation and takes everything back. False then.
 bool RecomputeEnergies();
+
+/// Whether the sets of the project are estimated: a net configuration with a machine, and a valid model of it.
+bool IsEstimating();
+
+/// Estimates speed, torque, shaft power and efficiency of a row by the method of the project, with its letter. Without
+/// a valid machine the row keeps what it holds. Throws ArithmeticFault; the row is as before then.
+void EstimateRow(tValueRow& row);
+
+/// The row operation on `CurrentRow`: `DeriveFromUIP` into the row if `withQuantities` is set, the estimation, and the
+/// mark of correction. Throws ArithmeticFault.
+void ComputeRow(bool withQuantities);
+
+/// Estimates all sets anew, as after a change of machine or method, and marks every one as corrected. All sets change
+/// or none. A failure of the file is told and counted in `iFileErrors`: false then. Throws ArithmeticFault.
+bool RecomputeAllRows();
 
 } // namespace korvanel

@@ -14,8 +14,6 @@ namespace korvanel {
 
 namespace {
 
-constexpr quint8 kCorrected = 255;
-
 /// Runs a row operation; its failure is told once and counted.
 template <typename Routine>
 bool RowOperation(const QString& complaint, Routine&& routine)
@@ -64,6 +62,7 @@ void OpenSimulatedRecordset()
 
 bool AppendMeasuredRow()
 {
+    EstimateRow(App().MeasuredRow); // a fault in arithmetic ends the run, not only this row
     return RowOperation(Texts().cannotWriteFile, [] {
         ApplicationBlock& app = App();
         app.bEvaluated = 0;
@@ -72,14 +71,12 @@ bool AppendMeasuredRow()
             FormRelativeEnergies();
         else if (IntegratesEnergy(app.iNetConfIndex))
             StepEnergyOnline();
-        if (HasMachine(app.iNetConfIndex))
-            row.sMethod = app.MethodLetter.at(static_cast<std::size_t>(app.iCalcMethod));
         const quint8 mark = row.sValidMask == QLatin1String("NNNN") ? 0 : kCorrected;
         Prepared<RowWriter>(RecordsetSlot::Write, app.iNetConfIndex, RowOrigin::Measured)
             .Append(row, {.set = row.lSet,
                           .time = StoredDateText(PresentMoment()),
                           .mark = mark,
-                          .isEstimated = app.bModelValid});
+                          .isEstimated = IsEstimating()});
     });
 }
 

@@ -14,8 +14,8 @@ void OpenJoinedRecordset();
 void OpenSimulatedRecordset();
 
 /// Adds `MeasuredRow` under its set number and the present moment: the row is on disk when this returns true.
-/// The energies by integration or the relative registers are formed on the way. Without a valid machine the columns of
-/// the load estimation stay null.
+/// The load of a valid machine is estimated, and the energies by integration or the relative registers are formed on
+/// the way. Without a valid machine the columns of the load estimation stay null. Throws ArithmeticFault.
 bool AppendMeasuredRow();
 
 /// Adds `CurrentRow` as a set made by hand: marked as corrected, without a time stamp, energies 0.

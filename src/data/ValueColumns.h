@@ -23,6 +23,9 @@ enum class ColumnType
     Letter,   ///< letter of the estimation method
 };
 
+/// Mark of a set that is not as it was measured.
+inline constexpr quint8 kCorrected = 255;
+
 enum class ValueTable
 {
     Sampled,
