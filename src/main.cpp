@@ -29,6 +29,7 @@
 #include "instruments/PortNames.h"
 #include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
+#include "machine/FormF10.h"
 #include "machine/FormH11.h"
 #include "machine/MotorDatabase.h"
 
@@ -59,6 +60,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
     window.RegisterPage(kPageDevice, Build<FormF3>);
     window.RegisterPage(kPageMeasure, Build<FormF4>);
+    window.RegisterPage(kPageMachine, Build<FormF10>);
 }
 
 void ConnectPageEntries(MainWindow& window)

@@ -83,6 +83,38 @@ TEST_F(FormF4Test, IdlePage_OffersStartAndNothingToDrop)
     EXPECT_TRUE(Find<QWidget>("cboEngine").isHidden());
 }
 
+TEST_F(FormF4Test, Methods_AreThoseThatCanBeUsedWithTheirNumberAsData)
+{
+    struct Case
+    {
+        bool isConnectionKnown;
+        bool isRatingKnown;
+        QStringList texts;
+    };
+    const Case cases[] = {{true, true, {"Raumvektor (V)", "Leistungsbilanz (P)"}},
+                          {true, false, {"Raumvektor (V)"}},
+                          {false, true, {"Leistungsbilanz (P)"}}};
+    for (const Case& c : cases) {
+        App().bModelValid = false;
+        OpenInWindow(2);
+        App().bModelValid = true;
+        App().MachineIStatus[kConnectionKnown] = c.isConnectionKnown;
+        App().MachineIStatus[kRatingKnown] = c.isRatingKnown;
+        window.UnloadAndOpen(4);
+        auto& box = Find<QComboBox>("cboEngine");
+        QStringList texts;
+        for (int i = 0; i < box.count(); ++i) {
+            texts << box.itemText(i);
+            EXPECT_EQ(box.itemData(i).toInt(), box.itemText(i).startsWith("Raum") ? 0 : 1);
+        }
+        EXPECT_EQ(texts, c.texts);
+        EXPECT_EQ(box.currentData().toInt(), c.isRatingKnown ? 1 : 0) << "the project's method, if it can be used";
+        EXPECT_FALSE(box.isHidden());
+        window.UnloadPage();
+        QFile::remove(App().sProjectPath);
+    }
+}
+
 TEST_F(FormF4Test, HardwareRatios_StandOnThePageOfAConnectedInstrument)
 {
     ShowPage();

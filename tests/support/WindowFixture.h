@@ -13,7 +13,8 @@
 #include "core/window/PageTable.h"
 #include "diagrams/clsGraphColours.h"
 #include "instruments/FormF2.h"
-#include "support/ProjectFixture.h"
+#include "machine/FormF10.h"
+#include "support/MotorDbFixture.h"
 #include "support/ScriptedPort.h"
 
 #include <QAction>
@@ -50,6 +51,10 @@ protected:
         window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
         window.RegisterPage(kPageDevice, Build<FormF3>);
         window.RegisterPage(kPageMeasure, Build<FormF4>);
+        window.RegisterPage(kPageMachine, Build<FormF10>);
+        App().sMotorDbPath = PathOf("NO_MOTORS.MDB");
+        SQLite::Database(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+            .exec(kCreateMotor);
         window.ApplyMainTexts();
         window.show();
     }

@@ -2,6 +2,7 @@
 
 #include "core/Common.h"
 #include "core/Messages.h"
+#include "core/NumberText.h"
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
 #include "core/Texts.h"
@@ -158,6 +159,11 @@ void MainWindow::SetPageButtons(bool areEnabled)
     page->findChild<QPushButton*>(QStringLiteral("cmdBack"))->setEnabled(areEnabled);
     page->findChild<QPushButton*>(QStringLiteral("cmdForw"))
         ->setEnabled(areEnabled && page->Entry().forward != kNoPageOnShow);
+}
+
+void MainWindow::ShowDatabase(const QString& name)
+{
+    panels->ShowDatabase(name.isEmpty() ? name : FillPlaceholders(Texts().machineDatabasePanel, {name}));
 }
 
 void MainWindow::RefreshStatusBar()

@@ -61,6 +61,8 @@ public:
     void LeavePage();
     /// Buttons of a page that a run must not be left by.
     void SetPageButtons(bool areEnabled);
+    /// Shows the file name of the motor database in the status bar; an empty name ends that.
+    void ShowDatabase(const QString& name);
     Page* PageOnShow() const { return page; }
     MainMenu& Menu() { return *menu; }
 

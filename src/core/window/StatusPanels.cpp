@@ -13,7 +13,7 @@ namespace korvanel {
 
 StatusPanels::StatusPanels()
     : programPanel(AddPanel("lblPanel_0", 1)), filePanel(AddPanel("lblPanel_1", 2)),
-      percentPanel(AddPanel("lblPanel_2", 0))
+      databasePanel(AddPanel("lblPanel_3", 0)), percentPanel(AddPanel("lblPanel_2", 0))
 {
     constexpr int kPercentWidth = 140;
     percentPanel->setFixedWidth(kPercentWidth);
@@ -38,6 +38,13 @@ void StatusPanels::ShowFile(const QString& name)
 {
     filePanel->setText(name);
     filePanel->setToolTip(PlainToolTip(name));
+}
+void StatusPanels::ShowDatabase(const QString& text)
+{
+    constexpr int kWidest = 260;
+    databasePanel->setText(fontMetrics().elidedText(text, Qt::ElideMiddle, kWidest));
+    databasePanel->setToolTip(PlainToolTip(text));
+    databasePanel->setVisible(!text.isEmpty());
 }
 
 void StatusPanels::BeginProgress()

@@ -1,5 +1,5 @@
-// The status bar: program and version, file of the project, and the share of a long operation with a progress bar over
-// it.
+// The status bar: program and version, file of the project, on the machine page the motor database, and the share of a
+// long operation with a progress bar over it.
 #pragma once
 
 #include <QStatusBar>
@@ -17,6 +17,8 @@ public:
     StatusPanels();
     void ShowProgram(const QString& text);
     void ShowFile(const QString& name);
+    /// File of the motor database; empty where none matters.
+    void ShowDatabase(const QString& text);
 
     void BeginProgress();
     /// Shows a share from 0 up to below 1; any other is ignored. True if the bar has moved.
@@ -28,6 +30,7 @@ private:
 
     QLabel* programPanel;
     QLabel* filePanel;
+    QLabel* databasePanel;
     QLabel* percentPanel;
     QProgressBar* progressBar = nullptr;
 };

@@ -1,0 +1,64 @@
+#include "machine/KnownGroup.h"
+
+#include "core/Texts.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+KnownGroup::KnownGroup(MachineKnowledge ofMachine, const QString& title)
+    : QGroupBox(title), group(ofMachine), column(new QVBoxLayout(this)), knownBox(new QCheckBox(Texts().machineKnown))
+{
+    constexpr int kMargin = 6;
+    constexpr int kSpacing = 4;
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    column->setSpacing(kSpacing);
+    knownBox->setObjectName(QStringLiteral("chkstatus_%1").arg(static_cast<int>(group)));
+    knownBox->setAccessibleName(title + QStringLiteral(": ") + Texts().machineKnown);
+    connect(knownBox, &QCheckBox::toggled, this, [this](bool isKnown) {
+        EnableControls();
+        emit KnownChanged(isKnown);
+    });
+    EnableControls();
+}
+
+void KnownGroup::Govern(QWidget* control)
+{
+    controls.push_back(control);
+    EnableControls();
+}
+
+bool KnownGroup::IsKnown() const
+{
+    return knownBox->isChecked();
+}
+
+void KnownGroup::SetKnown(bool isKnown)
+{
+    knownBox->setChecked(isKnown);
+}
+
+void KnownGroup::SetEditing(bool isEditing)
+{
+    isEdited = isEditing;
+    EnableControls();
+}
+
+void KnownGroup::EnableControls()
+{
+    knownBox->setEnabled(isEdited);
+    for (QWidget* control : controls) {
+        auto* line = qobject_cast<QLineEdit*>(control);
+        if (line)
+            line->setReadOnly(!isEdited); // can be read and copied all the same
+        control->setEnabled(IsKnown() && (isEdited || line));
+        auto* list = qobject_cast<QComboBox*>(control);
+        if (list && isEdited && IsKnown() && list->currentIndex() < 0)
+            list->setCurrentIndex(0); // what is said to be known has a value
+    }
+}
+
+} // namespace korvanel
