@@ -148,6 +148,7 @@ private:
         driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Wandler / Messbereich"));
         driver.Choose(QStringLiteral("cboEnd_1"), QStringLiteral("50"));
         driver.Choose(QStringLiteral("cboEnd_2"), QStringLiteral("50"));
+        driver.Choose(QStringLiteral("cboEnd_4"), QStringLiteral("500"));
         Picture(QStringLiteral("4-wandler"));
         driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Zeitsteuerung"));
         Picture(QStringLiteral("4-zeitsteuerung"));
