@@ -37,30 +37,20 @@ constexpr MotorColumn kColumns[] = {
     {"Mreib", &R::Mreib},
 };
 
-/// Routines for each type of member, told apart by the type of their first argument.
-template <typename... Routines>
-struct ByType : Routines...
-{
-    using Routines::operator()...;
-};
-
 std::string Bracketed(const MotorColumn& column)
 {
     return std::string("[") + column.name + ']';
 }
 
-const char* SqlTypeOf(const MotorColumn& column)
+struct SqlType
 {
-    return std::visit(ByType{
-                          [](std::optional<qint32> R::*) { return "INTEGER PRIMARY KEY"; },
-                          [](qint16 R::*) { return "INTEGER NOT NULL"; },
-                          [](bool R::*) { return "INTEGER NOT NULL"; },
-                          [](std::optional<double> R::*) { return "REAL"; },
-                          [](QString R::*) { return "TEXT"; },
-                          [](std::optional<QString> R::*) { return "TEXT"; },
-                      },
-                      column.member);
-}
+    const char* operator()(std::optional<qint32> R::*) const { return "INTEGER PRIMARY KEY"; }
+    const char* operator()(qint16 R::*) const { return "INTEGER NOT NULL"; }
+    const char* operator()(bool R::*) const { return "INTEGER NOT NULL"; }
+    const char* operator()(std::optional<double> R::*) const { return "REAL"; }
+    const char* operator()(QString R::*) const { return "TEXT"; }
+    const char* operator()(std::optional<QString> R::*) const { return "TEXT"; }
+};
 
 // Reading.
 
@@ -95,9 +85,10 @@ std::optional<QString> TextOf(const SQLite::Column& value)
 template <typename Read, typename Member>
 bool Take(std::optional<Read>&& read, Member& member)
 {
-    if (read)
-        member = *std::move(read);
-    return read.has_value();
+    if (!read)
+        return false;
+    member = *std::move(read);
+    return true;
 }
 
 struct Taker
@@ -188,7 +179,8 @@ QString CreateMotorStatement()
     for (const MotorColumn& column : kColumns) {
         if (!columns.isEmpty())
             columns += QStringLiteral(", ");
-        columns += QString::fromStdString(Bracketed(column)) + u' ' + QLatin1String(SqlTypeOf(column));
+        columns +=
+            QString::fromStdString(Bracketed(column)) + u' ' + QLatin1String(std::visit(SqlType(), column.member));
     }
     return QStringLiteral("CREATE TABLE [%1] ( %2 );").arg(QLatin1String(kMotorTable), columns);
 }

@@ -350,6 +350,35 @@ TEST_F(ProgramTest, TheAddressSearchNeedsNoProjectAndCanBeLeft)
     EXPECT_TRUE(program.IsRunning());
 }
 
+TEST_F(ProgramTest, TheMotorDatabaseStandsBesideTheProgramAndCanBeChanged)
+{
+    const QString delivered = QFileInfo(KORVANEL_PROGRAM).dir().filePath("MOTORDATABASE/MOTOR_DB.MDB");
+    const QString own = PathOf("eigene.mdb");
+    ASSERT_TRUE(QFile::copy(delivered, own));
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuDatabaseOpt");
+    program.WaitForWindow("FormH11");
+    EXPECT_EQ(program.Text("lblDatabase"), delivered);
+    program.Trigger("cmdAbort");
+    program.WaitForQuiet();
+    program.CloseMainWindow();
+    EXPECT_EQ(program.WaitForEnd(), 0);
+
+    WriteSetting("Settings/Mdb", own); // as the dialog stores it
+    ProgramDriver again(settings);
+    again.Start();
+    again.WaitForWindow("MainForm");
+    again.Trigger("mnuDatabaseOpt");
+    again.WaitForWindow("FormH11");
+    EXPECT_EQ(again.Text("lblDatabase"), own);
+    EXPECT_TRUE(again.IsEnabled("cmdOK")); // the file in use is marked
+    again.Trigger("cmdOK");
+    again.WaitForQuiet();
+    EXPECT_EQ(Setting("Settings/Mdb"), own);
+}
+
 TEST_F(ProgramTest, TheMeasuringConfigurationIsStoredWithTheProject)
 {
     ProgramDriver program(settings);
@@ -374,7 +403,7 @@ TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
     ProgramDriver program(settings);
     program.Start();
     program.WaitForWindow("MainForm");
-    program.Trigger("mnuDatabaseOpt");
+    program.Trigger("mnuConvert");
     EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
     program.WaitForQuiet();
     NewProject(program, PathOf("x"));

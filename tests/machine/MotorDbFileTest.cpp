@@ -1,4 +1,5 @@
 // The motor database that the build makes: its rows agree with themselves and with what is published.
+#include "machine/Algorithms_ASM_Start.h"
 #include "machine/MotorColumns.h"
 #include "machine/MotorDatabase.h"
 #include "support/MotorDbFixture.h"
@@ -92,6 +93,22 @@ TEST_F(MotorDbFile, EveryRowIsConsistent)
         EXPECT_NEAR(ratio / *m.eta, 1, kConsistent) << name;
         EXPECT_GT(electrical * *m.Pmech, 0) << name; // both flow the same way
     }
+}
+
+TEST_F(MotorDbFile, EveryRowBuildsAModelThatAgreesWithIt)
+{
+    for (const MachineLine& line : lines) {
+        const std::string name = line.record.Hersteller.toStdString();
+        App().MachineI = line.record;
+        App().bModelValid = false;
+        BuildMachineModel();
+        EXPECT_TRUE(App().bModelValid) << name;
+        EXPECT_EQ(App().MachineI.Polpaarzahl, line.record.Polpaarzahl) << name;
+        EXPECT_NEAR(*App().MachineI.M / *line.record.M, 1, kConsistent) << name;
+        EXPECT_NEAR(*App().MachineI.eta / *line.record.eta, 1, kConsistent) << name;
+        EXPECT_GT(App().Model.k_maschine, 0) << name;
+    }
+    EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
 }
 
 TEST_F(MotorDbFile, SpeedsLieOnTheRightSideOfTheSynchronousOne)

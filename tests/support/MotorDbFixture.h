@@ -74,6 +74,18 @@ protected:
         for (MachineRecord& machine : machines)
             WriteMachine(db, machine, true);
     }
+    bool HasDuplicate(MachineRecord record) const
+    {
+        TableDb db = OpenFile();
+        return FindDuplicate(db, record, DuplicateScope::Any);
+    }
+    MachineRecord Read(qint32 number) const
+    {
+        TableDb db = OpenFile();
+        MachineRecord record;
+        ReadMachine(db, number, record);
+        return record;
+    }
     QString QueryMotors(const QString& sql) const { return QueryFile(App().sMotorDbPath, sql); }
     void ExecuteMotors(const QString& sql) const
     {

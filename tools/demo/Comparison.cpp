@@ -80,6 +80,15 @@ std::vector<Sample> StoredSamples(const QString& projectFile)
     return samples;
 }
 
+/// Sets whose speed, torque, shaft power or efficiency was not estimated.
+int SetsWithoutEstimate(const QString& projectFile)
+{
+    SQLite::Database db(projectFile.toStdString());
+    SQLite::Statement query(db, "SELECT count(*) FROM ComputedValues WHERE n IS NULL OR M IS NULL OR Pmech IS NULL OR "
+                                "eta IS NULL OR Method IS NULL");
+    return query.executeStep() ? query.getColumn(0).getInt() : 0;
+}
+
 } // namespace
 
 Comparison CompareRecording(const QString& projectFile, const std::vector<LoggedExchange>& log,
@@ -92,6 +101,8 @@ Comparison CompareRecording(const QString& projectFile, const std::vector<Logged
     if (sent.size() != stored.size())
         result.differences
             << QStringLiteral("%1 samples were sent and %2 sets are stored").arg(sent.size()).arg(stored.size());
+    if (const int missing = SetsWithoutEstimate(projectFile); missing > 0)
+        result.differences << QStringLiteral("%1 sets carry no estimate of the machine").arg(missing);
     for (std::size_t set = 0; set < std::min(sent.size(), stored.size()); ++set)
         for (std::size_t i = 0; i < kValues.size(); ++i) {
             ++result.values;

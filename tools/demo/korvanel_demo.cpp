@@ -41,6 +41,7 @@ public:
         CreateProject();
         DescribeProject();
         ChooseNetConfiguration();
+        ChooseMachine();
         SearchAddress();
         ConfigureInstrument();
         Record();
@@ -81,9 +82,41 @@ private:
     {
         driver.Trigger(QStringLiteral("cmdForw"));
         driver.WaitForControl(QStringLiteral("FormF2"));
-        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("3-Phasen-Netz"));
-        driver.Trigger(QStringLiteral("optNetConf_1"));
+        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Asynchronmaschine"));
+        driver.Trigger(QStringLiteral("optNetConf_2"));
         Picture(QStringLiteral("2-netz-konfiguration"));
+    }
+
+    /// The measured motor, found by its pole pairs, power and voltage.
+    void ChooseMachine()
+    {
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF10"));
+        driver.Trigger(QStringLiteral("cmdSearchWin"));
+        driver.WaitForControl(QStringLiteral("FormH6"));
+        const char* const wanted[] = {"2", "18,5", "400"};
+        for (int i = 0; i < 3; ++i)
+            driver.Type(QStringLiteral("txtSearch_%1").arg(i), QLatin1String(wanted[i]));
+        driver.Grab(QStringLiteral("FormH6"), folder.filePath(QStringLiteral("3-maschine-suchen.png")));
+        driver.Trigger(QStringLiteral("cmdSearch"));
+        driver.WaitUntilGone(QStringLiteral("FormH6"));
+        constexpr int kMostMachines = 200;
+        for (int i = 0; !driver.Text(QStringLiteral("txtComment")).contains(QStringLiteral("gemessen")); ++i) {
+            if (i == kMostMachines)
+                throw DriverError("the measured motor is not in the database");
+            driver.Trigger(QStringLiteral("cmdBrowse_2"));
+        }
+        driver.Choose(QStringLiteral("tabAsync"), QStringLiteral("Maschinen"));
+        Picture(QStringLiteral("3-maschinen"));
+        driver.Choose(QStringLiteral("tabAsync"), QStringLiteral("Bemessungs- und Leerlaufdaten"));
+        Picture(QStringLiteral("3-maschine-bemessung"));
+        driver.Choose(QStringLiteral("tabAsync"), QStringLiteral("Weitere Angaben"));
+        Picture(QStringLiteral("3-maschine-weiteres"));
+        driver.Trigger(QStringLiteral("cmdInfo_1"));
+        driver.WaitForControl(QStringLiteral("FormH8"));
+        driver.Grab(QStringLiteral("FormH8"), folder.filePath(QStringLiteral("3-maschine-modell.png")));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH8"));
     }
 
     /// As a user does who doesn't know the address of the instrument.
@@ -97,7 +130,7 @@ private:
         driver.Trigger(QStringLiteral("cmdSearch_1"));
         while (!driver.IsEnabled(QStringLiteral("cmdOK")))
             QThread::msleep(50);
-        driver.Grab(QStringLiteral("FormH5"), folder.filePath(QStringLiteral("3-adresssuche.png")));
+        driver.Grab(QStringLiteral("FormH5"), folder.filePath(QStringLiteral("4-adresssuche.png")));
         driver.Trigger(QStringLiteral("cmdOK"));
         driver.WaitUntilGone(QStringLiteral("FormH5"));
     }
@@ -115,6 +148,7 @@ private:
         driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Wandler / Messbereich"));
         driver.Choose(QStringLiteral("cboEnd_1"), QStringLiteral("50"));
         driver.Choose(QStringLiteral("cboEnd_2"), QStringLiteral("50"));
+        driver.Choose(QStringLiteral("cboEnd_4"), QStringLiteral("500"));
         Picture(QStringLiteral("4-wandler"));
         driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Zeitsteuerung"));
         Picture(QStringLiteral("4-zeitsteuerung"));
