@@ -88,6 +88,8 @@ LoadEstimate EstimateByPowerBalance(const EstimationConstants& machine, const Lo
     if (f == 0)
         return {};
     double noLoadPower = NoLoadPowerAt(machine.noLoadPower, U, machine.ratedU, f, machine.ratedF);
+    if (!std::isfinite(noLoadPower))
+        return kNoEstimate;
     LoadEstimate estimate;
     estimate.M = TorqueFromPower(machine, U, f, P, noLoadPower);
     estimate.n = SpeedFromTorque(machine.rotor, estimate.M, U, f);

@@ -49,12 +49,14 @@ LoadEstimate EstimateBySpaceVector(const EstimationConstants& machine, const Loa
     const auto& [U, I, f, P, phi] = sample;
     if (f == 0)
         return {};
+    // The no-load power is only the floor of the efficiency here.
+    const double noLoadPower = NoLoadPowerAt(machine.noLoadPower, U, machine.ratedU, f, machine.ratedF);
+    if (!std::isfinite(noLoadPower))
+        return kNoEstimate;
     LoadEstimate estimate;
     estimate.M = CorrectedSpaceVectorTorque(machine, sample);
     estimate.n = SpeedFromTorque(machine.rotor, estimate.M, U, f);
     estimate.Pmech = ShaftPower(estimate.M, estimate.n);
-    // The no-load power is only the floor of the efficiency here.
-    const double noLoadPower = NoLoadPowerAt(machine.noLoadPower, U, machine.ratedU, f, machine.ratedF);
     estimate.eta = Efficiency(estimate.Pmech, P, noLoadPower);
     return estimate;
 }

@@ -4,6 +4,7 @@
 
 #include "core/Machine.h"
 
+#include <limits>
 #include <string_view>
 
 namespace korvanel {
@@ -41,6 +42,10 @@ struct EstimationConstants
     bool isFactorFixed = false;
     StatorConnection connection = StatorConnection::Delta;
 };
+
+/// Result of an estimation in which a number has left the range of a double, so that no guard may hide it.
+inline constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+inline constexpr LoadEstimate kNoEstimate{kNoNumber, kNoNumber, kNoNumber, kNoNumber};
 
 EstimationConstants ConstantsOf(const MachineRecord& record, const MachineModel& model);
 

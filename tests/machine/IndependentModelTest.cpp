@@ -1,6 +1,6 @@
 // The model and both estimators against a table that another program has calculated: see independent_model.py, which
-// shares nothing with this one and works with 50 digits. A larger table of its making is compared too if the environment
-// names one in KORVANEL_MODEL_TABLE.
+// shares nothing with this one and works with 50 digits. A larger table of its making is compared too if the
+// environment names one in KORVANEL_MODEL_TABLE.
 #include "core/Common.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/Fixture.h"
@@ -18,21 +18,36 @@ namespace {
 constexpr double kTolerance = 1e-12;
 
 const std::map<std::string, double MachineModel::*> kModelFields{
-    {"Pelec_n", &MachineModel::Pelec_n},         {"n_syn_n", &MachineModel::n_syn_n},
-    {"phi_n", &MachineModel::phi_n},             {"Nennschlupf", &MachineModel::Nennschlupf},
-    {"Kippschlupf", &MachineModel::Kippschlupf}, {"Kippmoment", &MachineModel::Kippmoment},
-    {"Mreib_rech", &MachineModel::Mreib_rech},   {"cosphi_o", &MachineModel::cosphi_o},
-    {"phi_o", &MachineModel::phi_o},             {"n_syn_o", &MachineModel::n_syn_o},
-    {"Po_rech", &MachineModel::Po_rech},         {"Po_regress", &MachineModel::Po_regress},
-    {"Po_polynom", &MachineModel::Po_polynom},   {"Po_RZM", &MachineModel::Po_RZM},
-    {"Po_D_n", &MachineModel::Po_D_n},           {"Po_Y_n", &MachineModel::Po_Y_n},
-    {"Po_D_o", &MachineModel::Po_D_o},           {"Po_Y_o", &MachineModel::Po_Y_o},
-    {"M_RZM_D_n", &MachineModel::M_RZM_D_n},     {"M_RZM_Y_n", &MachineModel::M_RZM_Y_n},
-    {"M_RZM_D_o", &MachineModel::M_RZM_D_o},     {"M_RZM_Y_o", &MachineModel::M_RZM_Y_o},
-    {"Mreib_D_n", &MachineModel::Mreib_D_n},     {"Mreib_Y_n", &MachineModel::Mreib_Y_n},
-    {"k_RZM", &MachineModel::k_RZM},             {"Tth_ICL", &MachineModel::Tth_ICL},
-    {"Tth", &MachineModel::Tth},                 {"R2", &MachineModel::R2},
-    {"Rs_rech", &MachineModel::Rs_rech},         {"Rs_polynom", &MachineModel::Rs_polynom},
+    {"Pelec_n", &MachineModel::Pelec_n},
+    {"n_syn_n", &MachineModel::n_syn_n},
+    {"phi_n", &MachineModel::phi_n},
+    {"Nennschlupf", &MachineModel::Nennschlupf},
+    {"Kippschlupf", &MachineModel::Kippschlupf},
+    {"Kippmoment", &MachineModel::Kippmoment},
+    {"Mreib_rech", &MachineModel::Mreib_rech},
+    {"cosphi_o", &MachineModel::cosphi_o},
+    {"phi_o", &MachineModel::phi_o},
+    {"n_syn_o", &MachineModel::n_syn_o},
+    {"Po_rech", &MachineModel::Po_rech},
+    {"Po_regress", &MachineModel::Po_regress},
+    {"Po_polynom", &MachineModel::Po_polynom},
+    {"Po_RZM", &MachineModel::Po_RZM},
+    {"Po_D_n", &MachineModel::Po_D_n},
+    {"Po_Y_n", &MachineModel::Po_Y_n},
+    {"Po_D_o", &MachineModel::Po_D_o},
+    {"Po_Y_o", &MachineModel::Po_Y_o},
+    {"M_RZM_D_n", &MachineModel::M_RZM_D_n},
+    {"M_RZM_Y_n", &MachineModel::M_RZM_Y_n},
+    {"M_RZM_D_o", &MachineModel::M_RZM_D_o},
+    {"M_RZM_Y_o", &MachineModel::M_RZM_Y_o},
+    {"Mreib_D_n", &MachineModel::Mreib_D_n},
+    {"Mreib_Y_n", &MachineModel::Mreib_Y_n},
+    {"k_RZM", &MachineModel::k_RZM},
+    {"Tth_ICL", &MachineModel::Tth_ICL},
+    {"Tth", &MachineModel::Tth},
+    {"R2", &MachineModel::R2},
+    {"Rs_rech", &MachineModel::Rs_rech},
+    {"Rs_polynom", &MachineModel::Rs_polynom},
     {"k_maschine", &MachineModel::k_maschine},
 };
 
@@ -167,7 +182,8 @@ private:
         const double difference = std::abs(value - expected);
         const double relative = expected == 0 ? difference : difference / std::abs(expected);
         greatest = std::max(greatest, relative);
-        EXPECT_LE(relative, kTolerance) << "line " << lineNumber << ", " << name << ": " << value << " for " << expected;
+        EXPECT_LE(relative, kTolerance) << "line " << lineNumber << ", " << name << ": " << value << " for "
+                                        << expected;
     }
 
     int lineNumber = 0;

@@ -8,6 +8,9 @@ the fields of record and model), so that what it writes is what exact arithmetic
 
     independent_model.py [machines [samples for each [seed]]] > table.txt
 
+Where a result is the small difference of two great numbers, doubles lose the digits that the comparison is about, however
+well the program calculates. Such machines and samples are left out; `loss` tells how much greater the two numbers are.
+
 A line is a kind and its fields, separated by blanks: "machine" with the record, "status", "model" with name=value,
 "sample" with inputs and both estimates, "limits". "-" stands for what is not known.
 """
@@ -147,8 +150,27 @@ class Stop(Exception):
     pass
 
 
+def loss_of(terms, result):
+    return max(abs(t) for t in terms) / abs(result) if result else D(1)
+
+
+def model_loss(rec, m):
+    """How many times greater than a result of the model the numbers are whose difference it is."""
+    losses = [D(1)]
+    for c in "DY":
+        if "Mreib_%s_n" % c in m:
+            losses.append(loss_of([m["M"]], m["Mreib_%s_n" % c]))
+        if "M_RZM_%s_o" % c in m:
+            losses.append(loss_of([rec["Uo"] * rec["Io"] * rec["p"] / rec["fo"]], m["M_RZM_%s_o" % c]))
+    if "Po_RZM" in m:
+        losses.append(loss_of([shaft_power(m["M"], m["n_syn_n"])], m["Po_RZM"]))
+    if "k_maschine" in m:
+        losses.append(loss_of([m["Pelec_n"]], m["k_maschine"] * m["M"] ** 2))
+    return max(losses)
+
+
 def build(rec):
-    """Model of a machine: (values, message, valid)."""
+    """Model of a machine: (values, status, message)."""
     m = {}
     rating, no_load = rec["Pmech"] is not None, rec["Po"] is not None
     status = [rating, no_load, rec["p"] >= 1] + [rec[k] is not None for k in ("con", "Rs", "stall", "Tth", "cl", "mass")]
@@ -294,7 +316,7 @@ def balance(rec, m, u, i, f, p_el, phi):
     torque, loss2 = torque_from_power(rec, m, u, f, p_el, pv)
     n = speed_from_torque(rec, m, torque, u, f)
     pmech = shaft_power(torque, n)
-    return [n, torque, pmech, efficiency(pmech, p_el, pv), max(loss1, loss2)]
+    return [n, torque, pmech, efficiency(pmech, p_el, pv), max(loss1, loss2, loss_of([ns], n))]
 
 
 def vector(rec, m, u, i, f, p_el, phi):
@@ -313,6 +335,8 @@ def vector(rec, m, u, i, f, p_el, phi):
     # An angle near 0 or 180 degrees is the difference of two nearly equal ones within the sine.
     if m0:
         loss = max(loss, abs(u * i * rec["p"] / f / m0))
+    if rec["p"]:
+        loss = max(loss, loss_of([60 * f / rec["p"]], n))
     return [n, torque, pmech, efficiency(pmech, p_el, pv), loss]
 
 
@@ -411,11 +435,15 @@ def main():
     arguments = [int(a) for a in sys.argv[1:]] + [None] * 3
     machines, samples, seed = arguments[0] or 600, arguments[1] or 4, arguments[2] or 20260314
     rng = random.Random(seed)
-    most_loss = D(200)  # digits lost beyond this are the doubles', not the formula's: such a sample tells nothing
-    for _ in range(machines):
+    most_loss = D(200)
+    while machines > 0:
         rec, U, f, I = machine(rng)
-        print("machine", *[text(rec[k]) for k in FIELDS])
+        entered = [text(rec[k]) for k in FIELDS]
         m, status, message = build(rec)
+        if model_loss(rec, m) > most_loss:
+            continue
+        machines -= 1
+        print("machine", *entered)
         valid = message == 0 and (status[0] or (status[2] and status[3]))
         print("status", message, int(valid), rec["p"], "".join("01"[s] for s in status))
         print("model", *["%s=%s" % (k, text(v)) for k, v in m.items()])
@@ -431,7 +459,7 @@ def main():
         while done < samples:
             values = sample(rng, U, f, I)
             results = [estimator(rec, m, *values) for estimator in (vector, balance)]
-            if any(r[4] > most_loss for r in results):
+            if any(r[4] > most_loss or r[4] * model_loss(rec, m) > 5 * most_loss for r in results):
                 continue
             print("sample", *[text(v) for v in values], *[text(v) for r in results for v in r[:4]])
             done += 1
