@@ -13,6 +13,8 @@ inline constexpr int kNetConf = 2;
 
 /// Prepares the application block for use without a window.
 void PrepareBlock();
+/// Makes a motor with all its data the machine of the block.
+void PrepareMachine();
 /// Creates a project and leaves it current.
 void CreateProject(const QString& path);
 /// Path of a project of `kSets` sets, made on first use.

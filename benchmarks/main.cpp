@@ -5,6 +5,7 @@
 #include "core/Common.h"
 #include "core/ProjectDb.h"
 #include "core/project/ProjectStore.h"
+#include "data/ComputedQuantities.h"
 #include "data/SetCursor.h"
 
 #include <benchmark/benchmark.h>
@@ -12,10 +13,9 @@
 #include <QCoreApplication>
 #include <QProcess>
 
-#include <sys/resource.h>
-
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <map>
 #include <string>
 #include <vector>
@@ -67,42 +67,99 @@ bool PrintOpening(const KeepingReporter& reporter)
     return ratio <= kLimit;
 }
 
-/// Opens a project and walks all its sets; run in a process of its own, for its peak memory.
-int WalkProject(const QString& path)
+bool PrintEstimation(const KeepingReporter& reporter)
 {
-    PrepareBlock();
-    OpenProject(path);
-    if (App().bFileError)
-        return EXIT_FAILURE;
+    constexpr double kLimit = 250;
+    constexpr double kNanoseconds = 1e9;
+    bool isGood = true;
+    for (const char* method : {"Estimate_SpaceVector", "Estimate_PowerBalance"}) {
+        if (!reporter.Has(method))
+            continue;
+        const double time = reporter.Median(method) * kNanoseconds;
+        isGood = isGood && time <= kLimit;
+        std::printf("%-46s %6.1f ns (at most %.0f, without allocation)%s\n", method, time, kLimit,
+                    time > kLimit ? "  TOO SLOW" : "");
+    }
+    return isGood;
+}
+
+/// What a process of its own does with a project, for its peak memory.
+struct MemoryTask
+{
+    const char* option;
+    const char* what;
+    bool (*run)();
+};
+
+/// Walks all sets of the open project.
+bool WalkSets()
+{
     const ProjectDbScope scope;
     SetCursor cursor(ProjectDb(), App().iNetConfIndex);
     tValueRow row;
     while (cursor.Next(row)) {
     }
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    std::printf("%ld\n", usage.ru_maxrss);
+    return true;
+}
+
+/// Estimates all sets of the open project anew.
+bool RecomputeSets()
+{
+    PrepareMachine();
+    return RecomputeAllRows();
+}
+
+constexpr MemoryTask kMemoryTasks[] = {
+    {"--walk", "walking: peak memory over an empty project", WalkSets},
+    {"--recompute", "recomputing: the same", RecomputeSets},
+};
+
+/// Peak memory of this process. The figure of `getrusage` would count the parent's memory too.
+long PeakKilobytes()
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;)
+        if (word == "VmHWM:") {
+            long kilobytes = 0;
+            status >> kilobytes;
+            return kilobytes;
+        }
+    return 0;
+}
+
+/// Runs a task on a project and prints its peak memory in kilobytes.
+int RunMemoryTask(const MemoryTask& task, const QString& path)
+{
+    PrepareBlock();
+    OpenProject(path);
+    if (App().bFileError || !task.run())
+        return EXIT_FAILURE;
+    std::printf("%ld\n", PeakKilobytes());
     return EXIT_SUCCESS;
 }
 
-/// Peak memory of that process in megabytes.
-double PeakMemory(const QString& path)
+/// Peak memory of that process in megabytes; 0 if it failed.
+double PeakMemory(const MemoryTask& task, const QString& path)
 {
     constexpr double kKilo = 1024;
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--walk"), path});
+    process.start(QCoreApplication::applicationFilePath(), {QLatin1String(task.option), path});
     process.waitForFinished(-1);
-    return process.readAllStandardOutput().toDouble() / kKilo;
+    return process.exitCode() == EXIT_SUCCESS ? process.readAllStandardOutput().toDouble() / kKilo : 0;
 }
 
 bool PrintMemory()
 {
     constexpr double kLimit = 16;
-    const double empty = PeakMemory(EmptyProject());
-    const double large = PeakMemory(LargeProject());
-    const bool isGood = empty > 0 && large - empty < kLimit;
-    std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n",
-                "peak memory over an empty project", large - empty, kLimit, empty, large, isGood ? "" : "  TOO MUCH");
+    bool isGood = true;
+    for (const MemoryTask& task : kMemoryTasks) {
+        const double empty = PeakMemory(task, EmptyProject());
+        const double large = PeakMemory(task, LargeProject());
+        const bool isLittle = empty > 0 && large > 0 && large - empty < kLimit;
+        std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n", task.what, large - empty,
+                    kLimit, empty, large, isLittle ? "" : "  TOO MUCH");
+        isGood = isGood && isLittle;
+    }
     return isGood;
 }
 
@@ -113,8 +170,9 @@ int main(int argc, char* argv[])
 {
     using namespace korvanel::bench;
     const QCoreApplication application(argc, argv);
-    if (argc == 3 && std::string(argv[1]) == "--walk")
-        return WalkProject(QString::fromLocal8Bit(argv[2]));
+    for (const MemoryTask& task : kMemoryTasks)
+        if (argc == 3 && std::string(argv[1]) == task.option)
+            return RunMemoryTask(task, QString::fromLocal8Bit(argv[2]));
 
     // Turn by turn, so that a disturbance of the machine hits both sides of a ratio.
     std::vector<std::string> arguments{argv[0], "--benchmark_repetitions=9", "--benchmark_min_time=0.1",
@@ -136,6 +194,8 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "walk a million sets / bare loop", "Cursor_Program", "Cursor_Bare", 1.4);
     isGood &= PrintRatio(reporter, "read a set at random / bare look-up", "ReadRow_Program", "ReadRow_Bare", 1.5);
     isGood &= PrintRatio(reporter, "store a set durably / two bare inserts", "Append_Program", "Append_Bare", 1.3);
+    isGood &= PrintRatio(reporter, "recompute a million sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
+    isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);
     isGood &= PrintMemory();

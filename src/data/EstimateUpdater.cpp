@@ -73,8 +73,7 @@ void EstimateUpdater::Store(const SampledSet& set, const LoadEstimate& estimate,
     int position = 0;
     for (const double result : results)
         sqlite3_bind_double(statement, ++position, result);
-    sqlite3_bind_text16(statement, ++position, letter.utf16(), static_cast<int>(letter.size() * sizeof(QChar)),
-                        SQLITE_TRANSIENT);
+    sqlite3_bind_text16(statement, ++position, letter.utf16(), 2 * static_cast<int>(letter.size()), SQLITE_TRANSIENT);
     sqlite3_bind_int64(statement, ++position, set.set);
     Run(storing);
     if (sqlite3_changes(handle) != 1)
