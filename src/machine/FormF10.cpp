@@ -9,9 +9,11 @@
 #include "core/TableDb.h"
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
+#include "core/project/ProjectStore.h"
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
 #include "core/window/PendingInput.h"
+#include "data/ComputedQuantities.h"
 #include "instruments/DevManaging.h"
 #include "instruments/FormH7.h"
 #include "machine/BrowseBar.h"
@@ -34,6 +36,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace korvanel {
 
@@ -120,22 +124,21 @@ void FormF10::Connect()
     const auto moveTo = [this](int row) { Guarded([this, row] { MoveTo(row); }); };
     connect(grid, &MachineGrid::RowChosen, this, moveTo);
     connect(browseBar, &BrowseBar::RowWanted, this, moveTo);
-    for (const auto* boxes : {&ratingTab->Boxes(), &furtherTab->Boxes()})
-        for (NumberBox* box : *boxes)
-            ConnectBox(*box);
+    for (const auto* ofTab : {&ratingTab->Boxes(), &furtherTab->Boxes()})
+        boxes.insert(boxes.end(), ofTab->begin(), ofTab->end());
+    for (const NumberBox* box : boxes)
+        connect(box, &NumberBox::Refused, this, [this, box] { ShowTabOf(*box); });
     NoLoadPanel& panel = ratingTab->Panel();
     connect(&panel, &NoLoadPanel::MeasurementWanted, this, [this] { Guarded([this] { PressNoLoad(); }); });
     connect(&panel, &NoLoadPanel::DiagnosisWanted, this, [this] { Guarded([this] { Diagnose(); }); });
     connect(&panel, &NoLoadPanel::WiringWanted, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
 }
 
-void FormF10::ConnectBox(NumberBox& box)
+void FormF10::ShowTabOf(const NumberBox& box)
 {
-    connect(&box, &NumberBox::Refused, this, [this, &box] {
-        for (int i = 0; i < tabs->count(); ++i)
-            if (tabs->widget(i)->isAncestorOf(&box))
-                tabs->setCurrentIndex(i);
-    });
+    for (int i = 0; i < tabs->count(); ++i)
+        if (tabs->widget(i)->isAncestorOf(&box))
+            tabs->setCurrentIndex(i);
 }
 
 // What is shown.
@@ -234,11 +237,7 @@ MachineEntry FormF10::Entry() const
 
 bool FormF10::AreNumbersAccepted()
 {
-    for (const auto* boxes : {&ratingTab->Boxes(), &furtherTab->Boxes()})
-        for (NumberBox* box : *boxes)
-            if (!box->Check())
-                return false;
-    return true;
+    return std::all_of(boxes.begin(), boxes.end(), [](NumberBox* box) { return box->Check(); });
 }
 
 void FormF10::SetEditing(bool isEditing)
@@ -277,13 +276,13 @@ void FormF10::PressApply()
 {
     if (!AreNumbersAccepted() || !browser.Apply(Entry(), bNew))
         return;
-    isEdited = bNew = false;
+    isEdited = false;
     Change([] {});
 }
 
 void FormF10::PressCancel()
 {
-    isEdited = bNew = false;
+    isEdited = false;
     Change([this] { browser.CancelEdit(); });
 }
 
@@ -359,10 +358,7 @@ void FormF10::Tick()
 
 void FormF10::EnableTicks(bool areEnabled)
 {
-    if (areEnabled)
-        timer->start();
-    else
-        timer->stop();
+    areEnabled ? timer->start() : timer->stop();
 }
 
 void FormF10::ShowMeasuring(bool isMeasuring)
@@ -393,7 +389,17 @@ void FormF10::Leave()
     Window().ShowDatabase({});
     if (isEdited)
         RunGuarded(objectName(), [this] { browser.CancelEdit(); });
-    RunGuarded(objectName(), [this] { browser.PassOn(); });
+    RunGuarded(objectName(), [this] { PassOn(); });
+}
+
+void FormF10::PassOn()
+{
+    const qint16 method = App().iCalcMethod;
+    const bool isReplaced = browser.PassOn();
+    if (App().iCalcMethod != method && App().bProjectOpen)
+        SaveIfDirty(); // the page is left after the project was saved
+    if (isReplaced)
+        RecomputeAllRows();
 }
 
 } // namespace korvanel

@@ -43,7 +43,7 @@ private:
     QBoxLayout* BuildButtonRow();
     QPushButton* AddButton(const char* name, const QString& caption, void (FormF10::*routine)());
     void Connect();
-    void ConnectBox(NumberBox& box);
+    void ShowTabOf(const NumberBox& box);
 
     /// Runs what changes the list, and shows it with its machine afterwards, however it ends.
     void Change(const std::function<void()>& routine);
@@ -67,6 +67,7 @@ private:
     void Diagnose();
     void PressNoLoad();
     void Tick();
+    void PassOn();
 
     MachineBrowser browser;
     NoLoadMeasurement measurement;
@@ -85,6 +86,7 @@ private:
     QPushButton* databaseButton = nullptr;
     QPushButton* infoButton = nullptr;
 
+    std::vector<NumberBox*> boxes; ///< of both tabs
     NoLoadTexts formerNoLoad;
     QString shownDatabase; ///< path of the database whose list is shown
     QString shownComment;  ///< as its box returns it, which has no line ends

@@ -5,8 +5,6 @@
 #include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
-#include "core/project/ProjectStore.h"
-#include "data/ComputedQuantities.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <algorithm>
@@ -193,19 +191,13 @@ void MachineBrowser::DeleteCurrent()
     MoveTo(0);
 }
 
-void MachineBrowser::PassOn()
+bool MachineBrowser::PassOn()
 {
-    ApplicationBlock& app = App();
+    const ApplicationBlock& app = App();
     if (app.sProjectPath.isEmpty() || !HasMachine(app.iNetConfIndex))
-        return;
-    const qint16 method = app.iCalcMethod;
+        return false;
     AdjustCalcMethod();
-    if (app.iCalcMethod != method && app.bProjectOpen) { // the page is left after the project was saved
-        app.bProjectDirty = true;
-        SaveIfDirty();
-    }
-    if (HasMachineData(app.MachineI) && CopyMachineIntoProject(app.MachineI, WhichMachine::I))
-        RecomputeAllRows();
+    return HasMachineData(app.MachineI) && CopyMachineIntoProject(app.MachineI, WhichMachine::I);
 }
 
 } // namespace korvanel

@@ -1,6 +1,5 @@
 #include "machine/NoLoadMeasurement.h"
 
-#include "acquisition/MeasurementConfiguration.h"
 #include "core/Clock.h"
 #include "core/Common.h"
 #include "core/Messages.h"
@@ -43,6 +42,12 @@ QString SignificantText(double value)
 {
     constexpr int kDigits = 5;
     return NumberText(QString::number(value, 'g', kDigits).toDouble());
+}
+
+/// A transformer value that nothing can be divided by counts as 1.
+double UsableTransformer(double value)
+{
+    return value > 0 && std::isfinite(value) ? value : 1;
 }
 
 /// The sample in the block, if it is one of a machine that takes power.
@@ -107,9 +112,8 @@ bool NoLoadMeasurement::OpenInstrument()
         ShowError(std::exchange(app.sDevError, {}));
         return false;
     }
-    PrepareMeasurementConfiguration(); // transformers that can be divided by
     for (std::size_t i = 0; i < app.dTransRatio.size(); ++i)
-        app.dTransRatio[i] = app.dTransPrimary[i] / app.dTransSecondary[i];
+        app.dTransRatio[i] = UsableTransformer(app.dTransPrimary[i]) / UsableTransformer(app.dTransSecondary[i]);
     return DevCommand(kDevOpen) && DevCommand(kDevPrepare);
 }
 

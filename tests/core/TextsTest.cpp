@@ -210,6 +210,48 @@ TEST_F(TextsTest, MeasuringConfiguration_ToTheLetter)
     Expect(quoted);
 }
 
+TEST_F(TextsTest, MachinePage_ToTheLetter)
+{
+    const Quoted quoted[] = {
+        {&T::titlePage10, "Motor/Generator - Datenbank"},
+        {&T::machineKnown, "bekannt"},
+        {&T::machineGroupRating, "Bemessungsgrößen (S1-Betrieb)"},
+        {&T::machinePmech, "Pmech [kW]:"},
+        {&T::machineU, "U [V]:"},
+        {&T::machineF, "f [Hz]:"},
+        {&T::machineN, "n [rpm]:"},
+        {&T::machineI, "I [A]:"},
+        {&T::machineCosphi, "cosphi:"},
+        {&T::machinePo, "Po [kW]:"},
+        {&T::machineUo, "Uo [V]:"},
+        {&T::machineIo, "Io [A]:"},
+        {&T::machineFo, "fo [Hz]:"},
+        {&T::machineRs, "R [Ohm]:"},
+        {&T::machineStallRatio, "Mmax/Mn:"},
+        {&T::machineTth, "Tth [min]:"},
+        {&T::machineMass, "m [kg]:"},
+        {&T::machineOnline, "Über Schnittstelle ermitteln"},
+        {&T::noLoadStart, "Leerlaufdaten ermitteln"},
+        {&T::noLoadStop, "Messung beenden"},
+        {&T::machineGroupPolePairs, "Polpaarzahl"},
+        {&T::machineGroupConnection, "Schaltungsart"},
+        {&T::machineGroupRs, "Ständerwiderstand"},
+        {&T::machineGroupStallRatio, "Kipp-/Nennmoment"},
+        {&T::machineGroupTth, "Erwärmungszeitkonstante"},
+        {&T::machineGroupInsulation, "Wärmebeständigkeitsklasse"},
+        {&T::machineGroupMass, "Gewicht"},
+        {&T::machineGroupFriction, "Inneres Reibmoment"},
+        {&T::machineFrictionZero, "gegen Null setzen"},
+        {&T::machineComment, "Bemerkungen:"},
+        {&T::machineLeast, "Es muss mindestens eine Maschine vorhanden sein."},
+        {&T::machineReallyDelete, "Wollen Sie diesen Motor/Generator wirklich löschen?"},
+        {&T::machineDuplicate, "Es existiert bereits ein Satz mit gleichen Angaben.\n"
+                               "Ändern Sie die Angabe unter Bemerkungen, um sie dennoch aufzunehmen."},
+        {&T::searchNothing, "Keine Datensätze gefunden!"},
+    };
+    Expect(quoted);
+}
+
 TEST_F(TextsTest, AddressSearch_ToTheLetter)
 {
     const Quoted quoted[] = {

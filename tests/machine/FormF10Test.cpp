@@ -1,5 +1,7 @@
 #include "machine/FormF10.h"
 
+#include "data/FileManaging.h"
+#include "data/ValueTables.h"
 #include "machine/MachinePageFixture.h"
 
 #include <QLayout>
@@ -323,6 +325,37 @@ TEST_F(FormF10Test, Leave_PutsTheMachineIntoTheProject)
     EXPECT_EQ(Query("SELECT count(*) FROM Motor"), "1");
     EXPECT_EQ(Query("SELECT Pmech||'|'||Hersteller FROM Motor WHERE set_ID = 1"), "18.5|Werk A");
     EXPECT_TRUE(App().bMotorDbCheck);
+}
+
+TEST_F(FormF10Test, Leave_EstimatesAllSetsAnewForAnotherMachine)
+{
+    OpenInWindow(2);
+    App().iGridRows[kProgressThresholdEntry] = 0; // the progress ends in a refresh of the page that is being left
+    {
+        const ProjectDbScope scope;
+        tMeasuredRow& row = App().MeasuredRow;
+        row = {};
+        // The rating point of "Werk B": sqrt(3) 400 14.43 0.83 = 8297.9 W.
+        row.dU[kSum] = 400;
+        row.dI[kSum] = 14.43;
+        row.df = 50;
+        row.dP[kSum] = 8297.9;
+        for (row.lSet = 1; row.lSet <= 3; ++row.lSet)
+            ASSERT_TRUE(AppendMeasuredRow());
+    }
+    RefreshSetCount();
+    ShowPage();
+    Press("cmdForw");
+    EXPECT_EQ(PageName(), "FormF3");
+    EXPECT_NEAR(Query("SELECT min(n) FROM ComputedValues").toDouble(), 1472, 0.1);
+    EXPECT_NEAR(Query("SELECT max(M) FROM ComputedValues").toDouble(), 48.65, 0.1);
+    shell.answers = {Answer::No};
+    ShowPage();
+    Press("cmdBrowse_0");
+    Press("cmdBrowse_2");
+    Press("cmdForw");
+    EXPECT_GT(Query("SELECT min(n) FROM ComputedValues").toDouble(), 1480) << "a larger machine runs faster";
+    EXPECT_TRUE(IsEntryEnabled("mnuFile"));
 }
 
 TEST_F(FormF10Test, Leave_DropsWhatWasBeingEdited)
