@@ -2,9 +2,9 @@
 // and the no-load test through the instrument. On leaving, the current machine becomes that of the project.
 #pragma once
 
+#include "acquisition/NoLoadMeasurement.h"
 #include "core/window/Page.h"
 #include "machine/MachineBrowser.h"
-#include "machine/NoLoadMeasurement.h"
 
 #include <array>
 

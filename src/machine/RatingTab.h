@@ -1,8 +1,8 @@
 // Tab of the rating data and the no-load data, with the no-load test through the instrument.
 #pragma once
 
+#include "acquisition/NoLoadMeasurement.h"
 #include "machine/MachineEntry.h"
-#include "machine/NoLoadMeasurement.h"
 
 #include <QWidget>
 

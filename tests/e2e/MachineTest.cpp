@@ -191,7 +191,8 @@ TEST_F(MachineTest, NoLoadTest_ThatScattersOrFailsIsTold)
     program.WaitForText("cmdNoLoad", "Messung beenden");
     QThread::msleep(2000);
     simulator.Tell("set 12 40.000A");
-    EXPECT_EQ(program.AnswerBox("OK"), "Die gemessenen Werte schwankten zu stark.\nWiederholen Sie Messung wenn möglich.");
+    EXPECT_EQ(program.AnswerBox("OK"),
+              "Die gemessenen Werte schwankten zu stark.\nWiederholen Sie Messung wenn möglich.");
     program.WaitForQuiet();
     EXPECT_EQ(program.Text("txtLeerlauf_2"), "");
     simulator.Tell("set 12 33.000A");
@@ -210,8 +211,9 @@ TEST_F(MachineTest, MeasuringPageWithoutAMachine_LeadsToTheMachinePage)
     StartProgram();
     NewProject(2);
     program.Trigger("mnuOnlineDevice");
-    EXPECT_EQ(program.AnswerBox("OK"), "Sie haben keine bzw. eine für die Messreihe ungültige Asynchron-Maschine aus der "
-                                       "Datenbank gewählt.");
+    EXPECT_EQ(program.AnswerBox("OK"),
+              "Sie haben keine bzw. eine für die Messreihe ungültige Asynchron-Maschine aus der "
+              "Datenbank gewählt.");
     program.WaitForControl("FormF10");
 }
 

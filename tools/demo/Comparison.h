@@ -18,9 +18,8 @@ struct Comparison
     QStringList differences;
 };
 
-/// Compares a recording of a machine: voltage, current, frequency and phase angle of each set; and each set has to carry
-/// the estimate of the machine.
-/// `firstExchange` is the first one of the log that belongs to the recording.
+/// Compares a recording of a machine: voltage, current, frequency and phase angle of each set; and each set has to
+/// carry the estimate of the machine. `firstExchange` is the first one of the log that belongs to the recording.
 Comparison CompareRecording(const QString& projectFile, const std::vector<LoggedExchange>& log,
                             std::size_t firstExchange);
 

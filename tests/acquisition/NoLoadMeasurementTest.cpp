@@ -1,6 +1,6 @@
 // The no-load test with an instrument, a port and a clock in memory. The instrument reports line voltage, the total of
 // three currents, frequency and phase angle; P = sqrt(3) U I cos phi.
-#include "machine/NoLoadMeasurement.h"
+#include "acquisition/NoLoadMeasurement.h"
 
 #include "core/Clock.h"
 #include "support/FakeInstrument.h"

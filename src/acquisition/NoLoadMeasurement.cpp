@@ -1,4 +1,4 @@
-#include "machine/NoLoadMeasurement.h"
+#include "acquisition/NoLoadMeasurement.h"
 
 #include "core/Clock.h"
 #include "core/Common.h"
