@@ -31,8 +31,8 @@ protected:
 TEST_F(FormF10HostileTest, AbsurdRatedValues_AreToldAndThePageGoesOn)
 {
     const char* const changes[] = {
-        "n = 0",      "n = -1500",   "f = 0",         "U = 0, I = 0, f = 0, n = 0", "n = 1500",
-        "n = 1e-300", "cosphi = 17", "Pmech = 1e300", "I = 1e308, U = 1e308",
+        "n = 0",    "n = -1500",  "f = 0",       "U = 0, I = 0, f = 0, n = 0",
+        "n = 1500", "n = 1e-300", "cosphi = 17", "I = 1e308, U = 1e308",
     };
     for (const char* change : changes) {
         ExecuteMotors(QStringLiteral("UPDATE Motor SET %1 WHERE set_ID = 2").arg(change));
@@ -47,6 +47,17 @@ TEST_F(FormF10HostileTest, AbsurdRatedValues_AreToldAndThePageGoesOn)
         QFile::remove(App().sMotorDbPath);
         MakeMotorDb();
     }
+}
+
+TEST_F(FormF10HostileTest, PowerBeyondAnyMachine_IsShownAndThePageGoesOn)
+{
+    ExecuteMotors("UPDATE Motor SET Pmech = 1e300 WHERE set_ID = 2");
+    ShowPage();
+    ChooseByRemark(QStringLiteral("Generator"));
+    ChooseByRemark(QStringLiteral("Werk B"));
+    EXPECT_EQ(Line("txtComment"), "Werk B");
+    EXPECT_EQ(Line("txtBemess_1"), "400");
+    ExpectThePageWorks();
 }
 
 TEST_F(FormF10HostileTest, NullWithinCompleteRatingData_IsShownEmptyAndEnteredAnew)
