@@ -31,8 +31,8 @@ protected:
 TEST_F(FormF10HostileTest, AbsurdRatedValues_AreToldAndThePageGoesOn)
 {
     const char* const changes[] = {
-        "n = 0",      "n = -1500",   "f = 0",         "U = 0, I = 0, f = 0, n = 0", "n = 1500",
-        "n = 1e-300", "cosphi = 17", "Pmech = 1e300", "I = 1e308, U = 1e308",
+        "n = 0",    "n = -1500",  "f = 0",       "U = 0, I = 0, f = 0, n = 0",
+        "n = 1500", "n = 1e-300", "cosphi = 17", "I = 1e308, U = 1e308",
     };
     for (const char* change : changes) {
         ExecuteMotors(QStringLiteral("UPDATE Motor SET %1 WHERE set_ID = 2").arg(change));
@@ -47,6 +47,20 @@ TEST_F(FormF10HostileTest, AbsurdRatedValues_AreToldAndThePageGoesOn)
         QFile::remove(App().sMotorDbPath);
         MakeMotorDb();
     }
+}
+
+TEST_F(FormF10HostileTest, AbsurdPowerThatCanBeReckonedWith_IsShownAndRefusedWhenItIsEntered)
+{
+    ExecuteMotors("UPDATE Motor SET Pmech = 1e300 WHERE set_ID = 2");
+    ShowPage();
+    ChooseByRemark(QStringLiteral("Werk B"));
+    EXPECT_EQ(Line("txtBemess_0"), "1E+300");
+    Press("cmdEdit_1");
+    shell.boxes.clear();
+    Press("cmdInsert_0");
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Der eingegebene Wert muss sich\nzwischen 0 und 1000000  befinden."});
+    Press("cmdInsert_1");
+    ExpectThePageWorks();
 }
 
 TEST_F(FormF10HostileTest, NullWithinCompleteRatingData_IsShownEmptyAndEnteredAnew)
