@@ -64,7 +64,7 @@ constexpr std::array kColumns{
 
 constexpr int kCommentColumn = 9;
 
-QString WithoutColon(QString text)
+QString WithoutColon(const QString& text)
 {
     return text.endsWith(u':') ? text.chopped(1) : text;
 }
