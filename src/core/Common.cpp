@@ -28,8 +28,8 @@ void InitialiseApplicationBlock(const QString& executableDirectory)
     app.bEvaluated = 0;
     app.iCurrentSet = 1;
     app.MethodLetter = {QStringLiteral("V"), QStringLiteral("P")};
-    app.SuitabilityColour = {QStringLiteral("0"), QStringLiteral("49152"), QStringLiteral("40443"),
-                             QStringLiteral("192")};
+    for (std::size_t rating = 0; rating < kRatingColours.size(); ++rating)
+        app.SuitabilityColour[rating] = QString::number(kRatingColours[rating]);
     app.bFileError = false;
     app.iExitAction = kExitNone;
 }

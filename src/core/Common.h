@@ -2,6 +2,7 @@
 // which objects live from start to exit. Everything that is global stands here, once.
 #pragma once
 
+#include "core/Evaluation.h"
 #include "core/Machine.h"
 #include "core/Quantities.h"
 #include "core/ValueRow.h"
@@ -60,9 +61,8 @@ struct ApplicationBlock
     tValueRow SimulatedRow;
     std::vector<qint16> ColumnLayout; ///< columns of the value grids
     std::array<qint32, 7> iGridRows{};
-    qint16 iFileErrors = 0; ///< failed row operations since the last sample
-    qint16 iGraceLeft = 0;  ///< invalid samples tolerated in a row
-    qint32 bEvaluated = 0;
+    qint16 iFileErrors = 0;   ///< failed row operations since the last sample
+    qint16 iGraceLeft = 0;    ///< invalid samples tolerated in a row
     bool bModelValid = false; ///< Motor/Generator I may be used for estimation
 
     // The machines: the measured one with its model, and that of the simulation.
@@ -76,6 +76,13 @@ struct ApplicationBlock
     DiagramLimitList DiagramLimits{500, 10, 50, 100, 50, 5000};
     qint32 ModelErrors = 0;     ///< of the model step that ran last
     bool bMotorDbCheck = false; ///< machines of the project are compared with the active motor database
+
+    // The evaluation of the recording.
+    qint32 bEvaluated = 0; ///< the results belong to the present sets and options
+    EvaluationResults Evaluation;
+    double dTWindow = 0;        ///< s, length of the sliding window in force
+    qint16 iRowWorstRating = 0; ///< worst rating of a value since the last set was begun
+    QString sRatingWord;        ///< of the last rating for which it was asked
 
     // Running energies of the derived quantities: Ws and vars.
     double dCalcS = 0;

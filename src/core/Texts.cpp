@@ -12,9 +12,9 @@ constexpr TextEntry kEntries[] = {
 #undef TEXT
 };
 
-constexpr std::array kSectionNames{"MAIN",   "DEFAULT", "VALUE NAMES", "DIALOGUES", "FORMF1",
-                                   "FORMF2", "FORMF3",  "FORMF4",      "FORMF10",   "FORMH3",
-                                   "FORMH5", "FORMH6",  "FORMH7",      "FORMH8",    "FORMH11"};
+constexpr std::array kSectionNames{"MAIN",   "DEFAULT", "VALUE NAMES", "DIALOGUES", "PRINT/EXPORT", "FORMF1", "FORMF2",
+                                   "FORMF3", "FORMF4",  "FORMF6",      "FORMF10",   "FORMH3",       "FORMH5", "FORMH6",
+                                   "FORMH7", "FORMH8",  "FORMH9",      "FORMH10",   "FORMH11",      "FORMH15"};
 
 } // namespace
 

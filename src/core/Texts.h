@@ -15,17 +15,22 @@ enum class TextSection
     Default,
     ValueNames,
     Dialogues,
+    PrintExport,
     FormF1,
     FormF2,
     FormF3,
     FormF4,
+    FormF6,
     FormF10,
     FormH3,
     FormH5,
     FormH6,
     FormH7,
     FormH8,
+    FormH9,
+    FormH10,
     FormH11,
+    FormH15,
 };
 
 struct TextTable

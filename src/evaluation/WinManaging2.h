@@ -1,0 +1,46 @@
+// The result tables as the user reads them: texts, block headings and verdict colours, formed from the results of the
+// evaluation in the block. Page, export and report show the same tables.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+
+#include <vector>
+
+namespace korvanel {
+
+/// What a row of a result table is.
+enum class ResultRowKind
+{
+    Heading, ///< a block heading across the table, in its first cell
+    Head,    ///< texts over the columns that follow
+    Values,
+};
+
+struct ResultRow
+{
+    ResultRowKind kind = ResultRowKind::Values;
+    QStringList cells;     ///< one a column; of a heading the one text
+    qint32 lastColour = 0; ///< of the last cell: blue, green, red from the high to the low byte
+};
+
+struct ResultTable
+{
+    QStringList heads; ///< over the columns
+    std::vector<ResultRow> rows;
+};
+
+/// `flxExtrem`: extremes, rms and arithmetic mean in the window. Without sets, heads alone; likewise the other two.
+ResultTable ExtremTable();
+
+/// `flxEnergy`: energies and costs of one cycle and of the chosen number.
+ResultTable EnergyTable();
+
+/// `flxASM`: utilisation of the machine. Rows in net configurations with a machine only.
+ResultTable UtilisationTable();
+
+/// Text over a column of the list of sets: symbol and unit, or the name of a column without a quantity.
+QString SetListHeading(int column);
+
+} // namespace korvanel

@@ -1,0 +1,28 @@
+// Sets of a recording put into the open project as they are.
+#pragma once
+
+#include "core/Common.h"
+#include "core/ProjectDb.h"
+#include "data/RowWriter.h"
+#include "data/ValueTables.h"
+
+#include <span>
+
+namespace korvanel::test {
+
+/// Stores rows as sets 1 to n in one transaction, with their marks and one time stamp, and counts them.
+inline void StoreRows(std::span<tValueRow> rows)
+{
+    const ProjectDbScope scope;
+    DbTransaction transaction(ProjectDb());
+    {
+        RowWriter writer(ProjectDb(), App().iNetConfIndex, RowOrigin::Measured);
+        qint32 set = 0;
+        for (tValueRow& row : rows)
+            writer.Append(row, {.set = ++set, .time = QStringLiteral("2026-03-14 15:09:26"), .mark = row.bEdit});
+    }
+    transaction.Commit();
+    RefreshSetCount();
+}
+
+} // namespace korvanel::test
