@@ -6,6 +6,7 @@
 #include "core/Texts.h"
 #include "data/EstimateUpdater.h"
 #include "data/FileManaging.h"
+#include "data/PassOverSets.h"
 #include "data/ValueColumns.h"
 #include "data/ValueTables.h"
 #include "machine/Algorithms_ASM_Start.h"
@@ -160,24 +161,6 @@ bool RecomputeEveryRow()
     return true;
 }
 
-/// Opens the project and shows progress for the length of a scope.
-class PassOverSets
-{
-public:
-    PassOverSets()
-    {
-        OpenDbGuarded();
-        App().TheShell->ShowProgress(Progress::Begin, 0);
-    }
-    PassOverSets(const PassOverSets&) = delete;
-    PassOverSets& operator=(const PassOverSets&) = delete;
-    ~PassOverSets()
-    {
-        App().TheShell->ShowProgress(Progress::End, 1);
-        CloseDbGuarded();
-    }
-};
-
 void TellCannotWrite(const DbError& error)
 {
     ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
@@ -248,7 +231,7 @@ void EstimateEverySet()
         }
         updater.MarkBlock(kCorrected);
         done += static_cast<qint32>(updater.Block().size());
-        App().TheShell->ShowProgress(Progress::Advance, std::min(1.0, static_cast<double>(done) / App().iSetCount));
+        PassOverSets::Advance(done);
     }
     transaction.Commit();
 }

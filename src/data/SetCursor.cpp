@@ -56,6 +56,12 @@ QString ColumnText(sqlite3_stmt* statement, int column)
     return QString::fromUtf8(text, text ? sqlite3_column_bytes(statement, column) : 0);
 }
 
+/// Whatever isn't 0 marks a set, were it beyond a byte.
+quint8 MarkOf(qint64 stored)
+{
+    return stored >= 0 && stored <= kCorrected ? static_cast<quint8>(stored) : kCorrected;
+}
+
 } // namespace
 
 SetQuery::SetQuery(TableDb& db, int netConf, SetSource source, SetRange range)
@@ -127,7 +133,7 @@ void SetQuery::Fill(tValueRow& row) const
     for (const Binding& binding : reals)
         binding.field(row) = sqlite3_column_double(statement, binding.column);
     if (markColumn >= 0)
-        row.bEdit = static_cast<quint8>(sqlite3_column_int(statement, markColumn));
+        row.bEdit = MarkOf(sqlite3_column_int64(statement, markColumn));
     if (letterColumn >= 0) {
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, letterColumn));
         const int length = text ? sqlite3_column_bytes(statement, letterColumn) : 0;

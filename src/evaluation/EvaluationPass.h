@@ -9,6 +9,7 @@
 #include "data/SetCursor.h"
 #include "evaluation/Energy.h"
 #include "evaluation/Rating.h"
+#include "evaluation/WindowTail.h"
 
 #include <functional>
 #include <memory>
@@ -26,29 +27,16 @@ struct PassConditions
     QString currency;
 };
 
-/// Values of one set that a window sums: the quantities of the channels 0 to 11.
-using WindowValues = std::array<double, kLossChannel>;
-
 /// Overwrites the entries of a pair that the value exceeds. Set 1 begins both; a tie keeps the earlier set.
 void UpdateExtrem(double value, qint32 set, ExtremEntry& minimum, ExtremEntry& maximum);
-
-/// The sets that will leave the window, oldest first.
-class WindowTail
-{
-public:
-    virtual ~WindowTail() = default;
-    /// Takes the newest set.
-    virtual void Push(const WindowValues& values) = 0;
-    /// Gives up the oldest set.
-    virtual WindowValues Pop() = 0;
-};
 
 class EvaluationPass
 {
 public:
     EvaluationPass(const PassConditions& passConditions, std::unique_ptr<WindowTail> windowTail);
 
-    /// Takes the next set, in order. Throws ArithmeticFault for an interval that is no length of time.
+    /// Takes the next set, in order. Throws std::invalid_argument if the interval between the sets is no length of
+    /// time.
     void Add(const tValueRow& row);
     /// Throws ArithmeticFault if a sum is not finite any more.
     void RequireFiniteSums() const;
@@ -56,9 +44,6 @@ public:
     EvaluationResults FinishEvaluation();
 
 private:
-    using Extremes = EvaluationResults::WindowExtremes;
-
-    WindowValues ValuesOf(const tValueRow& row) const;
     void UpdateExtremes(const tValueRow& row);
     void WindowAccumulate(const WindowValues& values, double loss, bool add);
     void MoveWindow(const WindowValues& values);
@@ -77,7 +62,7 @@ inline constexpr qint32 kMostSetsInMemory = 200'000;
 
 /// Walks all sets of an open database and evaluates them. `advance` hears the number of sets done, now and then. Memory
 /// is limited however long the recording and the window are, and the results don't depend on `mostInMemory`. Throws
-/// DbError and ArithmeticFault.
+/// DbError, ArithmeticFault and std::invalid_argument.
 EvaluationResults EvaluateSets(TableDb& db, SetSource source, const PassConditions& conditions, qint32 count,
                                const std::function<void(qint32)>& advance, qint32 mostInMemory = kMostSetsInMemory);
 

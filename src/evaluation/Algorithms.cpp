@@ -1,0 +1,45 @@
+#include "evaluation/Algorithms.h"
+
+#include "core/Common.h"
+#include "core/ProjectDb.h"
+#include "core/clsProgSettings.h"
+#include "data/PassOverSets.h"
+#include "data/ValueTables.h"
+#include "evaluation/EvaluationPass.h"
+#include "evaluation/TimeWindow.h"
+
+namespace korvanel {
+
+namespace {
+
+PassConditions ConditionsOfProject()
+{
+    const ApplicationBlock& app = App();
+    const clsProgSettings& options = *app.ProgSettings;
+    return {.netConf = app.iNetConfIndex,
+            .window = app.dTWindow,
+            .rated = RatedDataI(),
+            .energy = {.dt = app.dInterval,
+                       .isMachineValid = app.bModelValid,
+                       .prices = {options.EnergyCosts(0), options.EnergyCosts(1), options.EnergyCosts(2)},
+                       .cycles = static_cast<double>(options.Cycles())},
+            .currency = options.UsedCurrency()};
+}
+
+} // namespace
+
+void EvaluateProject()
+{
+    ApplicationBlock& app = App();
+    app.bEvaluated = 0;
+    app.Evaluation = {};
+    ResolveTimeWindow();
+    const ProjectDbScope scope;
+    app.iSetCount = CountSets();
+    const PassOverSets pass;
+    app.Evaluation =
+        EvaluateSets(ProjectDb(), SetSource::Measured, ConditionsOfProject(), app.iSetCount, PassOverSets::Advance);
+    app.bEvaluated = 1;
+}
+
+} // namespace korvanel
