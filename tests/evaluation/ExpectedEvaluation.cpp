@@ -5,6 +5,7 @@
 #include <bit>
 #include <cmath>
 #include <istream>
+#include <map>
 #include <span>
 #include <sstream>
 
@@ -107,39 +108,27 @@ std::optional<double> LineWords::NextOptional()
 ExpectedEvaluation ExpectedEvaluation::Read(std::istream& table)
 {
     ExpectedEvaluation expected;
+    const std::map<std::string, Pairs*> pairTables{
+        {"min", &expected.extremMin}, {"max", &expected.extremMax}, {"rmsmin", &expected.rmsMin},
+        {"rmsmax", &expected.rmsMax}, {"avgmin", &expected.avgMin}, {"avgmax", &expected.avgMax},
+    };
     for (std::string line; std::getline(table, line);) {
         LineWords words(line);
         const std::string kind = words.Next();
-        if (kind == "fault") {
-            expected.isFault = true;
-            return expected;
-        }
-        if (kind == "min")
-            expected.extremMin = ReadPairs(words);
-        else if (kind == "max")
-            expected.extremMax = ReadPairs(words);
-        else if (kind == "rmsmin")
-            expected.rmsMin = ReadPairs(words);
-        else if (kind == "rmsmax")
-            expected.rmsMax = ReadPairs(words);
-        else if (kind == "avgmin")
-            expected.avgMin = ReadPairs(words);
-        else if (kind == "avgmax")
-            expected.avgMax = ReadPairs(words);
-        else if (kind == "window") {
-            expected.window = words.NextNumber();
-            expected.selection = words.NextWhole();
-            expected.windowRows = words.NextNumber();
-            expected.correctedRows = words.NextWhole();
-        } else if (kind == "energy") {
+        if (pairTables.contains(kind))
+            *pairTables.at(kind) = ReadPairs(words);
+        else if (kind == "window")
+            expected.ReadWindow(words);
+        else if (kind == "energy")
             for (int i = 0; i < 3 * kEnergyRowCount; ++i)
                 expected.energy.push_back(words.NextNumber());
-        } else if (kind == "asm") {
+        else if (kind == "asm")
             for (int i = 0; i < kUtilisationRowCount; ++i)
                 expected.asmRows.push_back(ReadUtilisation(words.Next()));
-        } else if (kind == "classes") {
-            for (int& count : expected.classes)
-                count = words.NextWhole();
+        else if (kind == "classes" || kind == "fault") { // the last line of an evaluation
+            expected.isFault = kind == "fault";
+            for (int i = 0; !expected.isFault && i < kRatingCount; ++i)
+                expected.classes[static_cast<std::size_t>(i)] = words.NextWhole();
             return expected;
         } else {
             ADD_FAILURE() << "unknown line: " << line;
@@ -147,6 +136,14 @@ ExpectedEvaluation ExpectedEvaluation::Read(std::istream& table)
     }
     ADD_FAILURE() << "the table ends within an evaluation";
     return expected;
+}
+
+void ExpectedEvaluation::ReadWindow(LineWords& words)
+{
+    window = words.NextNumber();
+    selection = words.NextWhole();
+    windowRows = words.NextNumber();
+    correctedRows = words.NextWhole();
 }
 
 void ExpectedEvaluation::Compare(const EvaluationResults& results, double tolerance) const
@@ -168,9 +165,10 @@ void ExpectedEvaluation::Compare(const EvaluationResults& results, double tolera
     }
     for (std::size_t i = 0; i < asmRows.size(); ++i)
         CompareUtilisation(results.tAsm[i], asmRows[i], "utilisation " + std::to_string(i), tolerance);
-    if (asmRows.empty())
+    if (asmRows.empty()) {
         for (const UtilisationEntry& entry : results.tAsm)
             EXPECT_TRUE(entry.dValue == 0 && entry.dSet == 0 && !entry.vRatio) << "utilisation without a machine";
+    }
     for (std::size_t i = 0; i < classes.size(); ++i)
         EXPECT_EQ(results.lRowClassCount[i], classes[i]) << "sets of class " << i;
 }

@@ -56,6 +56,9 @@ struct ExpectedEvaluation
 
     /// Expects every figure of the program. `tolerance` is relative; 0 wants the same bits.
     void Compare(const EvaluationResults& results, double tolerance = 0) const;
+
+private:
+    void ReadWindow(LineWords& words);
 };
 
 /// Expects two runs of the program to agree in every bit.
