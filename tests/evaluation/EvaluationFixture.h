@@ -28,10 +28,16 @@ protected:
         App().ProgSettings = settings.get();
     }
 
-    /// A project with sets, `interval` seconds apart, and a window of `window` seconds.
+    /// A project with sets, `interval` seconds apart, and a window of `window` seconds. The machine stays.
     void MakeProject(int netConf, std::vector<tValueRow> rows, double interval = 1, double window = 900)
     {
-        CreateProject(netConf, QStringLiteral("%1.MDB").arg(++projects));
+        const MachineRecord machine = App().MachineI;
+        const MachineModel model = App().Model;
+        const bool isValid = App().bModelValid;
+        CreateProject(netConf, QStringLiteral("%1.MDB").arg(++projects)); // a new project has no machine
+        App().MachineI = machine;
+        App().Model = model;
+        App().bModelValid = isValid;
         App().dInterval = interval;
         settings->SetTWindowSize(window);
         StoreRows(rows);

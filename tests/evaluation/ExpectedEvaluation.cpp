@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cmath>
+#include <iomanip>
 #include <istream>
 #include <map>
 #include <span>
@@ -20,11 +21,6 @@ std::vector<std::string> Split(const std::string& text, char separator)
     for (std::string part; std::getline(stream, part, separator);)
         parts.push_back(part);
     return parts;
-}
-
-std::string Hex(double value)
-{
-    return QString::asprintf("%a (%.17g)", value, value).toStdString();
 }
 
 void ExpectNumber(const std::string& name, double value, double expected, double tolerance)
@@ -86,6 +82,13 @@ void CompareUtilisation(const UtilisationEntry& entry, const ExpectedEvaluation:
 }
 
 } // namespace
+
+std::string Hex(double value)
+{
+    std::ostringstream text;
+    text << std::hexfloat << value << std::defaultfloat << std::setprecision(17) << " (" << value << ')';
+    return text.str();
+}
 
 LineWords::LineWords(const std::string& line)
 {

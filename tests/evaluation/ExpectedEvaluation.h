@@ -13,6 +13,9 @@
 
 namespace korvanel::test {
 
+/// A number with all its bits, and in decimal.
+std::string Hex(double value);
+
 /// The words of one line; a number may be hexadecimal, "-" is none.
 class LineWords
 {
