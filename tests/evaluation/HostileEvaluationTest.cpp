@@ -1,107 +1,22 @@
-// Recordings, options and files that no run would leave: each is evaluated or told in the general error report, and
-// never leaves half a result behind.
-#include "core/Messages.h"
-#include "core/project/ProjectCommands.h"
-#include "evaluation/EvaluationFixture.h"
-#include "evaluation/ExpectedEvaluation.h"
-#include "machine/Algorithms_ASM_Start.h"
-
-#include <cmath>
-#include <limits>
+// Recordings and files that no run would leave: each is evaluated or told in the general error report, and never leaves
+// half a result behind.
+#include "evaluation/EvaluationPass.h"
+#include "evaluation/HostileEvaluationFixture.h"
 
 namespace korvanel::test {
 namespace {
 
-constexpr double kInfinite = std::numeric_limits<double>::infinity();
-
-class HostileEvaluation : public EvaluationTest
+/// The ordinary project, with whatever count the pass is told.
+EvaluationResults EvaluateCounted(
+    qint32 count, qint32 mostInMemory = kMostSetsInMemory, const std::function<void(qint32)>& advance = [](qint32) {})
 {
-protected:
-    static std::vector<tValueRow> OrdinaryRows(int count)
-    {
-        std::vector<tValueRow> rows(static_cast<std::size_t>(count));
-        for (int i = 0; i < count; ++i) {
-            tValueRow& row = rows[static_cast<std::size_t>(i)];
-            row.dU[kSum] = 390 + i % 7;
-            row.dI[kSum] = 10 + i % 5;
-            row.df = 50;
-            row.dP[kSum] = 5000 + i % 11;
-            row.dQ[kSum] = 2000 - i % 3;
-            row.dS[kSum] = 5400;
-            row.dn = 1480;
-            row.dM = 30;
-            row.dPmech = 4500;
-            row.deta = 0.9;
-        }
-        return rows;
-    }
-    void MakeOrdinaryProject(int netConf = 2, int count = 40)
-    {
-        SetRoundMachine();
-        MakeProject(netConf, OrdinaryRows(count), 1, 10);
-    }
-    /// Evaluates as a page does, with the results of an earlier evaluation in place. True if it ran to its end.
-    bool EvaluateGuarded()
-    {
-        App().Evaluation.tExtremMax[kU] = {12345, 6};
-        App().Evaluation.lSets = 99;
-        App().bEvaluated = 0;
-        shell.boxes.clear();
-        shell.calls.clear();
-        RunGuarded(QStringLiteral("Auswertung"), EvaluateProject);
-        EXPECT_FALSE(IsProjectDbOpen());
-        EXPECT_EQ(shell.calls.count("ShowProgress 0"), shell.calls.count("ShowProgress 2"));
-        EXPECT_EQ(shell.waiting, 0);
-        return App().bEvaluated != 0;
-    }
-    void ExpectFailure()
-    {
-        EXPECT_FALSE(EvaluateGuarded());
-        EXPECT_EQ(shell.boxes.size(), 1U) << shell.BoxTexts().join('|').toStdString();
-        ExpectSameResults(App().Evaluation, {});
-    }
-    void ExpectFault()
-    {
-        ExpectFailure();
-        EXPECT_EQ(shell.BoxTexts(), QStringList{"Auswertung\nDie Berechnung hat keine endliche Zahl ergeben."});
-    }
-    void ExpectIntervalRefused(const QString& interval)
-    {
-        ExpectFailure();
-        EXPECT_EQ(shell.BoxTexts(), QStringList{QStringLiteral("Auswertung\nDas Messintervall des Projekts (%1 s) ist "
-                                                               "keine Zeitspanne; die Auswertung ist damit nicht "
-                                                               "möglich.")
-                                                    .arg(interval)});
-    }
-    void ExpectSuccess(qint32 sets)
-    {
-        EXPECT_TRUE(EvaluateGuarded());
-        EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join('|').toStdString();
-        EXPECT_EQ(App().Evaluation.lSets, sets);
-        ExpectFiniteResults();
-    }
-    static void ExpectFiniteResults()
-    {
-        const EvaluationResults& results = App().Evaluation;
-        for (const auto& table : {results.tExtremMin, results.tExtremMax})
-            for (const ExtremEntry& entry : table)
-                EXPECT_TRUE(std::isfinite(entry.dValue));
-        for (const auto& table : {results.tRmsMin, results.tRmsMax, results.tAvgMin, results.tAvgMax})
-            for (const ExtremEntry& entry : table)
-                EXPECT_TRUE(std::isfinite(entry.dValue));
-        for (const EnergyEntry& entry : results.tEnergy)
-            EXPECT_TRUE(std::isfinite(entry.dPlus) && std::isfinite(entry.dMinus) && std::isfinite(entry.dTotal));
-        for (const UtilisationEntry& entry : results.tAsm)
-            EXPECT_TRUE(std::isfinite(entry.dValue) && std::isfinite(entry.vRatio.value_or(0)));
-    }
-    void StoreOption(const QString& key, const QString& value)
-    {
-        StoreValue(kSettingsApplication, QStringLiteral("Settings"), key, value);
-        LoadSettings();
-    }
-};
-
-// ---- sets -----------------------------------------------------------------------------------------------------------
+    PassConditions conditions;
+    conditions.netConf = App().iNetConfIndex;
+    conditions.window = 10;
+    conditions.rated = RatedDataI();
+    conditions.energy.dt = App().dInterval;
+    return EvaluateSets(ProjectDb(), SetSource::Measured, conditions, count, advance, mostInMemory);
+}
 
 TEST_F(HostileEvaluation, NullsCountAs0)
 {
@@ -230,144 +145,34 @@ TEST_F(HostileEvaluation, TheCountOfTheBlockIsNotReliedOn)
     }
 }
 
-// ---- options --------------------------------------------------------------------------------------------------------
-
-TEST_F(HostileEvaluation, AnIntervalThatIsNoLengthOfTimeIsTold)
+TEST_F(HostileEvaluation, ACountThatIsWrongChangesNothing)
 {
-    for (const auto& [interval, text] : {std::pair(0.0, "0"), std::pair(-1.0, "-1"), std::pair(kInfinite, "inf"),
-                                         std::pair(-kInfinite, "-inf"), std::pair(std::nan(""), "nan")}) {
-        MakeOrdinaryProject();
-        App().dInterval = interval;
-        ExpectIntervalRefused(QLatin1String(text));
-    }
-}
-
-TEST_F(HostileEvaluation, WithoutSetsNoIntervalIsNeeded)
-{
-    MakeOrdinaryProject(2, 0);
-    App().dInterval = 0;
-    ExpectSuccess(0);
-    EXPECT_EQ(App().Evaluation.tAsm[kWholeCurrent].dValue, 0);
-}
-
-TEST_F(HostileEvaluation, IntervalsOfTheProjectFile)
-{
-    struct Case
-    {
-        const char* interval;
-        bool isRefused;
-    };
-    for (const auto& [interval, isRefused] :
-         {Case{"0", true}, Case{"-60", true}, Case{"1e-300", false}, Case{"1e300", false}}) {
-        SCOPED_TRACE(interval);
-        MakeOrdinaryProject(0);
-        App().bProjectOpen = false;
-        Execute(QStringLiteral("UPDATE Overview SET Decimal=%1 WHERE Name='Measurement Interval'")
-                    .arg(QLatin1String(interval)));
-        OpenRecentProject(QString(App().sProjectPath));
-        ASSERT_TRUE(App().bProjectOpen);
-        if (isRefused)
-            ExpectIntervalRefused(QLatin1String(interval));
-        else
-            ExpectSuccess(40);
-    }
-}
-
-TEST_F(HostileEvaluation, AWindowOf0IsOneSet)
-{
-    StoreOption("TWin0", "0");
-    SetRoundMachine();
-    MakeProject(0, OrdinaryRows(40), 1, settings->TWindowSize());
-    ExpectSuccess(40);
-    EXPECT_EQ(App().Evaluation.dWindowRows, 1);
-    ExpectEntry(App().Evaluation.tRmsMax[kU], 396, 7);
-}
-
-TEST_F(HostileEvaluation, AWindowBelow0HoldsNoSets)
-{
-    for (const char* size : {"-0.5", "-5", "-1e300"}) {
-        StoreOption("TWin0", size);
-        SetRoundMachine();
-        MakeProject(2, OrdinaryRows(40), 1, settings->TWindowSize());
-        ExpectSuccess(40);
-        EXPECT_EQ(App().Evaluation.dWindowRows, 0);
-        for (std::size_t channel = 0; channel < kWindowChannelCount; ++channel) {
-            ExpectEntry(App().Evaluation.tRmsMax[channel], 0, 1);
-            ExpectEntry(App().Evaluation.tAvgMin[channel], 0, 1);
+    MakeOrdinaryProject(2, 40);
+    const ProjectDbScope scope;
+    const EvaluationResults right = EvaluateCounted(40);
+    for (const qint32 count : {0, 1, 39, 41, 1000000})
+        for (const qint32 mostInMemory : {0, 5, 100}) {
+            SCOPED_TRACE(count);
+            ExpectSameResults(EvaluateCounted(count, mostInMemory), right);
         }
-        EXPECT_EQ(App().Evaluation.tAsm[kWindowCurrent].dValue, 0);
-        EXPECT_GT(App().Evaluation.tAsm[kWholeCurrent].dValue, 0);
+}
+
+TEST_F(HostileEvaluation, AWriterInTheMiddleOfThePassIsKeptOut)
+{
+    for (const qint32 mostInMemory : {0, 1000}) {
+        MakeOrdinaryProject(2, 20000);
+        const ProjectDbScope scope;
+        const EvaluationResults right = EvaluateCounted(20000, mostInMemory);
+        SQLite::Database other(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
+        int attempts = 0;
+        const auto disturb = [&](qint32) {
+            ++attempts;
+            EXPECT_THROW(other.exec("DELETE FROM SampledValues WHERE [Set]>100"), SQLite::Exception);
+        };
+        ExpectSameResults(EvaluateCounted(20000, mostInMemory, disturb), right);
+        EXPECT_GT(attempts, 0);
     }
 }
-
-TEST_F(HostileEvaluation, AWindowBeyondAllRecordingsIsTheWholeOne)
-{
-    for (const char* size : {"1e300", "1.7e308", "2147483648", "4294967296"}) {
-        StoreOption("TWin0", size);
-        MakeProject(0, OrdinaryRows(40), 1, settings->TWindowSize());
-        ExpectSuccess(40);
-        EXPECT_EQ(App().Evaluation.dWindowRows, 40);
-    }
-    StoreOption("TWin0", "1e300");
-    MakeProject(0, OrdinaryRows(40), 1e-200, settings->TWindowSize());
-    EvaluateGuarded(); // the quotient is no number
-    EXPECT_TRUE(App().bEvaluated == 0 || App().Evaluation.dWindowRows == 40);
-}
-
-TEST_F(HostileEvaluation, AnUnreadableOptionIsAtItsDefault)
-{
-    for (const char* value : {"", "abc", "1,5", "1e400", "inf", "nan"}) {
-        for (const char* key : {"TWin0", "TWin1", "TWin2", "Cycles", "ECosts0", "ECosts1", "ECosts2"})
-            StoreOption(key, value);
-        MakeProject(0, OrdinaryRows(40), 1, settings->TWindowSize());
-        ExpectSuccess(40);
-        EXPECT_EQ(App().dTWindow, 900);
-        const auto& tEnergy = App().Evaluation.tEnergy;
-        EXPECT_EQ(tEnergy[kCostsActive].dPlus, std::abs(tEnergy[kEnergyActive].dPlus / 3600000 * 0.15));
-        EXPECT_EQ(tEnergy[kEnergyOfCycles].dPlus, 10 * tEnergy[kEnergyActive].dPlus);
-    }
-}
-
-TEST_F(HostileEvaluation, AnyNumberOfCyclesIsTaken)
-{
-    for (const auto& [text, cycles] :
-         {std::pair("0", 0.0), std::pair("-7", -7.0), std::pair("2147483647", 2147483647.0),
-          std::pair("-2147483648", -2147483648.0), std::pair("1e300", 10.0)}) {
-        StoreOption("Cycles", text);
-        MakeProject(0, OrdinaryRows(40));
-        ExpectSuccess(40);
-        const auto& tEnergy = App().Evaluation.tEnergy;
-        EXPECT_EQ(tEnergy[kEnergyOfCycles].dTotal, cycles * tEnergy[kEnergyActive].dTotal);
-        EXPECT_EQ(tEnergy[kEnergyOfCycles + kCostsActive].dTotal, cycles * tEnergy[kCostsActive].dTotal);
-    }
-}
-
-TEST_F(HostileEvaluation, AFactorThatGivesNoWindow)
-{
-    for (const auto& [factor, rows] : {std::pair("0", 1.0), std::pair("-1", 0.0), std::pair("1e306", 40.0)}) {
-        StoreOption("TWin1", factor);
-        StoreOption("TWin2", "1");
-        SetRoundMachine();
-        App().Model.Tth = 60;
-        MakeProject(2, OrdinaryRows(40));
-        ExpectSuccess(40);
-        EXPECT_EQ(App().Evaluation.dWindowRows, rows) << factor;
-    }
-    StoreOption("TWin1", "1e308");
-    MakeProject(2, OrdinaryRows(40));
-    App().Model.Tth = 1e10; // together beyond all numbers
-    EvaluateGuarded();
-    EXPECT_TRUE(App().bEvaluated == 0 || App().Evaluation.dWindowRows == 40);
-}
-
-TEST_F(HostileEvaluation, ARatedValueOf0IsTold)
-{
-    MakeOrdinaryProject();
-    App().MachineI.I = 0;
-    ExpectFault();
-}
-
-// ---- the file -------------------------------------------------------------------------------------------------------
 
 TEST_F(HostileEvaluation, AFileLockedByAnotherProgramIsTold)
 {
