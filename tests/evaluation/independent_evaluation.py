@@ -525,22 +525,22 @@ GENERATOR_DATA = {"U": 400.0, "I": 28.0, "f": 50.0, "n": 1530.0, "M": -115.466, 
 NULLS = [[], ["U"], ["I"], ["f"], ["n"], ["M"], ["Mkipp_Mn"], ["Pmech"], ["U", "f"], ["I", "M", "n"], []]
 
 
-def random_machine(generator, options):
+def random_machine(generator, options, nulls):
     is_generator = generator.below(3) == 0
     data = dict(GENERATOR_DATA if is_generator else MOTOR_DATA)
     scale = generator.pick([0.5, 1.0, 1.0, 1.0, 1.7])  # so that every verdict occurs
     for name in ("I", "M", "Pmech"):
         data[name] *= scale
-    options.pel = data["Pmech"] * (0.87 if is_generator else 1.11)
-    options.kipp = abs(data["M"]) * data["Mkipp_Mn"] * generator.pick([0.3, 0.45, 1.0])
-    for name in generator.pick(NULLS):
+    options.pel = data["Pmech"] * (0.87 if is_generator else 1.11) * generator.pick([1.0, 1.0, -1.0])
+    options.kipp = data["M"] * data["Mkipp_Mn"] * generator.pick([0.3, 0.45, 1.0])
+    for name in nulls:
         data[name] = None
     options.rated = data
     options.tth = generator.pick([0.0, 95.3, 1234.5, 20.0])
     options.is_machine_valid = generator.below(3) != 0
 
 
-def random_options(generator, configuration):
+def random_options(generator, configuration, nulls):
     options = Options()
     options.configuration = configuration
     options.dt = generator.pick([1.0, 0.5, 7.0, 60.0])
@@ -550,14 +550,15 @@ def random_options(generator, configuration):
     options.window_selection = generator.below(2)
     options.prices = generator.pick([[0.15, 0.07, 0.03], [-0.2, 0.09, -0.01], [0.0, 0.0, 0.0], [0.3127, -0.11, 0.05]])
     options.cycles = generator.pick([10, 1, 0, -1, 365, 2000000000])
-    random_machine(generator, options)
+    random_machine(generator, options, nulls)
     return options
 
 
 def random_case(number, seed, longest):
     generator = SplitMix(seed * 1000003 + number)
-    options = random_options(generator, number % 7)
-    kind = number // 7 % 8
+    configuration, turn = number % 7, number // 7
+    options = random_options(generator, configuration, NULLS[(turn + configuration) % len(NULLS)])
+    kind = turn % 8
     window, _ = resolve_time_window(options)
     width = math.floor(window / options.dt) + 1
     if 3 <= kind <= 5 and not 3 <= width <= 60:
