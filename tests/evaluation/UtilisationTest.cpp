@@ -213,8 +213,10 @@ TEST_F(Utilisation, ARatedValueOf0EndsInTheGeneralErrorReport)
 TEST_F(Utilisation, ARatedValueOf0NeedsNoFigureToFail)
 {
     App().MachineI.I = 0;
-    MakeProject(2, {tValueRow()});
-    EXPECT_THROW(EvaluateProject(), ArithmeticFault);
+    for (const std::size_t sets : {0U, 1U}) {
+        MakeProject(2, std::vector<tValueRow>(sets));
+        EXPECT_THROW(EvaluateProject(), ArithmeticFault) << sets;
+    }
 }
 
 TEST_F(Utilisation, SetsAreCountedByTheWorstOfTheirRatings)
