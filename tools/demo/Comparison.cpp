@@ -1,5 +1,8 @@
 #include "demo/Comparison.h"
 
+#include <QFile>
+#include <QTextStream>
+
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
@@ -97,7 +100,7 @@ Comparison CompareRecording(const QString& projectFile, const std::vector<Logged
     constexpr double kRounding = 1e-9;
     const std::vector<Sample> sent = SentSamples(log, firstExchange);
     const std::vector<Sample> stored = StoredSamples(projectFile);
-    Comparison result{static_cast<int>(sent.size()), static_cast<int>(stored.size()), 0, {}};
+    Comparison result{.sent = static_cast<int>(sent.size()), .stored = static_cast<int>(stored.size())};
     if (sent.size() != stored.size())
         result.differences
             << QStringLiteral("%1 samples were sent and %2 sets are stored").arg(sent.size()).arg(stored.size());
@@ -114,6 +117,65 @@ Comparison CompareRecording(const QString& projectFile, const std::vector<Logged
                                           .arg(stored[set][i]);
         }
     return result;
+}
+
+namespace {
+
+struct ExportedColumn
+{
+    int field; ///< of an exported line
+    const char* column;
+};
+constexpr ExportedColumn kExported[] = {{1, "SampledValues.[U sum]"},
+                                        {2, "SampledValues.[I sum]"},
+                                        {3, "SampledValues.[f sum]"},
+                                        {4, "SampledValues.[P sum]"},
+                                        {9, "n"},
+                                        {10, "M"}};
+
+/// Lines of the sets: those whose first field is a number, up to the first empty line.
+std::vector<QStringList> ExportedSets(const QString& exportFile)
+{
+    QFile file(exportFile);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {};
+    QTextStream text(&file);
+    std::vector<QStringList> sets;
+    text.readLine(); // the heads
+    for (QString line = text.readLine(); !line.isEmpty(); line = text.readLine())
+        sets.push_back(line.split(u'\t'));
+    return sets;
+}
+
+} // namespace
+
+void CompareExport(const QString& projectFile, const QString& exportFile, Comparison& result)
+{
+    const std::vector<QStringList> lines = ExportedSets(exportFile);
+    result.exported = static_cast<int>(lines.size());
+    std::string columns = "SampledValues.[Set]";
+    for (const ExportedColumn& column : kExported)
+        columns += std::string(", ") + column.column;
+    SQLite::Database db(projectFile.toStdString());
+    SQLite::Statement query(db,
+                            "SELECT " + columns + " FROM SampledValues JOIN ComputedValues USING ([Set]) ORDER BY 1");
+    std::size_t set = 0;
+    for (; query.executeStep(); ++set) {
+        for (std::size_t i = 0; set < lines.size() && i < std::size(kExported); ++i) {
+            const QString written = lines[set].value(kExported[i].field);
+            const double stored = query.getColumn(static_cast<int>(i) + 1).getDouble();
+            bool isNumber = false;
+            ++result.values;
+            if (QString(written).replace(u',', u'.').toDouble(&isNumber) != stored || !isNumber)
+                result.differences << QStringLiteral("set %1, %2: stored %3, exported %4")
+                                          .arg(set + 1)
+                                          .arg(QLatin1String(kExported[i].column))
+                                          .arg(stored, 0, 'g', 17)
+                                          .arg(written);
+        }
+    }
+    if (set != lines.size())
+        result.differences << QStringLiteral("%1 sets are stored and %2 were exported").arg(set).arg(lines.size());
 }
 
 } // namespace korvanel

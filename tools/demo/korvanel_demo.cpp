@@ -1,6 +1,7 @@
 // Shows the program at work: starts it with private settings and a simulated instrument on its first port, presses its
 // real buttons from New to STOP, and leaves the project file, the instrument's log of what it sent and a picture of
-// each page. What was stored is compared with what was sent; a difference makes the demo fail.
+// each page and the exported text. What was stored is compared with what was sent, and what was exported with what was
+// stored; a difference makes the demo fail.
 //   korvanel_demo [--seconds N] [--out DIR]
 #include "demo/Comparison.h"
 #include "remote/ProgramDriver.h"
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QSettings>
 #include <QTextStream>
 #include <QThread>
@@ -49,11 +51,14 @@ public:
         driver.Trigger(QStringLiteral("mnuEnd"));
         if (driver.WaitForEnd() != EXIT_SUCCESS)
             throw DriverError("the program ended with an error");
-        return CompareRecording(ProjectFile(), simulator.Log(), firstExchange);
+        Comparison comparison = CompareRecording(ProjectFile(), simulator.Log(), firstExchange);
+        CompareExport(ProjectFile(), ExportFile(), comparison);
+        return comparison;
     }
 
 private:
     QString ProjectFile() const { return folder.filePath(QStringLiteral("Pumpe 3.MDB")); }
+    QString ExportFile() const { return folder.filePath(QStringLiteral("Pumpe 3.txt")); }
     void Picture(const QString& name)
     {
         driver.Grab(QStringLiteral("MainForm"), folder.filePath(name + QStringLiteral(".png")));
@@ -178,14 +183,60 @@ private:
         Picture(QStringLiteral("5-nach-der-messung"));
     }
 
-    /// Along the rest of the path.
     void WalkPages()
     {
-        for (const char* page : {"FormF5", "FormF6", "FormF8", "FormF9"}) {
-            driver.Trigger(QStringLiteral("cmdForw"));
-            driver.WaitForControl(QLatin1String(page));
-            Picture(QStringLiteral("6-") + QLatin1String(page));
+        VisitPage("FormF5");
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF6"));
+        ShowResults();
+        ExportResults();
+        VisitPage("FormF8");
+        VisitPage("FormF9");
+    }
+
+    void VisitPage(const char* page)
+    {
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QLatin1String(page));
+        Picture(QStringLiteral("7-") + QLatin1String(page));
+    }
+
+    /// Every tab of the evaluation, its options, and the list of the sets.
+    void ShowResults()
+    {
+        int number = 0;
+        for (const QJsonValue& tab : driver.Read(QStringLiteral("TabEvaluation"))[QStringLiteral("items")].toArray()) {
+            driver.Choose(QStringLiteral("TabEvaluation"), tab.toString());
+            Picture(QStringLiteral("6-auswertung-%1").arg(++number));
         }
+        PictureOfDialog("cmdOptions_1", "FormH10", "6-optionen");
+        PictureOfDialog("cmdOptions_2", "FormH9", "6-zeitfenster");
+        driver.Trigger(QStringLiteral("chkValue_1"));
+        driver.Trigger(QStringLiteral("chkValue_0"));
+        driver.Trigger(QStringLiteral("cmdSet"));
+        driver.WaitForControl(QStringLiteral("FormH15"));
+        driver.Type(QStringLiteral("txtSet"), QStringLiteral("20"));
+        driver.Grab(QStringLiteral("FormH15"), folder.filePath(QStringLiteral("6-satz-suchen.png")));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH15"));
+        Picture(QStringLiteral("6-messwerttabelle"));
+    }
+
+    void PictureOfDialog(const char* button, const char* dialog, const char* name)
+    {
+        driver.Trigger(QLatin1String(button));
+        driver.WaitForControl(QLatin1String(dialog));
+        driver.Grab(QLatin1String(dialog), folder.filePath(QLatin1String(name) + QStringLiteral(".png")));
+        driver.Trigger(QStringLiteral("cmdAbort"));
+        driver.WaitUntilGone(QLatin1String(dialog));
+    }
+
+    void ExportResults()
+    {
+        QFile::remove(ExportFile());
+        driver.Trigger(QStringLiteral("cmdExcel"));
+        driver.GivePath(ExportFile());
+        driver.WaitForQuiet();
     }
 
     QDir folder;
@@ -197,8 +248,9 @@ private:
 
 bool Report(QTextStream& print, const Comparison& comparison)
 {
-    print << comparison.sent << " samples sent, " << comparison.stored << " sets stored, " << comparison.values
-          << " values compared, " << comparison.differences.size() << " differences\n";
+    print << comparison.sent << " samples sent, " << comparison.stored << " sets stored, " << comparison.exported
+          << " exported, " << comparison.values << " values compared, " << comparison.differences.size()
+          << " differences\n";
     for (const QString& difference : comparison.differences)
         print << "  " << difference << '\n';
     return comparison.differences.isEmpty() && comparison.stored > 0;

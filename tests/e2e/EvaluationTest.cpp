@@ -1,0 +1,116 @@
+// A recorded cycle in the real program: evaluated on entering the page, shown on every tab, written through the button.
+#include "e2e/RecordingFixture.h"
+#include "machine/MotorDatabase.h"
+#include "support/ProjectFixture.h"
+#include "support/WorkedExample.h"
+
+namespace korvanel::test {
+namespace {
+
+class EvaluationProgram : public ProjectTest
+{
+protected:
+    EvaluationProgram()
+    {
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, PathOf("settings"));
+        options.emplace(App().sProgramDir);
+        App().ProgSettings = &*options;
+    }
+    void OpenExample()
+    {
+        CreateProject(2, "Lastspiel.MDB");
+        PutExample(*options);
+        ASSERT_TRUE(CopyMachineIntoProject(App().MachineI, WhichMachine::I));
+        ASSERT_TRUE(SaveProject());
+        program.Start();
+        program.WaitForWindow("MainForm");
+        program.Trigger("mnuOpen");
+        program.GivePath(App().sProjectPath);
+        program.AnswerBox("Nein"); // the machine isn't taken into the motor database
+        program.WaitForControl("FormF1");
+    }
+    void OpenResults()
+    {
+        program.Trigger("mnuResTable");
+        program.WaitForControl("FormF6");
+    }
+    /// A cell of a table of the page; with the heading of the block that holds the row, and the row's first cells.
+    QString Cell(const QString& table, const QString& heading, const QStringList& name, int column)
+    {
+        bool isInBlock = false;
+        for (const QJsonValue& entry : program.Read(table)["cells"].toArray()) {
+            QStringList cells;
+            for (const QJsonValue& cell : entry.toArray())
+                cells << cell.toString();
+            if (cells.mid(1).join(QString()).isEmpty())
+                isInBlock = cells.front() == heading;
+            else if (isInBlock && cells.mid(0, name.size()) == name)
+                return cells.at(column);
+        }
+        return QStringLiteral("no such row");
+    }
+    int End()
+    {
+        program.Trigger("mnuEnd");
+        return program.WaitForEnd();
+    }
+
+    std::optional<clsProgSettings> options;
+    ProgramDriver program{PathOf("settings")};
+};
+
+TEST_F(EvaluationProgram, EnteringThePage_EvaluatesTheRecording)
+{
+    OpenExample();
+    OpenResults();
+    EXPECT_EQ(Cell("flxExtrem", "Satz mit dem global kleinsten/größten Zahlenwert", {"Pel", ""}, 2), "-3000 W");
+    EXPECT_EQ(Cell("flxExtrem", "Quadratischer Mittelwert (rms) im Zeitfenster", {"I", "rms"}, 4), "30,353 A");
+    EXPECT_EQ(Cell("flxExtrem", "Quadratischer Mittelwert (rms) im Zeitfenster", {"I", "rms"}, 5), "1 - 3");
+    EXPECT_EQ(Cell("flxEnergy", "Energie für 1 Messzyklus", {"Wel", "M/G"}, 2), "0,738 kWh");
+    EXPECT_EQ(Cell("flxEnergy", "Energiekosten für 1000 Messzyklen", {"Wel", "M/G"}, 4), "107,25 €");
+    EXPECT_EQ(Cell("flxASM", "Auslastungswerte im Zeitfenster", {"I", "rms"}, 3), "92,4 % (I n)");
+    EXPECT_EQ(Cell("flxASM", "Auslastungswerte im Zeitfenster", {"I", "rms"}, 5), "mittel");
+    EXPECT_TRUE(program.Text("lblCorrected").startsWith("* korregierte Datensätze, Anzahl:"));
+    EXPECT_TRUE(program.Text("lblCorrected").endsWith("1"));
+    EXPECT_EQ(End(), 0);
+}
+
+TEST_F(EvaluationProgram, NewWindow_ChangesTheHeadingAtOnceAndTheValuesAtTheNextEntry)
+{
+    OpenExample();
+    OpenResults();
+    program.Trigger("cmdOptions_2");
+    program.WaitForControl("FormH9");
+    program.Type("txtTime_1", "00"); // one set alone
+    program.Trigger("cmdOK");
+    program.WaitUntilGone("FormH9");
+    const QString block = QStringLiteral("Quadratischer Mittelwert (rms) im Zeitfenster");
+    EXPECT_EQ(Cell("flxExtrem", block, {"I", "rms"}, 4), "30,353 A");
+    program.Trigger("cmdBack");
+    program.WaitUntilGone("FormF6");
+    OpenResults();
+    EXPECT_EQ(Cell("flxExtrem", block, {"I", "rms"}, 4), "42 A");
+    EXPECT_EQ(Cell("flxExtrem", block, {"I", "rms"}, 5), "3 - 3");
+    EXPECT_EQ(End(), 0);
+}
+
+TEST_F(EvaluationProgram, ExportButton_WritesTheRecordingAndTheTables)
+{
+    OpenExample();
+    OpenResults();
+    program.Trigger("cmdExcel");
+    program.GivePath(PathOf("Lastspiel.txt"));
+    program.WaitForQuiet();
+    const QString text = QString::fromUtf8(ContentOf("Lastspiel.txt"));
+    EXPECT_TRUE(text.startsWith(
+        QStringLiteral("\uFEFFSatz\tU [V]\tI [A]\tf [Hz]\tPel [W]\tQ [var]\tS [VA]\tPhi [°]\tcosphi\t")));
+    EXPECT_TRUE(text.contains("\n3\t396\t42\t49,9\t25800\t12800\t28800\t26,4\t0,896\t1446\t152\t23,01\t0,892\t"));
+    EXPECT_TRUE(text.contains("I\trms\t30,353 A\t92,4 % (I n)\t1 - 3\tmittel\t"));
+    const QString folder =
+        QSettings(PathOf("settings/KORVANEL/KORVANEL.ini"), QSettings::IniFormat).value("Settings/Export").toString();
+    EXPECT_EQ(folder, PathOf(QString()));
+    EXPECT_EQ(End(), 0);
+}
+
+} // namespace
+} // namespace korvanel::test
