@@ -79,8 +79,11 @@ SetGrid::SetGrid(const char* tableName, int shown, int fixed)
     bar->setObjectName(QStringLiteral("ScrollFlex"));
     table->setAutoScroll(false); // it has no rows out of sight, and columns are moved by hand
     connect(bar, &QScrollBar::valueChanged, this, [this] { Fill(); });
-    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& current) { TakeRow(current.row()); });
+    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& chosen) {
+                if (!chosen.isEmpty())
+                    TakeRow(chosen.front().top());
+            });
     Follow(*table);
     Follow(*table->viewport());
 }
@@ -175,6 +178,8 @@ void SetGrid::Select(qint32 set)
 
 void SetGrid::Fill()
 {
+    if (table->columnCount() == 0) // before the first Rebuild
+        return;
     table->setUpdatesEnabled(false);
     OpenDbGuarded();
     bool isReadable = App().bProjectOpen;
@@ -218,7 +223,7 @@ void SetGrid::ShowSelection()
 
 void SetGrid::TakeRow(int row)
 {
-    if (isShowingSelection || row < 0)
+    if (isShowingSelection)
         return;
     const qint32 set = FirstShown() + row;
     if (set > App().iSetCount) { // once the event that chose it is over
