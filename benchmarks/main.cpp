@@ -4,9 +4,12 @@
 
 #include "core/Common.h"
 #include "core/ProjectDb.h"
+#include "core/clsProgSettings.h"
 #include "core/project/ProjectStore.h"
 #include "data/ComputedQuantities.h"
 #include "data/SetCursor.h"
+#include "evaluation/Algorithms.h"
+#include "evaluation/EvaluationPass.h"
 
 #include <benchmark/benchmark.h>
 
@@ -89,6 +92,7 @@ struct MemoryTask
     const char* option;
     const char* what;
     bool (*run)();
+    double limit = 16; ///< MB
 };
 
 /// Walks all sets of the open project.
@@ -109,9 +113,30 @@ bool RecomputeSets()
     return RecomputeAllRows();
 }
 
+/// Evaluates the open project with a window of so many seconds, one set a second.
+bool EvaluateSetsWith(double window)
+{
+    PrepareMachine();
+    App().ProgSettings->SetTWindowSelection(0);
+    App().ProgSettings->SetTWindowSize(window);
+    EvaluateProject();
+    return App().bEvaluated != 0;
+}
+/// The longest window whose sets are kept in memory.
+bool EvaluateWithKeptWindow()
+{
+    return EvaluateSetsWith(kMostSetsInMemory - 2);
+}
+bool EvaluateWithRereadWindow()
+{
+    return EvaluateSetsWith(2.0 * kMostSetsInMemory);
+}
+
 constexpr MemoryTask kMemoryTasks[] = {
     {"--walk", "walking: peak memory over an empty project", WalkSets},
     {"--recompute", "recomputing: the same", RecomputeSets},
+    {"--evaluate", "evaluating, window of 200000 sets: the same", EvaluateWithKeptWindow, 32},
+    {"--evaluate-long", "evaluating, window of 400000 sets: the same", EvaluateWithRereadWindow},
 };
 
 /// Peak memory of this process. The figure of `getrusage` would count the parent's memory too.
@@ -150,14 +175,13 @@ double PeakMemory(const MemoryTask& task, const QString& path)
 
 bool PrintMemory()
 {
-    constexpr double kLimit = 16;
     bool isGood = true;
     for (const MemoryTask& task : kMemoryTasks) {
         const double empty = PeakMemory(task, EmptyProject());
         const double large = PeakMemory(task, LargeProject());
-        const bool isLittle = empty > 0 && large > 0 && large - empty < kLimit;
+        const bool isLittle = empty > 0 && large > 0 && large - empty < task.limit;
         std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n", task.what, large - empty,
-                    kLimit, empty, large, isLittle ? "" : "  TOO MUCH");
+                    task.limit, empty, large, isLittle ? "" : "  TOO MUCH");
         isGood = isGood && isLittle;
     }
     return isGood;
@@ -195,6 +219,8 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "read a set at random / bare look-up", "ReadRow_Program", "ReadRow_Bare", 1.5);
     isGood &= PrintRatio(reporter, "store a set durably / two bare inserts", "Append_Program", "Append_Bare", 1.3);
     isGood &= PrintRatio(reporter, "recompute a million sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "evaluate a million sets / bare loop", "Evaluate_Program", "Cursor_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "the same, window of 250000 sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);
