@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <string_view>
 #include <vector>
 
 struct sqlite3_stmt;
@@ -47,6 +48,8 @@ public:
     void Fill(tValueRow& row) const;
     /// Time stamp of the present row as stored; empty if it has none.
     QString StoredTime() const;
+    /// The same in UTF-8, until the next step.
+    std::string_view StoredTimeUtf8() const;
 
 private:
     struct Binding
@@ -78,6 +81,7 @@ public:
     }
     qint32 Set() const { return query.Set(); }
     QString StoredTime() const { return query.StoredTime(); }
+    std::string_view StoredTimeUtf8() const { return query.StoredTimeUtf8(); }
 
 private:
     SetQuery query;

@@ -18,7 +18,7 @@ public:
     // The script. An exhausted one answers No to questions and cancels dialogs.
     std::deque<Answer> answers;
     std::deque<QString> openPaths;
-    std::deque<QString> savePaths;
+    std::deque<std::optional<QString>> savePaths; ///< nothing: cancelled
     std::function<bool()> chooseMotorDatabase = [] { return false; };
 
     // The record.
@@ -50,10 +50,10 @@ public:
         openQuestions.push_back(question);
         return Next(openPaths, QString());
     }
-    QString AskSavePath(const FileQuestion& question) override
+    std::optional<QString> AskSavePath(const FileQuestion& question) override
     {
         saveQuestions.push_back(question);
-        return Next(savePaths, question.suggestion);
+        return Next<std::optional<QString>>(savePaths, std::nullopt);
     }
     void SetWaitCursor(bool isWaiting) override { waiting += isWaiting ? 1 : -1; }
     void Beep() override { calls << QStringLiteral("Beep"); }
