@@ -18,7 +18,7 @@ public:
     // The script. An exhausted one answers No to questions and cancels dialogs.
     std::deque<Answer> answers;
     std::deque<QString> openPaths;
-    std::deque<std::optional<QString>> savePaths; ///< nothing: cancelled
+    std::deque<QString> savePaths;
     std::function<bool()> chooseMotorDatabase = [] { return false; };
 
     // The record.
@@ -53,7 +53,9 @@ public:
     std::optional<QString> AskSavePath(const FileQuestion& question) override
     {
         saveQuestions.push_back(question);
-        return Next<std::optional<QString>>(savePaths, std::nullopt);
+        if (savePaths.empty())
+            return std::nullopt;
+        return Next(savePaths, QString());
     }
     void SetWaitCursor(bool isWaiting) override { waiting += isWaiting ? 1 : -1; }
     void Beep() override { calls << QStringLiteral("Beep"); }
