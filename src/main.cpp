@@ -24,6 +24,7 @@
 #include "core/window/StartScreen.h"
 #include "diagrams/clsGraphColours.h"
 #include "diagrams/clsSymbols.h"
+#include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
 #include "instruments/FormH5.h"
 #include "instruments/PortNames.h"
@@ -60,6 +61,9 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
     window.RegisterPage(kPageDevice, Build<FormF3>);
     window.RegisterPage(kPageMeasure, Build<FormF4>);
+    window.RegisterPage(kPageResultTable, [](MainWindow& frame, const PageEntry& entry) -> Page* {
+        return new FormF6(frame, entry, {});
+    });
     window.RegisterPage(kPageMachine, Build<FormF10>);
 }
 

@@ -14,7 +14,7 @@
 #include "core/window/MainWindow.h"
 #include "core/window/StatusLamp.h"
 #include "data/RowQuantities.h"
-#include "data/SetGrid.h"
+#include "data/SampleGrid.h"
 #include "data/ValueTables.h"
 #include "diagrams/clsSymbols.h"
 #include "instruments/Catalogue.h"
@@ -65,7 +65,7 @@ bool WasMeasuredWell(const std::vector<OnlineCurve>& curves, int quantity, const
 
 FormF4::FormF4(MainWindow& window, const PageEntry& entry)
     : Page(window, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
-      grid(new SetGrid(App().iGridRows.at(kShownSetsEntry))), graph(new OnlineGraph), side(new QTabWidget),
+      grid(new SampleGrid(App().iGridRows.at(kShownSetsEntry))), graph(new OnlineGraph), side(new QTabWidget),
       curveList(new CurveList), extraTable(new QTableWidget), scheduleGrid(new ScheduleGrid),
       lamp(new StatusLamp(QStringLiteral("shpLamp")))
 {

@@ -18,7 +18,7 @@ namespace korvanel {
 class CurveList;
 class OnlineGraph;
 class ScheduleGrid;
-class SetGrid;
+class SampleGrid;
 class StatusLamp;
 
 class FormF4 : public Page, private RunDisplay
@@ -61,7 +61,7 @@ private:
 
     MeasurementRun run;
     QTimer* timer;
-    SetGrid* grid;
+    SampleGrid* grid;
     OnlineGraph* graph;
     QTabWidget* side;
     CurveList* curveList;

@@ -27,6 +27,14 @@ class Shell;
 
 inline constexpr int kProgressThresholdEntry = 6;
 
+/// What is chosen on the page of the result tables, kept while that is not on show.
+struct ResultPageChoice
+{
+    QChar tab = u'A';
+    std::array<bool, 2> arePanelsShown{true, true}; ///< results, list of the sets
+    qint32 firstSet = 1;                            ///< in the list
+};
+
 struct ApplicationBlock
 {
     // What is open and on show.
@@ -83,6 +91,7 @@ struct ApplicationBlock
     double dTWindow = 0;        ///< s, length of the sliding window in force
     qint16 iRowWorstRating = 0; ///< worst rating of a value since the last set was begun
     QString sRatingWord;        ///< of the last rating for which it was asked
+    ResultPageChoice ResultPage;
 
     // Running energies of the derived quantities: Ws and vars.
     double dCalcS = 0;

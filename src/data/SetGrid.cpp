@@ -4,7 +4,6 @@
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
-#include "core/Texts.h"
 #include "core/window/FormH3.h"
 #include "data/FileManaging.h"
 #include "data/RowQuantities.h"
@@ -12,8 +11,9 @@
 #include "diagrams/clsSymbols.h"
 
 #include <QApplication>
-#include <QGridLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTableWidget>
@@ -26,11 +26,6 @@ namespace {
 
 constexpr int kRowHeight = 21;
 constexpr int kPadding = 14;
-
-QString HeadingOf(int column)
-{
-    return column >= 0 ? App().Symbols->SymbolWithUnit(column) : ColumnText(column);
-}
 
 /// The widest text that a column is laid out for.
 QString WidestText(int column)
@@ -49,171 +44,251 @@ QString WidestText(int column)
     }
 }
 
-/// Text of a column for a row that has just been read.
-QString CellText(const tValueRow& row, int column)
+/// Reads a set; false if it can't be read, which has been told, or isn't there.
+bool HasRead(qint32 set)
+{
+    return ReadRow(set) && App().lLastReadSet == set;
+}
+
+QString NumberOf(qint32 set, const tValueRow& values)
+{
+    return QString::number(set) + (values.bEdit ? QStringLiteral("*") : QString());
+}
+
+} // namespace
+
+QString SetText(const tValueRow& values, int column)
 {
     switch (column) {
     case kColumnTimeStamp:
         return App().sTimeText;
     case kColumnTime:
-        return SecondsToTime(row.dt, false);
+        return SecondsToTime(values.dt, false);
     case kColumnMethod:
-        return row.sMethod;
+        return values.sMethod;
     case kColumnSuitability:
         return {};
     default:
-        return GridText(row, column);
+        return GridText(values, column);
     }
 }
 
-} // namespace
-
-SetGrid::SetGrid(int shown)
-    : rows(shown), head(AddTable("flxHeader", 1)), values(AddTable("flxvalues", shown)),
-      bar(new QScrollBar(Qt::Vertical))
+SetGrid::SetGrid(const char* tableName, int shown, int fixed)
+    : rows(shown), fixedColumns(fixed), table(AddTable(tableName, shown)), bar(new QScrollBar(Qt::Vertical))
 {
     bar->setObjectName(QStringLiteral("ScrollFlex"));
-    head->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    values->horizontalHeader()->hide();
-    head->setContextMenuPolicy(Qt::CustomContextMenu);
-    head->horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
-    for (QWidget* clicked : {static_cast<QWidget*>(head), static_cast<QWidget*>(head->horizontalHeader())})
-        connect(clicked, &QWidget::customContextMenuRequested, this, [this] { AskForOrder(); });
-    connect(values->horizontalScrollBar(), &QScrollBar::valueChanged, head->horizontalScrollBar(),
-            &QScrollBar::setValue);
+    table->setAutoScroll(false); // it has no rows out of sight, and columns are moved by hand
     connect(bar, &QScrollBar::valueChanged, this, [this] { Fill(); });
-
-    head->horizontalHeader()->setFixedHeight(kRowHeight);
-    head->setFixedHeight(2 * kRowHeight + 2 * head->frameWidth());
-    values->setFixedHeight(rows * kRowHeight + values->horizontalScrollBar()->sizeHint().height() +
-                           2 * values->frameWidth());
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(0);
-    grid->addWidget(head, 0, 0);
-    grid->addWidget(values, 1, 0);
-    grid->addWidget(bar, 1, 1);
+    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { TakeRow(current.row()); });
+    Follow(*table);
+    Follow(*table->viewport());
 }
 
 QTableWidget* SetGrid::AddTable(const char* name, int rowCount)
 {
-    auto* table = new QTableWidget(rowCount, 0);
-    table->setObjectName(QLatin1String(name));
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->setWordWrap(false);
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->horizontalHeader()->setHighlightSections(false);
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setMinimumSectionSize(kRowHeight);
-    table->verticalHeader()->setDefaultSectionSize(kRowHeight);
-    table->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return table;
+    auto* added = new QTableWidget(rowCount, 0);
+    added->setObjectName(QLatin1String(name));
+    added->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    added->setSelectionBehavior(QAbstractItemView::SelectRows);
+    added->setSelectionMode(QAbstractItemView::SingleSelection);
+    added->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    added->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    added->setWordWrap(false);
+    added->setTabKeyNavigation(false);
+    added->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    added->horizontalHeader()->setHighlightSections(false);
+    added->horizontalHeader()->setFixedHeight(kRowHeight);
+    added->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    added->verticalHeader()->setMinimumSectionSize(kRowHeight);
+    added->verticalHeader()->setDefaultSectionSize(kRowHeight);
+    added->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return added;
+}
+
+int SetGrid::WidthOf(int column) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    return std::max(metrics.horizontalAdvance(ColumnHeading(column)), metrics.horizontalAdvance(WidestText(column))) +
+           kPadding;
 }
 
 void SetGrid::Rebuild()
 {
     FillHead();
     SetWidths();
-    const QSignalBlocker quiet(bar);
-    bar->setRange(0, std::max(0, App().iSetCount - rows));
-    bar->setPageStep(rows);
+    SetBarRange();
     Fill();
 }
 
-void SetGrid::FillHead()
+void SetGrid::SetBarRange()
 {
-    QStringList headings;
-    for (const qint16 column : App().ColumnLayout)
-        headings << HeadingOf(column);
-    for (QTableWidget* table : {head, values})
-        table->setColumnCount(static_cast<int>(headings.size()));
-    head->setHorizontalHeaderLabels(headings);
-    head->setVerticalHeaderLabels({Texts().presentValue});
+    const QSignalBlocker quiet(bar);
+    bar->setRange(0, std::max(0, App().iSetCount - rows));
+    bar->setPageStep(rows);
 }
 
-/// Columns keep their width whatever stands in them.
-void SetGrid::SetWidths()
+void SetGrid::SetRows(int count)
 {
-    const QFontMetrics metrics = fontMetrics();
-    for (int i = 0; i < head->columnCount(); ++i) {
-        const int column = App().ColumnLayout[static_cast<std::size_t>(i)];
-        const int width =
-            std::max(metrics.horizontalAdvance(HeadingOf(column)), metrics.horizontalAdvance(WidestText(column)));
-        for (QTableWidget* table : {head, values})
-            table->setColumnWidth(i, width + kPadding);
+    if (count == rows)
+        return;
+    rows = count;
+    {
+        const QScopedValueRollback showing(isShowingSelection, true);
+        table->setRowCount(rows);
     }
-    constexpr const char* kWidestNumber = "88888888";
-    const int width = std::max(metrics.horizontalAdvance(Texts().presentValue),
-                               metrics.horizontalAdvance(QLatin1String(kWidestNumber))) +
-                      kPadding;
-    for (QTableWidget* table : {head, values})
-        table->verticalHeader()->setFixedWidth(width);
+    SetBarRange();
+    Fill();
 }
 
 void SetGrid::ShowNewest()
 {
+    SetBarRange();
+    ShowFrom(App().iSetCount);
+}
+
+qint32 SetGrid::FirstShown() const
+{
+    return bar->value() + 1;
+}
+
+void SetGrid::ShowFrom(qint32 set)
+{
     {
         const QSignalBlocker quiet(bar);
-        bar->setRange(0, std::max(0, App().iSetCount - rows));
-        bar->setValue(bar->maximum());
+        bar->setValue(set - 1);
     }
     Fill();
 }
 
-int SetGrid::VisibleSets() const
+void SetGrid::ShowSet(qint32 set)
 {
-    return std::clamp(App().iSetCount - bar->value(), 0, rows);
+    selected = set;
+    ShowFrom(set - rows / 2);
+}
+
+void SetGrid::Select(qint32 set)
+{
+    selected = set;
+    ShowSelection();
 }
 
 void SetGrid::Fill()
 {
-    const int visible = App().bProjectOpen ? VisibleSets() : 0;
+    table->setUpdatesEnabled(false);
     OpenDbGuarded();
-    bool isReadable = true;
+    bool isReadable = App().bProjectOpen;
     for (int row = 0; row < rows; ++row) {
-        const int set = bar->value() + row + 1;
-        isReadable = isReadable && row < visible && ReadRow(set);
-        values->setVerticalHeaderItem(row, new QTableWidgetItem(isReadable ? QString::number(set) : QString()));
-        for (int column = 0; column < values->columnCount(); ++column)
-            SetCell(*values, row, column,
-                    isReadable ? CellText(App().CurrentRow, App().ColumnLayout[static_cast<std::size_t>(column)])
-                               : QString());
+        const qint32 set = FirstShown() + row;
+        isReadable = isReadable && set <= App().iSetCount && HasRead(set);
+        if (isReadable)
+            FillRow(row, NumberOf(set, App().CurrentRow), App().CurrentRow);
+        else
+            ClearRow(row);
     }
     CloseDbGuarded();
+    ShowSelection();
+    table->setUpdatesEnabled(true);
 }
 
-void SetGrid::SetCell(QTableWidget& table, int row, int column, const QString& text)
+void SetGrid::SetCell(QTableWidget& ofTable, int row, int column, const QString& text, Qt::Alignment alignment)
 {
-    QTableWidgetItem* item = table.item(row, column);
+    QTableWidgetItem* item = ofTable.item(row, column);
     if (!item) {
         item = new QTableWidgetItem;
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        table.setItem(row, column, item);
+        item->setTextAlignment(alignment);
+        ofTable.setItem(row, column, item);
     }
     item->setText(text);
 }
 
-void SetGrid::ShowPresent(const tValueRow& row, const std::function<bool(int)>& isGood)
+// The selection stays with its set, and the keys move it through all of them.
+
+void SetGrid::ShowSelection()
 {
-    for (int i = 0; i < head->columnCount(); ++i) {
-        const int column = App().ColumnLayout[static_cast<std::size_t>(i)];
-        SetCell(*head, 0, i, column == kColumnTimeStamp ? QString() : CellText(row, column));
-        const bool isBad = column >= 0 && !isGood(column);
-        const QColor grey(kBadCellColour & 0xFF, kBadCellColour >> 8 & 0xFF, kBadCellColour >> 16 & 0xFF);
-        head->item(0, i)->setBackground(isBad ? QBrush(grey) : QBrush());
-        head->item(0, i)->setForeground(isBad ? QBrush(Qt::black) : QBrush());
+    const QScopedValueRollback showing(isShowingSelection, true);
+    const int row = selected - FirstShown();
+    QItemSelectionModel& selection = *table->selectionModel();
+    if (selected > 0 && row >= 0 && row < rows)
+        selection.setCurrentIndex(table->model()->index(row, fixedColumns),
+                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    else
+        selection.clear();
+}
+
+void SetGrid::TakeRow(int row)
+{
+    if (isShowingSelection || row < 0)
+        return;
+    const qint32 set = FirstShown() + row;
+    if (set > App().iSetCount) { // once the event that chose it is over
+        QMetaObject::invokeMethod(
+            this, [this] { ShowSelection(); }, Qt::QueuedConnection);
+        return;
+    }
+    selected = set;
+    emit SetSelected(set);
+}
+
+bool SetGrid::MoveBy(int key)
+{
+    const qint32 from = selected > 0 ? selected : FirstShown();
+    const auto moveTo = [this](qint64 set) {
+        const qint32 last = App().iSetCount;
+        if (last < 1)
+            return;
+        selected = static_cast<qint32>(std::clamp<qint64>(set, 1, last));
+        if (selected < FirstShown())
+            ShowFrom(selected);
+        else if (selected >= FirstShown() + rows)
+            ShowFrom(selected - rows + 1);
+        else
+            ShowSelection();
+        emit SetSelected(selected);
+    };
+    QScrollBar& sideways = *table->horizontalScrollBar();
+    switch (key) {
+    case Qt::Key_Up:
+        moveTo(qint64(from) - 1);
+        return true;
+    case Qt::Key_Down:
+        moveTo(qint64(from) + 1);
+        return true;
+    case Qt::Key_PageUp:
+        moveTo(qint64(from) - rows);
+        return true;
+    case Qt::Key_PageDown:
+        moveTo(qint64(from) + rows);
+        return true;
+    case Qt::Key_Home:
+        moveTo(1);
+        return true;
+    case Qt::Key_End:
+        moveTo(App().iSetCount);
+        return true;
+    case Qt::Key_Left:
+        sideways.triggerAction(QScrollBar::SliderSingleStepSub);
+        return true;
+    case Qt::Key_Right:
+        sideways.triggerAction(QScrollBar::SliderSingleStepAdd);
+        return true;
+    default:
+        return false;
     }
 }
 
-void SetGrid::ClearPresent()
+bool SetGrid::eventFilter(QObject* watched, QEvent* event)
 {
-    for (int i = 0; i < head->columnCount(); ++i) {
-        SetCell(*head, 0, i, {});
-        head->item(0, i)->setBackground({});
+    if (event->type() == QEvent::KeyPress && watched == table)
+        return MoveBy(static_cast<QKeyEvent*>(event)->key());
+    if (event->type() == QEvent::Wheel) {
+        const QPoint turn = static_cast<QWheelEvent*>(event)->angleDelta();
+        if (std::abs(turn.y()) > std::abs(turn.x())) {
+            QApplication::sendEvent(bar, event);
+            return true;
+        }
     }
+    return QWidget::eventFilter(watched, event);
 }
 
 void SetGrid::AskForOrder()

@@ -1,52 +1,84 @@
-// The grid of the sets: a head with the names of the columns and the values of the present sample, below it some stored
-// sets, and a scroll bar that reaches all of them. Only what is visible is read.
+// The part that all grids of the sets have in common: a table of as many rows as are seen at once, and a scroll bar
+// that reaches all sets. Only what is visible is read, so that any place of a long recording is shown at once.
 #pragma once
 
 #include "core/ValueRow.h"
 
 #include <QWidget>
 
-#include <functional>
-
+class QGridLayout;
 class QScrollBar;
 class QTableWidget;
 
 namespace korvanel {
-
-/// Background of a cell whose value was not measured well: blue, green, red from the high to the low byte.
-inline constexpr quint32 kBadCellColour = 12632256;
 
 class SetGrid : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `rows` sets are shown at once.
-    explicit SetGrid(int rows);
-
     /// Takes columns and their order from the block, and shows the sets at the place where the bar stands.
     void Rebuild();
     /// Shows the last sets.
     void ShowNewest();
-    /// Shows a sample that is not stored yet, or not at all. `isGood` tells of a quantity whether it was measured well.
-    void ShowPresent(const tValueRow& row, const std::function<bool(int)>& isGood);
-    void ClearPresent();
+    /// Shows the sets from one on, or the last ones if too few follow it.
+    void ShowFrom(qint32 set);
+    /// Number of the set in the first row.
+    qint32 FirstShown() const;
+    /// Selects a set and brings it into the middle.
+    void ShowSet(qint32 set);
+    /// Selects a set wherever it is; 0 for none.
+    void Select(qint32 set);
 
-private:
+signals:
+    /// The user has selected a set.
+    void SetSelected(qint32 set);
+
+protected:
+    /// `fixedColumns` stand before those of the layout.
+    SetGrid(const char* tableName, int rows, int fixedColumns);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// Heads of the columns.
+    virtual void FillHead() = 0;
+    virtual void SetWidths() = 0;
+    /// Shows a set that has just been read. The number carries a star if the set was corrected.
+    virtual void FillRow(int row, const QString& number, const tValueRow& values) = 0;
+    /// Shows a row without a set.
+    virtual void ClearRow(int row) = 0;
+
     QTableWidget* AddTable(const char* name, int rows);
-    void FillHead();
-    void SetWidths();
+    QTableWidget& Table() const { return *table; }
+    QScrollBar& Bar() const { return *bar; }
+    /// Takes wheel and keys over a part of the grid.
+    void Follow(QWidget& part) { part.installEventFilter(this); }
+    int Rows() const { return rows; }
+    void SetRows(int count);
+    int FixedColumns() const { return fixedColumns; }
+    /// Width of a column of the layout, whatever stands in it.
+    int WidthOf(int column) const;
     /// Reads the visible sets.
     void Fill();
-    void SetCell(QTableWidget& table, int row, int column, const QString& text);
-    /// Number of sets from the bar's position on.
-    int VisibleSets() const;
     void AskForOrder();
+    static void SetCell(QTableWidget& ofTable, int row, int column, const QString& text, Qt::Alignment alignment);
+
+private:
+    void SetBarRange();
+    void ShowSelection();
+    /// Lets the user's choice of a row stand, unless there is no set.
+    void TakeRow(int row);
+    /// Moves the selection as a key tells; false for a key without a meaning here.
+    bool MoveBy(int key);
 
     int rows;
-    QTableWidget* head;
-    QTableWidget* values;
+    int fixedColumns;
+    qint32 selected = 0;
+    bool isShowingSelection = false;
+    QTableWidget* table;
     QScrollBar* bar;
 };
+
+/// Text of a column for a row that has just been read.
+QString SetText(const tValueRow& values, int column);
 
 } // namespace korvanel

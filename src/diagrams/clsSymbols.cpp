@@ -1,5 +1,7 @@
 #include "diagrams/clsSymbols.h"
 
+#include "core/Common.h"
+#include "core/Texts.h"
 #include "diagrams/QuantityTable.h"
 
 namespace korvanel {
@@ -24,6 +26,27 @@ const QString& clsSymbols::Unit(int index) const
 QString clsSymbols::SymbolWithUnit(int index) const
 {
     return Unit(index).isEmpty() ? Symbol(index) : Symbol(index) + QStringLiteral(" [") + Unit(index) + u']';
+}
+
+QString ColumnText(int column)
+{
+    switch (column) {
+    case kColumnTime:
+        return Texts().columnTime;
+    case kColumnTimeStamp:
+        return Texts().columnTimeStamp;
+    case kColumnSuitability:
+        return Texts().columnModel;
+    case kColumnMethod:
+        return Texts().columnMethod;
+    default:
+        return App().Symbols->Symbol(column);
+    }
+}
+
+QString ColumnHeading(int column)
+{
+    return column >= 0 ? App().Symbols->SymbolWithUnit(column) : ColumnText(column);
 }
 
 } // namespace korvanel

@@ -1,4 +1,4 @@
-// Symbols and units of the quantities. They are never translated.
+// Symbols and units of the quantities, which are never translated, and the names of the grid columns.
 #pragma once
 
 #include "core/Quantities.h"
@@ -23,5 +23,11 @@ private:
     std::array<QString, kQuantityCount> symbols;
     std::array<QString, kQuantityCount> units;
 };
+
+/// Text by which a list names a grid column: the symbol, or the name of a column without a quantity.
+QString ColumnText(int column);
+
+/// Text over a grid column: symbol and unit, or the name of a column without a quantity.
+QString ColumnHeading(int column);
 
 } // namespace korvanel

@@ -1,6 +1,6 @@
 #include "acquisition/FormF4.h"
 
-#include "data/SetGrid.h"
+#include "data/SampleGrid.h"
 #include "data/ValueTables.h"
 #include "support/FakeInstrument.h"
 #include "support/WindowFixture.h"

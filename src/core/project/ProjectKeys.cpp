@@ -196,6 +196,7 @@ void ResetProjectData()
     app.fDevScaleU = app.fDevScaleI = app.fDevScaleP = 1;
     app.iSetCount = 0;
     app.iCurrentSet = 1;
+    app.ResultPage.firstSet = 1;
     app.bEvaluated = 0;
     app.bModelValid = false;
     ResetMachines(app);

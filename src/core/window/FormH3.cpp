@@ -13,22 +13,6 @@
 
 namespace korvanel {
 
-QString ColumnText(int column)
-{
-    switch (column) {
-    case kColumnTime:
-        return Texts().columnTime;
-    case kColumnTimeStamp:
-        return Texts().columnTimeStamp;
-    case kColumnSuitability:
-        return Texts().columnModel;
-    case kColumnMethod:
-        return Texts().columnMethod;
-    default:
-        return App().Symbols->Symbol(column);
-    }
-}
-
 FormH3::FormH3(QWidget* parent) : QDialog(parent), list(new QListWidget)
 {
     setObjectName(QStringLiteral("FormH3"));

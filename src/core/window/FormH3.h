@@ -7,9 +7,6 @@ class QListWidget;
 
 namespace korvanel {
 
-/// Text by which the list names a column.
-QString ColumnText(int column);
-
 class FormH3 : public QDialog
 {
     Q_OBJECT

@@ -1,0 +1,75 @@
+#include "data/FormH15.h"
+
+#include "core/Common.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvanel {
+
+FormH15::FormH15(QWidget* parent) : QDialog(parent), box(new QLineEdit)
+{
+    constexpr int kLongestText = 20;
+    constexpr int kWidth = 120;
+    setObjectName(QStringLiteral("FormH15"));
+    setWindowTitle(Texts().findSetTitle);
+    box->setObjectName(QStringLiteral("txtSet"));
+    box->setMaxLength(kLongestText);
+    box->setMinimumWidth(kWidth);
+    box->setText(QString::number(std::min(App().iCurrentSet, App().iSetCount)));
+    box->selectAll();
+    auto* caption = new QLabel(FillPlaceholders(Texts().findSetNumber, {QString::number(App().iSetCount)}));
+    caption->setBuddy(box);
+    auto* entry = new QHBoxLayout;
+    entry->addWidget(caption);
+    entry->addWidget(box, 1);
+
+    auto* ok = new QPushButton(Texts().findSetOk);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &FormH15::TakeOver);
+    auto* cancel = new QPushButton(Texts().buttonCancel);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    cancel->setAutoDefault(false);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(entry);
+    column->addStretch(1);
+    column->addLayout(buttons);
+}
+
+bool FormH15::ChooseSet(QWidget* parent)
+{
+    return FormH15(parent).exec() == QDialog::Accepted;
+}
+
+void FormH15::TakeOver()
+{
+    const double typed = LocalNumber(box->text()).value_or(0);
+    const bool isWhole = std::floor(typed) == typed;
+    const double set = std::min(typed, static_cast<double>(App().iSetCount));
+    if (isWhole && typed > set)
+        box->setText(QString::number(App().iSetCount));
+    if (!isWhole || set < 1) {
+        box->setFocus();
+        box->selectAll();
+        return;
+    }
+    App().iCurrentSet = static_cast<qint32>(set);
+    accept();
+}
+
+} // namespace korvanel

@@ -1,0 +1,49 @@
+// The list of all sets with their ratings: number and time stay in view, the columns of the layout move sideways. A
+// right click anywhere changes their order. What a value or a set is worth the page tells.
+#pragma once
+
+#include "data/SetGrid.h"
+
+#include <functional>
+
+class QTableView;
+
+namespace korvanel {
+
+/// How the values of the sets are judged. Colours: blue, green, red from the high to the low byte.
+struct SetJudge
+{
+    struct Verdict
+    {
+        QString word;
+        qint32 colour = 0;
+    };
+    std::function<qint32(double value, int quantity)> colourOf; ///< of a value in base units
+    std::function<Verdict(const tValueRow& row)> verdictOn;
+    QStringList words; ///< that a verdict may have
+};
+
+class SetList : public SetGrid
+{
+    Q_OBJECT
+
+public:
+    explicit SetList(SetJudge setJudge);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void FillHead() override;
+    void SetWidths() override;
+    void FillRow(int row, const QString& number, const tValueRow& values) override;
+    void ClearRow(int row) override;
+
+private:
+    void BuildFixedColumns();
+    SetJudge::Verdict CellOf(const tValueRow& values, int column) const;
+    void ShowCell(int row, int column, const SetJudge::Verdict& cell);
+
+    SetJudge judge;
+    QTableView* fixed; ///< the same rows, with the columns that stay
+};
+
+} // namespace korvanel

@@ -1,0 +1,237 @@
+#include "evaluation/FormF6.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "core/clsProgSettings.h"
+#include "data/FormH15.h"
+#include "data/SetList.h"
+#include "evaluation/Algorithms.h"
+#include "evaluation/FormH10.h"
+#include "evaluation/FormH9.h"
+#include "evaluation/OverviewSheet.h"
+#include "evaluation/Rating.h"
+#include "evaluation/ResultGrid.h"
+#include "evaluation/TimeWindow.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace korvanel {
+
+namespace {
+
+constexpr std::size_t kResultsPanel = 0;
+constexpr std::size_t kSetsPanel = 1;
+constexpr int kCostOptions = 1;
+constexpr int kWindowOptions = 2;
+constexpr int kVoltagesOnly = 6; ///< net configuration without power
+
+/// The sets as the measured machine judges them.
+SetJudge JudgeOfMachine()
+{
+    SetJudge judge;
+    judge.colourOf = [](double value, int quantity) { return RateValue(value, quantity, RatingMode::MachineI, false); };
+    judge.verdictOn = [](const tValueRow& row) {
+        const int rating = RateRow(row, RatingMode::MachineI);
+        return SetJudge::Verdict{RatingWord(rating), RatingColour(rating)};
+    };
+    for (int rating = 0; rating < kRatingCount; ++rating)
+        judge.words << RatingWord(rating);
+    return judge;
+}
+
+} // namespace
+
+FormF6::FormF6(MainWindow& window, const PageEntry& entry, std::function<void()> exportRecording)
+    : Page(window, entry), exportSets(std::move(exportRecording)), tabs(new QTabWidget),
+      list(new SetList(JudgeOfMachine()))
+{
+    Body().setSpacing(5);
+    Body().addLayout(BuildHead());
+    BuildTabs();
+    Body().addWidget(tabs, 3);
+    Body().addWidget(list, 2);
+    Body().addLayout(BuildButtons());
+    connect(list, &SetList::SetSelected, this, [](qint32 set) { App().iCurrentSet = set; });
+    ShowPanels();
+}
+
+QBoxLayout* FormF6::BuildHead()
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(14);
+    row->addWidget(AddPanelBox(kResultsPanel, Texts().resultsShowTables));
+    row->addWidget(AddPanelBox(kSetsPanel, Texts().resultsShowSets));
+    row->addStretch(1);
+    const auto addLabel = [row](const char* name) {
+        auto* label = new QLabel;
+        label->setObjectName(QLatin1String(name));
+        row->addWidget(label);
+        return label;
+    };
+    correctedLabel = addLabel("lblCorrected");
+    cyclesLabel = addLabel("lblCycles");
+    windowLabel = addLabel("lblTWindow");
+    return row;
+}
+
+QCheckBox* FormF6::AddPanelBox(std::size_t index, const QString& text)
+{
+    auto* box = new QCheckBox(text);
+    box->setObjectName(QStringLiteral("chkValue_%1").arg(index));
+    box->setChecked(App().ResultPage.arePanelsShown.at(index));
+    connect(box, &QCheckBox::toggled, this, [this, index](bool isChecked) { ChoosePanel(index, isChecked); });
+    return panelBoxes.at(index) = box;
+}
+
+void FormF6::BuildTabs()
+{
+    const int netConf = App().iNetConfIndex;
+    tabs->setObjectName(QStringLiteral("TabEvaluation"));
+    AddTab(u'A', overview = new OverviewSheet, Texts().resultsOverview);
+    AddTab(u'B', extremes = new ResultGrid("flxExtrem"), Texts().resultsExtremes);
+    if (netConf != kVoltagesOnly)
+        AddTab(u'C', energies = new ResultGrid("flxEnergy"), Texts().resultsEnergy);
+    if (HasMachine(netConf)) {
+        AddTab(u'D', utilisation = new ResultGrid("flxASM"), Texts().resultsUtilisation);
+        AddTab(u'E', BuildSecondMachine(), Texts().resultsSecondMachine);
+    }
+    connect(tabs, &QTabWidget::currentChanged, this,
+            [this] { App().ResultPage.tab = tabs->currentWidget()->objectName().back(); });
+}
+
+void FormF6::AddTab(QChar key, QWidget* content, const QString& title)
+{
+    auto* tab = new QWidget;
+    tab->setObjectName(QStringLiteral("TabEvaluation_") + key);
+    auto* column = new QVBoxLayout(tab);
+    column->setContentsMargins(4, 4, 4, 4);
+    column->addWidget(content);
+    tabs->addTab(tab, title);
+    if (App().ResultPage.tab == key)
+        tabs->setCurrentWidget(tab);
+}
+
+QWidget* FormF6::BuildSecondMachine()
+{
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(new QLabel(Texts().laterVersion));
+    auto* table = new QTableWidget;
+    table->setObjectName(QStringLiteral("flxSimul"));
+    column->addWidget(table, 1);
+    return content;
+}
+
+QBoxLayout* FormF6::BuildButtons()
+{
+    auto* row = new QHBoxLayout;
+    AddButton(*row, "cmdOptions_1", Texts().resultsOptions, [this] { ChangeOptions(kCostOptions); });
+    AddButton(*row, "cmdOptions_2", Texts().resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
+    AddButton(*row, "cmdExcel", Texts().resultsExport, [this] { exportSets(); })->setEnabled(exportSets != nullptr);
+    row->addStretch(1);
+    AddButton(*row, "cmdSet", Texts().findSetTitle, [this] { FindSet(); });
+    return row;
+}
+
+QPushButton* FormF6::AddButton(QBoxLayout& row, const char* name, const QString& text,
+                               const std::function<void()>& routine)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(QLatin1String(name));
+    connect(button, &QPushButton::clicked, this, [this, routine] { Guarded(routine); });
+    row.addWidget(button);
+    return button;
+}
+
+void FormF6::Refresh()
+{
+    if (isEvaluating) // the end of the pass asks for it; the results are shown right after
+        return;
+    if (isEntered) {
+        ShowResults();
+        return;
+    }
+    isEntered = true;
+    ShowEvaluationPage();
+    list->ShowFrom(App().ResultPage.firstSet);
+}
+
+void FormF6::Leave()
+{
+    App().ResultPage.firstSet = list->FirstShown();
+}
+
+void FormF6::ShowEvaluationPage()
+{
+    if (!App().bEvaluated) {
+        const QScopedValueRollback evaluating(isEvaluating, true);
+        ClearTables();
+        RunGuarded(objectName(), EvaluateProject);
+    }
+    ShowResults();
+}
+
+void FormF6::ShowResults()
+{
+    overview->Refresh();
+    extremes->Show(ExtremTable());
+    if (energies)
+        energies->Show(EnergyTable());
+    if (utilisation)
+        utilisation->Show(UtilisationTable());
+    windowLabel->setText(FillPlaceholders(Texts().resultsWindow, {TimeWindowText()}));
+    cyclesLabel->setText(FillPlaceholders(Texts().resultsCycles, {QString::number(App().ProgSettings->Cycles())}));
+    correctedLabel->setText(
+        FillPlaceholders(Texts().resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
+    list->Select(App().iCurrentSet);
+    list->Rebuild();
+}
+
+void FormF6::ClearTables()
+{
+    for (ResultGrid* table : {extremes, energies, utilisation})
+        if (table)
+            table->setRowCount(0);
+}
+
+void FormF6::ShowPanels()
+{
+    tabs->setVisible(App().ResultPage.arePanelsShown.at(kResultsPanel));
+    list->setVisible(App().ResultPage.arePanelsShown.at(kSetsPanel));
+}
+
+void FormF6::ChoosePanel(std::size_t index, bool isShown)
+{
+    if (!isShown && !panelBoxes.at(1 - index)->isChecked()) {
+        panelBoxes.at(index)->setChecked(true);
+        return;
+    }
+    App().ResultPage.arePanelsShown.at(index) = isShown;
+    ShowPanels();
+}
+
+void FormF6::ChangeOptions(int index)
+{
+    const int result = index == kCostOptions ? FormH10(this).exec() : FormH9(this).exec();
+    if (result == QDialog::Accepted)
+        ShowResults();
+}
+
+void FormF6::FindSet()
+{
+    if (!FormH15::ChooseSet(this))
+        return;
+    panelBoxes.at(kSetsPanel)->setChecked(true);
+    list->ShowSet(App().iCurrentSet);
+}
+
+} // namespace korvanel

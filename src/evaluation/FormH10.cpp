@@ -1,0 +1,134 @@
+#include "evaluation/FormH10.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "core/clsProgSettings.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <limits>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kLongestText = 40;
+constexpr int kBoxWidth = 120;
+
+constexpr std::array<TextMember, 3> kPriceCaptions{&TextTable::optionsDrawnEnergy, &TextTable::optionsDeliveredEnergy,
+                                                   &TextTable::optionsReactiveEnergy};
+
+} // namespace
+
+FormH10::FormH10(QWidget* parent)
+    : QDialog(parent), prices{App().ProgSettings->EnergyCosts(0), App().ProgSettings->EnergyCosts(1),
+                              App().ProgSettings->EnergyCosts(2)},
+      cycles(App().ProgSettings->Cycles())
+{
+    setObjectName(QStringLiteral("FormH10"));
+    setWindowTitle(Texts().optionsTitle);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(BuildCosts());
+    column->addWidget(BuildOther());
+    column->addStretch(1);
+    column->addLayout(BuildButtons());
+}
+
+QGroupBox* FormH10::BuildCosts()
+{
+    auto* group = new QGroupBox(Texts().optionsCosts);
+    auto* form = new QFormLayout(group);
+    for (std::size_t i = 0; i < prices.size(); ++i) {
+        priceBoxes.at(i) = AddNumberBox(QStringLiteral("txtKosten_%1").arg(i), prices.at(i));
+        form->addRow(TextOf(kPriceCaptions.at(i)), priceBoxes.at(i));
+    }
+    return group;
+}
+
+QGroupBox* FormH10::BuildOther()
+{
+    auto* group = new QGroupBox(Texts().optionsOther);
+    auto* form = new QFormLayout(group);
+    currencyBox = new QLineEdit(App().ProgSettings->UsedCurrency());
+    currencyBox->setObjectName(QStringLiteral("txtWaehrung"));
+    currencyBox->setMaxLength(kLongestText);
+    currencyBox->setMinimumWidth(kBoxWidth);
+    form->addRow(Texts().optionsCurrency, currencyBox);
+    cyclesBox = AddNumberBox(QStringLiteral("txtZyklen"), cycles);
+    form->addRow(Texts().optionsCycles, cyclesBox);
+    return group;
+}
+
+QHBoxLayout* FormH10::BuildButtons()
+{
+    auto* ok = new QPushButton(Texts().buttonOk);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, [this] { RunGuarded(objectName(), [this] { Store(); }); });
+    auto* cancel = new QPushButton(Texts().buttonCancel);
+    cancel->setObjectName(QStringLiteral("cmdAbort"));
+    cancel->setAutoDefault(false);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(ok);
+    row->addWidget(cancel);
+    return row;
+}
+
+QLineEdit* FormH10::AddNumberBox(const QString& name, double& number)
+{
+    auto* box = new QLineEdit(NumberText(number));
+    box->setObjectName(name);
+    box->setMaxLength(kLongestText);
+    box->setMinimumWidth(kBoxWidth);
+    box->setAlignment(Qt::AlignRight);
+    connect(box, &QLineEdit::editingFinished, this, [this, box, &number] { TakeNumber(*box, number); });
+    return box;
+}
+
+void FormH10::TakeNumber(QLineEdit& box, double& number)
+{
+    if (box.text() == NumberText(number)) // what was not touched keeps the digits that the text leaves out
+        return;
+    number = TypedNumber(box.text());
+    box.setText(NumberText(number));
+}
+
+/// Also for a box that still has the focus.
+void FormH10::TakeAll()
+{
+    for (std::size_t i = 0; i < prices.size(); ++i)
+        TakeNumber(*priceBoxes.at(i), prices.at(i));
+    TakeNumber(*cyclesBox, cycles);
+}
+
+void FormH10::Store()
+{
+    using Limits = std::numeric_limits<qint32>;
+    TakeAll();
+    const double whole = std::nearbyint(cycles); // halves to the even number
+    QString text = NumberText(whole);
+    if (!CheckNumberRange(text, Limits::min(), Limits::max())) {
+        cyclesBox->setFocus();
+        cyclesBox->selectAll();
+        return;
+    }
+    clsProgSettings& settings = *App().ProgSettings;
+    settings.SetCycles(static_cast<qint32>(whole));
+    settings.SetUsedCurrency(currencyBox->text());
+    for (std::size_t i = 0; i < prices.size(); ++i)
+        settings.SetEnergyCosts(i, prices.at(i));
+    App().bEvaluated = 0;
+    accept();
+}
+
+} // namespace korvanel

@@ -1,0 +1,109 @@
+#include "evaluation/OverviewSheet.h"
+
+#include "core/Common.h"
+#include "core/LocalFormats.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "core/window/Page.h"
+#include "evaluation/Rating.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace korvanel {
+
+namespace {
+
+QString MomentText(const QDateTime& moment)
+{
+    return moment == ZeroDate() ? Texts().resultsNotSet : DateTimeText(moment);
+}
+
+QString Known(const QString& text)
+{
+    return text.isEmpty() ? Texts().resultsNotSet : text;
+}
+
+QString ClassText(int rating)
+{
+    const EvaluationResults& results = App().Evaluation;
+    const qint32 count = results.lRowClassCount.at(static_cast<std::size_t>(rating));
+    const double share = results.lSets == 0 ? 0 : 100.0 * count / results.lSets;
+    return FillPlaceholders(Texts().resultsClass, {RatingWord(rating), QString::number(count), RoundValue(share, 10)});
+}
+
+} // namespace
+
+OverviewSheet::OverviewSheet()
+{
+    auto* row = new QHBoxLayout(this);
+    row->setSpacing(24);
+    auto* left = new QFormLayout;
+    project = AddValue(*left, "lblProject", Texts().resultsProject);
+    device = AddValue(*left, "lblDevice", Texts().resultsDevice);
+    begin = AddValue(*left, "lblBegin", Texts().resultsBegin);
+    end = AddValue(*left, "lblEnd", Texts().resultsEnd);
+    term = AddValue(*left, "lblTerm", Texts().resultsTerm);
+    row->addLayout(left, 1);
+    auto* right = new QFormLayout;
+    interval = AddValue(*right, "lblInterval", Texts().resultsInterval);
+    sets = AddValue(*right, "lblSets", Texts().resultsSets);
+    if (HasMachine(App().iNetConfIndex))
+        AddMachine(*right);
+    row->addLayout(right, 1);
+}
+
+QLabel* OverviewSheet::AddValue(QFormLayout& form, const char* name, const QString& caption)
+{
+    auto* value = new QLabel;
+    value->setObjectName(QLatin1String(name));
+    value->setTextFormat(Qt::PlainText);
+    value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // names come from outside
+    form.addRow(caption, value);
+    return value;
+}
+
+void OverviewSheet::AddMachine(QFormLayout& form)
+{
+    machine = AddValue(form, "lblMachine", Texts().resultsMachine);
+    for (std::size_t i = 0; i < classes.size(); ++i) {
+        const int rating = static_cast<int>(i) + 1;
+        classes.at(i) = AddValue(form, "", i == 0 ? Texts().resultsSuitability : QString());
+        classes.at(i)->setObjectName(QStringLiteral("lblClass_%1").arg(rating));
+        const qint32 colour = RatingColour(rating);
+        QPalette colours = classes.at(i)->palette();
+        colours.setColor(QPalette::WindowText, QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
+        classes.at(i)->setPalette(colours);
+    }
+}
+
+void OverviewSheet::Refresh()
+{
+    const ApplicationBlock& app = App();
+    project->setText(app.sProjectName);
+    project->setToolTip(PlainToolTip(app.sProjectName));
+    device->setText(Known(app.sDeviceId.isEmpty() ? app.sDevice : app.sDeviceId));
+    device->setToolTip(PlainToolTip(device->text()));
+    begin->setText(MomentText(app.dtMeasurementBegin));
+    end->setText(MomentText(app.dtMeasurementEnd));
+    term->setText(Known(app.sMeasurementTerm));
+    interval->setText(FillPlaceholders(Texts().resultsIntervalValue, {NumberText(app.dInterval)}));
+    sets->setText(QString::number(app.iSetCount));
+    if (machine)
+        ShowMachine();
+}
+
+void OverviewSheet::ShowMachine()
+{
+    const MachineRecord& record = App().MachineI;
+    const QString name = Known(record.Hersteller.simplified());
+    machine->setText(record.Pmech
+                         ? FillPlaceholders(Texts().resultsMachineValue, {name, RoundValue(*record.Pmech / 1000, 1000)})
+                         : name);
+    machine->setToolTip(PlainToolTip(machine->text()));
+    for (std::size_t i = 0; i < classes.size(); ++i)
+        classes.at(i)->setText(ClassText(static_cast<int>(i) + 1));
+}
+
+} // namespace korvanel

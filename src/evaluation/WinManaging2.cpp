@@ -1,0 +1,323 @@
+#include "evaluation/WinManaging2.h"
+
+#include "core/Common.h"
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "core/clsProgSettings.h"
+#include "diagrams/clsSymbols.h"
+#include "evaluation/TimeWindow.h"
+
+#include <iterator>
+#include <span>
+
+namespace korvanel {
+
+namespace {
+
+using T = TextTable;
+
+constexpr double kPerHour = 3600;
+constexpr double kPerKilo = 1000;
+constexpr double kCentFactor = 100;
+constexpr double kPercentFactor = 100;
+
+void AddHeading(ResultTable& table, const QString& text)
+{
+    table.rows.push_back({.kind = ResultRowKind::Heading, .cells = {text}});
+}
+
+void AddRow(ResultTable& table, const QStringList& cells, qint32 lastColour = 0)
+{
+    table.rows.push_back({.kind = ResultRowKind::Values, .cells = cells, .lastColour = lastColour});
+}
+
+bool IsMachineShown()
+{
+    return HasMachine(App().iNetConfIndex);
+}
+
+/// "12 - 45": first and last set of a window that reaches back over `span` sets.
+QString WindowSets(double last, double span)
+{
+    return NumberText(FirstOfWindow(last, span)) + QStringLiteral(" - ") + NumberText(last);
+}
+
+// Extremes.
+
+struct ExtremRow
+{
+    int quantity;
+    double factor;
+    bool isPrefixed;
+    bool hasRms = true;
+};
+
+constexpr ExtremRow kElectricalRows[] = {
+    {.quantity = kU, .factor = 1000, .isPrefixed = true},
+    {.quantity = kI, .factor = 1000, .isPrefixed = true},
+    {.quantity = kF, .factor = 100, .isPrefixed = false, .hasRms = false},
+    {.quantity = kP, .factor = 1000, .isPrefixed = true, .hasRms = false},
+    {.quantity = kS, .factor = 1000, .isPrefixed = true, .hasRms = false},
+    {.quantity = kQ, .factor = 1000, .isPrefixed = true},
+    {.quantity = kCosPhi, .factor = 100, .isPrefixed = false},
+    {.quantity = kPhi, .factor = 100, .isPrefixed = false},
+};
+constexpr ExtremRow kMachineRows[] = {
+    {.quantity = kN, .factor = 1, .isPrefixed = false},
+    {.quantity = kM, .factor = 100, .isPrefixed = false},
+    {.quantity = kPmech, .factor = 1000, .isPrefixed = true},
+    {.quantity = kEta, .factor = 100, .isPrefixed = false},
+};
+
+/// A block of the table: where its values stand, and how its sets are written.
+struct ExtremBlock
+{
+    TextMember heading;
+    TextMember kind; ///< of the mean; none of single sets
+    const ExtremEntry& (*minimum)(int quantity);
+    const ExtremEntry& (*maximum)(int quantity);
+    bool isOfWindow;
+    bool isRms;
+};
+
+template <auto table>
+const ExtremEntry& EntryOf(int quantity)
+{
+    return (App().Evaluation.*table).at(static_cast<std::size_t>(quantity));
+}
+
+using R = EvaluationResults;
+constexpr ExtremBlock kExtremBlocks[] = {
+    {&T::blockExtremes, nullptr, EntryOf<&R::tExtremMin>, EntryOf<&R::tExtremMax>, false, false},
+    {&T::blockRms, &T::kindRms, EntryOf<&R::tRmsMin>, EntryOf<&R::tRmsMax>, true, true},
+    {&T::blockAvg, &T::kindAvg, EntryOf<&R::tAvgMin>, EntryOf<&R::tAvgMax>, true, false},
+};
+
+QString ExtremText(const ExtremRow& row, double value)
+{
+    const QString& unit = App().Symbols->Unit(row.quantity);
+    return row.isPrefixed ? FormatPrefixed(value, row.factor, true) + unit
+                          : FormatValueUnit(value, unit, row.factor, false);
+}
+
+QString ExtremSet(const ExtremBlock& block, qint32 set)
+{
+    return block.isOfWindow ? WindowSets(set, App().Evaluation.dWindowSpan) : QString::number(set);
+}
+
+void AddExtremRows(ResultTable& table, const ExtremBlock& block, std::span<const ExtremRow> rows)
+{
+    for (const ExtremRow& row : rows) {
+        if (block.isRms && !row.hasRms)
+            continue;
+        const ExtremEntry& minimum = block.minimum(row.quantity);
+        const ExtremEntry& maximum = block.maximum(row.quantity);
+        AddRow(table, {App().Symbols->Symbol(row.quantity), block.kind ? TextOf(block.kind) : QString(),
+                       ExtremText(row, minimum.dValue), ExtremSet(block, minimum.lSet), ExtremText(row, maximum.dValue),
+                       ExtremSet(block, maximum.lSet)});
+    }
+}
+
+// Energies and costs.
+
+struct EnergyTableRow
+{
+    TextMember name;
+    TextMember group;
+    TextMember unit; ///< none of a ratio
+    int entry;
+    double divisor;
+    double factor;
+    bool asKilo;
+};
+
+constexpr EnergyTableRow kEnergyRows[] = {
+    {&T::rowActiveEnergy, &T::groupMotorGenerator, &T::unitWattHour, kEnergyActive, kPerHour, 1000, true},
+    {&T::rowReactiveEnergy, &T::groupInductiveCapacitive, &T::unitVarHour, kEnergyReactive, kPerHour, 1000, true},
+    {&T::rowCurrent, &T::groupMotorGenerator, &T::unitAmpereHour, kEnergyCurrent, kPerHour, 1000, false},
+    {&T::rowApparentEnergy, &T::groupMotorGenerator, &T::unitVoltAmpereHour, kEnergyApparent, kPerHour, 1000, true},
+};
+constexpr EnergyTableRow kMechanicalRows[] = {
+    {&T::rowMechanicalEnergy, &T::groupMotorGenerator, &T::unitWattHour, kEnergyMechanical, kPerHour, 1000, true},
+    {&T::rowEfficiency, &T::groupMotorGenerator, nullptr, kEnergyEfficiency, 1, 100, false},
+};
+
+const EnergyEntry& EnergyOf(int entry)
+{
+    return App().Evaluation.tEnergy.at(static_cast<std::size_t>(entry));
+}
+
+QString EnergyText(const EnergyTableRow& row, double energy)
+{
+    double value = energy / row.divisor;
+    return FormatValueUnit(value, row.unit ? TextOf(row.unit) : QString(), row.factor, row.asKilo);
+}
+
+QString CostText(double amount)
+{
+    return FormatValueUnit(amount, App().Evaluation.sCurrency, kCentFactor, false);
+}
+
+/// `offset` is that of the rows of one cycle or of all of them.
+void AddEnergyRows(ResultTable& table, std::span<const EnergyTableRow> rows, int offset)
+{
+    for (const EnergyTableRow& row : rows) {
+        const EnergyEntry& energy = EnergyOf(row.entry + offset);
+        AddRow(table, {TextOf(row.name), TextOf(row.group), EnergyText(row, energy.dPlus),
+                       EnergyText(row, energy.dMinus), EnergyText(row, energy.dTotal)});
+    }
+}
+
+void AddCostRows(ResultTable& table, int offset)
+{
+    const EnergyEntry& active = EnergyOf(kCostsActive + offset);
+    const EnergyEntry& reactive = EnergyOf(kCostsReactive + offset);
+    table.rows.push_back(
+        {.kind = ResultRowKind::Head, .cells = {{}, {}, Texts().headCosts, Texts().headCredit, Texts().headTotal}});
+    AddRow(table, {Texts().rowActiveEnergy, Texts().groupMotorGenerator, CostText(active.dPlus),
+                   CostText(active.dMinus), CostText(active.dTotal)});
+    AddRow(table, {Texts().rowReactiveEnergy, Texts().groupInductiveCapacitive, CostText(reactive.dPlus), {}, {}});
+}
+
+// Utilisation.
+
+struct UtilisationTableRow
+{
+    TextMember name;
+    TextMember kind;
+    TextMember unit;
+    int entry; ///< in the window; the whole recording has the same in the same order
+    double divisor;
+    double factor;
+    TextMember reference;
+    bool needsRatedSpeed = false;
+};
+
+constexpr UtilisationTableRow kMostTorqueRows[] = {
+    {&T::rowTorque, nullptr, &T::unitNewtonMetre, kMostTorque, 1, 100, &T::ratedStallTorque},
+};
+constexpr UtilisationTableRow kMeanRows[] = {
+    {&T::rowCurrent, &T::kindRms, &T::unitAmpere, kWindowCurrent, 1, 1000, &T::ratedCurrent},
+    {&T::rowTorque, &T::kindRms, &T::unitNewtonMetre, kWindowTorque, 1, 100, &T::ratedTorque},
+    {&T::rowPower, &T::kindRms, &T::unitKilowatt, kWindowPower, kPerKilo, 1000, &T::ratedPower},
+    {&T::rowPowerOfTorque, nullptr, &T::unitKilowatt, kWindowPowerOfTorque, kPerKilo, 1000, &T::ratedPower, true},
+    {&T::rowLoss, &T::kindAvg, &T::unitKilowatt, kWindowLoss, kPerKilo, 1000, &T::ratedLoss},
+};
+
+enum class Reach
+{
+    OneSet,
+    Window,
+    WholeRecording,
+};
+
+struct UtilisationBlock
+{
+    TextMember heading;
+    std::span<const UtilisationTableRow> rows;
+    int offset;
+    Reach reach;
+};
+
+constexpr UtilisationBlock kUtilisationBlocks[] = {
+    {&T::blockMostTorque, kMostTorqueRows, 0, Reach::OneSet},
+    {&T::blockWindow, kMeanRows, 0, Reach::Window},
+    {&T::blockWhole, kMeanRows, kWholeCurrent - kWindowCurrent, Reach::WholeRecording},
+};
+
+QString UtilisationSet(double set, Reach reach)
+{
+    switch (reach) {
+    case Reach::OneSet:
+        break;
+    case Reach::Window:
+        return WindowSets(set, App().Evaluation.dWindowSpan);
+    case Reach::WholeRecording:
+        return WindowSets(set, App().Evaluation.lSets);
+    }
+    return NumberText(set);
+}
+
+QString ShareText(const UtilisationTableRow& row, std::optional<double> share)
+{
+    if (!share)
+        return Texts().resultNone;
+    return FillPlaceholders(Texts().resultShare,
+                            {RoundValue(*share * kPercentFactor, kPercentFactor), TextOf(row.reference)});
+}
+
+void AddUtilisationRows(ResultTable& table, const UtilisationBlock& block)
+{
+    for (const UtilisationTableRow& row : block.rows) {
+        if (row.needsRatedSpeed && !App().MachineI.n)
+            continue;
+        const UtilisationEntry& entry = App().Evaluation.tAsm.at(static_cast<std::size_t>(row.entry + block.offset));
+        double value = entry.dValue / row.divisor;
+        AddRow(table,
+               {TextOf(row.name), row.kind ? TextOf(row.kind) : QString(),
+                FormatValueUnit(value, TextOf(row.unit), row.factor, false), ShareText(row, entry.vRatio),
+                UtilisationSet(entry.dSet, block.reach), entry.sVerdict},
+               entry.lColour);
+    }
+}
+
+} // namespace
+
+ResultTable ExtremTable()
+{
+    const TextTable& texts = Texts();
+    ResultTable table{{texts.headQuantity, {}, texts.headMinimum, texts.headSet, texts.headMaximum, texts.headSet}, {}};
+    if (App().Evaluation.lSets == 0)
+        return table;
+    for (const ExtremBlock& block : kExtremBlocks) {
+        AddHeading(table, TextOf(block.heading));
+        AddExtremRows(table, block, kElectricalRows);
+        if (IsMachineShown())
+            AddExtremRows(table, block, kMachineRows);
+    }
+    return table;
+}
+
+ResultTable EnergyTable()
+{
+    constexpr int kMachineOfCycles = 2; // of many cycles the shaft is told for the symmetric load alone
+    const TextTable& texts = Texts();
+    ResultTable table{{texts.headQuantity, {}, texts.headPlus, texts.headMinus, texts.headTotal}, {}};
+    if (App().Evaluation.lSets == 0)
+        return table;
+    const QString cycles = QString::number(App().ProgSettings->Cycles());
+    AddHeading(table, texts.blockEnergy);
+    AddEnergyRows(table, kEnergyRows, 0);
+    if (IsMachineShown())
+        AddEnergyRows(table, kMechanicalRows, 0);
+    AddHeading(table, texts.blockCosts);
+    AddCostRows(table, 0);
+    AddHeading(table, FillPlaceholders(texts.blockEnergyOfCycles, {cycles}));
+    AddEnergyRows(table, kEnergyRows, kEnergyOfCycles);
+    if (App().iNetConfIndex == kMachineOfCycles)
+        AddEnergyRows(table, kMechanicalRows, kEnergyOfCycles);
+    AddHeading(table, FillPlaceholders(texts.blockCostsOfCycles, {cycles}));
+    AddCostRows(table, kEnergyOfCycles);
+    return table;
+}
+
+ResultTable UtilisationTable()
+{
+    const TextTable& texts = Texts();
+    ResultTable table{
+        {texts.headQuantity, {}, texts.headMaximum, texts.headRelative, texts.headSet, texts.headSuitability}, {}};
+    if (App().Evaluation.lSets == 0 || !IsMachineShown())
+        return table;
+    for (const UtilisationBlock& block : kUtilisationBlocks) {
+        AddHeading(table, TextOf(block.heading));
+        AddUtilisationRows(table, block);
+    }
+    return table;
+}
+
+QString SetListHeading(int column)
+{
+    return ColumnHeading(column);
+}
+
+} // namespace korvanel
