@@ -4,11 +4,13 @@
 #include "core/LocalFormats.h"
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
+#include "core/clsProgSettings.h"
 #include "core/project/ProjectStore.h"
 #include "data/RowWriter.h"
 #include "support/RecordingShell.h"
 
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include <sqlite3.h>
@@ -71,6 +73,9 @@ void PrepareBlock()
     App().TheShell = &shell;
     SetBuiltInTexts();
     InitialiseApplicationBlock(QStringLiteral("."));
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, ScratchPath(QStringLiteral("settings")));
+    static clsProgSettings settings(App().sProgramDir);
+    App().ProgSettings = &settings;
 }
 
 void CreateProject(const QString& path)

@@ -4,9 +4,12 @@
 
 #include "core/Common.h"
 #include "core/ProjectDb.h"
+#include "core/clsProgSettings.h"
 #include "core/project/ProjectStore.h"
 #include "data/ComputedQuantities.h"
 #include "data/SetCursor.h"
+#include "evaluation/Algorithms.h"
+#include "evaluation/EvaluationPass.h"
 #include "output/Export.h"
 
 #include <benchmark/benchmark.h>
@@ -119,9 +122,30 @@ bool ExportSets()
     return true;
 }
 
+/// Evaluates the open project with a window of so many seconds, one set a second.
+bool EvaluateSetsWith(double window)
+{
+    PrepareMachine();
+    App().ProgSettings->SetTWindowSelection(0);
+    App().ProgSettings->SetTWindowSize(window);
+    EvaluateProject();
+    return App().bEvaluated != 0;
+}
+/// The longest window whose sets are kept in memory.
+bool EvaluateWithKeptWindow()
+{
+    return EvaluateSetsWith(kMostSetsInMemory - 2);
+}
+bool EvaluateWithRereadWindow()
+{
+    return EvaluateSetsWith(2.0 * kMostSetsInMemory);
+}
+
 constexpr MemoryTask kMemoryTasks[] = {
     {"--walk", "walking: peak memory over an empty project", WalkSets},
     {"--recompute", "recomputing: the same", RecomputeSets},
+    {"--evaluate", "evaluating, window of 200000 sets: the same", EvaluateWithKeptWindow, 32},
+    {"--evaluate-long", "evaluating, window of 400000 sets: the same", EvaluateWithRereadWindow},
     {"--export", "exporting: the same", ExportSets, 32},
 };
 
@@ -205,6 +229,8 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "read a set at random / bare look-up", "ReadRow_Program", "ReadRow_Bare", 1.5);
     isGood &= PrintRatio(reporter, "store a set durably / two bare inserts", "Append_Program", "Append_Bare", 1.3);
     isGood &= PrintRatio(reporter, "recompute a million sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "evaluate a million sets / bare loop", "Evaluate_Program", "Cursor_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "the same, window of 250000 sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
     isGood &= PrintRatio(reporter, "export a million sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);

@@ -12,6 +12,8 @@ namespace korvanel {
 namespace {
 
 // A reader of a backup program may hold the file for a moment; a recording must not lose its row over that.
+// The program has one thread; a lock around each column that is fetched would be for nobody.
+const int kReadWrite = SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX;
 constexpr int kBusyTimeoutMs = 250;
 
 void Harden(SQLite::Database& db)
@@ -37,8 +39,7 @@ TableDb::TableDb(SQLite::Database&& opened) : database(std::move(opened))
 
 TableDb TableDb::Open(const QString& path)
 {
-    return WithDbErrors(
-        [&] { return TableDb(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE, kBusyTimeoutMs)); });
+    return WithDbErrors([&] { return TableDb(SQLite::Database(path.toStdString(), kReadWrite, kBusyTimeoutMs)); });
 }
 
 TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersion)
@@ -46,7 +47,7 @@ TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersio
     if (QFileInfo::exists(path))
         throw DbError(Texts().fileExists.toStdString());
     return WithDbErrors([&] {
-        TableDb db(SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs));
+        TableDb db(SQLite::Database(path.toStdString(), kReadWrite | SQLite::OPEN_CREATE, kBusyTimeoutMs));
         db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));
         db.Execute(QStringLiteral("PRAGMA user_version=%1").arg(schemaVersion));
         return db;

@@ -1,9 +1,11 @@
 #include "data/SetCursor.h"
 
+#include "data/RowQuantities.h"
 #include "data/ValueColumns.h"
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <string>
 
 namespace korvanel {
@@ -18,10 +20,23 @@ struct Selection
     std::vector<std::string> names;
 };
 
-Selection Select(int netConf, SetSource source)
+/// Whether a column holds one of the quantities; without a choice every column is wanted.
+bool IsWanted(const ValueColumn& column, std::span<const int> quantities)
+{
+    if (quantities.empty())
+        return true;
+    tValueRow row;
+    return column.field && std::any_of(quantities.begin(), quantities.end(), [&](int quantity) {
+               return &column.field(row) == &QuantityField(row, quantity);
+           });
+}
+
+Selection Select(int netConf, SetSource source, std::span<const int> quantities)
 {
     Selection selection;
     const auto add = [&](const ValueColumn& column, const std::string& name) {
+        if (!IsWanted(column, quantities))
+            return;
         selection.columns.push_back(&column);
         selection.names.push_back(name);
     };
@@ -64,9 +79,9 @@ quint8 MarkOf(qint64 stored)
 
 } // namespace
 
-SetQuery::SetQuery(TableDb& db, int netConf, SetSource source, SetRange range)
+SetQuery::SetQuery(TableDb& db, int netConf, SetSource source, SetRange range, std::span<const int> quantities)
 {
-    const Selection selection = Select(netConf, source);
+    const Selection selection = Select(netConf, source, quantities);
     std::string sql = "SELECT " + selection.key;
     for (std::size_t i = 0; i < selection.columns.size(); ++i) {
         sql += ", " + selection.names[i];

@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -32,8 +33,9 @@ enum class SetRange
 class SetQuery : public Recordset
 {
 public:
-    /// Prepares the query for the columns of a net configuration. Throws DbError.
-    SetQuery(TableDb& db, int netConf, SetSource source, SetRange range);
+    /// Prepares the query for the columns of a net configuration: all of them, or those of some quantities alone.
+    /// Throws DbError.
+    SetQuery(TableDb& db, int netConf, SetSource source, SetRange range, std::span<const int> quantities = {});
     ~SetQuery() override;
 
     /// Chooses the set of a query for one set.
@@ -68,8 +70,9 @@ private:
 class SetCursor
 {
 public:
-    SetCursor(TableDb& db, int netConf, SetSource source = SetSource::Measured)
-        : query(db, netConf, source, SetRange::All)
+    /// Over all columns of the net configuration, or those of some quantities alone.
+    SetCursor(TableDb& db, int netConf, SetSource source = SetSource::Measured, std::span<const int> quantities = {})
+        : query(db, netConf, source, SetRange::All, quantities)
     {}
     /// Fills the row from the next set; false behind the last one.
     bool Next(tValueRow& row)

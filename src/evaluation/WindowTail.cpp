@@ -6,11 +6,17 @@
 
 namespace korvanel {
 
+namespace {
+
+constexpr std::array<int, kLossChannel> kChannels{kU, kI, kF, kP, kS, kQ, kCosPhi, kN, kM, kPmech, kEta, kPhi};
+
+} // namespace
+
 WindowValues WindowValuesOf(const tValueRow& row)
 {
     WindowValues values;
-    for (int channel = 0; channel < kLossChannel; ++channel)
-        values[static_cast<std::size_t>(channel)] = QuantityValue(row, channel);
+    for (std::size_t channel = 0; channel < kChannels.size(); ++channel)
+        values[channel] = QuantityValue(row, kChannels[channel]);
     return values;
 }
 
@@ -33,7 +39,7 @@ WindowValues KeptTail::Pop()
 WindowValues RereadTail::Pop()
 {
     if (!cursor)
-        cursor.emplace(db, netConf, source);
+        cursor.emplace(db, netConf, source, kChannels);
     if (!cursor->Next(row))
         throw DbError(FillPlaceholders(Texts().noSuchSet, {QString::number(cursor->Set())}).toStdString());
     return WindowValuesOf(row);

@@ -1,0 +1,45 @@
+// The evaluation of a million sets against a bare loop over the same columns.
+#include "Recording.h"
+
+#include "core/Common.h"
+#include "core/clsProgSettings.h"
+#include "core/project/ProjectStore.h"
+#include "evaluation/Algorithms.h"
+
+#include <benchmark/benchmark.h>
+
+namespace korvanel::bench {
+namespace {
+
+/// With a window by hand, in seconds; the sets lie one second apart.
+void Evaluate(benchmark::State& state, double window)
+{
+    OpenProject(LargeProject());
+    PrepareMachine();
+    App().ProgSettings->SetTWindowSelection(0);
+    App().ProgSettings->SetTWindowSize(window);
+    for (auto _ : state) {
+        EvaluateProject();
+        if (App().Evaluation.lSets != kSets || App().Evaluation.dWindowRows != window + 1)
+            state.SkipWithError("sets are missing");
+    }
+}
+
+void Evaluate_Program(benchmark::State& state)
+{
+    constexpr double kUsual = 900;
+    Evaluate(state, kUsual);
+}
+
+/// A window too long to keep its sets in memory.
+void Evaluate_LongWindow(benchmark::State& state)
+{
+    constexpr double kLong = 250'000;
+    Evaluate(state, kLong);
+}
+
+BENCHMARK(Evaluate_Program)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Evaluate_LongWindow)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace korvanel::bench
