@@ -37,7 +37,7 @@ QString OfBlock()
     else if constexpr (std::is_same_v<Value, QDateTime>)
         return TextOfMoment(value);
     else
-        return ExactNumberText(value);
+        return NumberText(value);
 }
 
 /// A field of the measured machine's record, over a divisor; empty while it is not known.
@@ -51,15 +51,15 @@ QString OfMachine()
     else if constexpr (std::is_same_v<Value, std::optional<QString>>)
         return TypedFieldText(value.value_or(QString()));
     else
-        return value ? ExactNumberText(*value / Divisor) : QString();
+        return value ? NumberText(*value / Divisor) : QString();
 }
 
 /// Primary and secondary rating of a transformer.
 template <std::size_t Channel>
 QString Transformer()
 {
-    return ExactNumberText(App().dTransPrimary[Channel]) + QStringLiteral(" / ") +
-           ExactNumberText(App().dTransSecondary[Channel]);
+    return NumberText(App().dTransPrimary[Channel]) + QStringLiteral(" / ") +
+           NumberText(App().dTransSecondary[Channel]);
 }
 
 QString MachineKind()
@@ -96,7 +96,7 @@ constexpr ExportItem kProjectItems[] = {
     {&T::exportTerm, OfBlock<&A::sMeasurementTerm>},
     {&T::exportInterval, OfBlock<&A::dInterval>},
     {&T::exportSets, OfBlock<&A::iSetCount>},
-    {&T::exportCorrectedSets, [] { return ExactNumberText(App().Evaluation.lCorrectedRows); }},
+    {&T::exportCorrectedSets, [] { return NumberText(App().Evaluation.lCorrectedRows); }},
     {&T::exportWindow, TimeWindowText},
 };
 

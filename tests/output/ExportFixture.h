@@ -17,6 +17,7 @@ class ExportFixture : public ProjectTest
 {
 protected:
     static constexpr const char* kMark = "\xEF\xBB\xBF";
+    static constexpr qsizetype kMarkLength = 3;
 
     ExportFixture() : settings(folder.path()) { App().ProgSettings = &settings; }
 
@@ -31,7 +32,7 @@ protected:
         const QByteArray content = ContentOf(name);
         EXPECT_TRUE(content.startsWith(kMark));
         EXPECT_TRUE(content.endsWith('\n'));
-        return QString::fromUtf8(content).mid(1).chopped(1).split(u'\n'); // the mark is one character
+        return QString::fromUtf8(content.mid(kMarkLength)).chopped(1).split(u'\n');
     }
     /// Fields of a line each of whose fields ends in a tab.
     static QStringList Fields(const QString& line)
