@@ -77,6 +77,11 @@ SetList::SetList(SetJudge setJudge)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addWidget(fixed);
+    auto* line = new QFrame; // between what stays and what moves
+    line->setFrameStyle(QFrame::VLine | QFrame::Plain);
+    line->setLineWidth(1);
+    line->setForegroundRole(QPalette::Mid);
+    row->addWidget(line);
     row->addWidget(&values, 1);
     row->addWidget(&Bar());
     auto* all = new QVBoxLayout(this);

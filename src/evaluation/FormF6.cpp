@@ -59,8 +59,8 @@ FormF6::FormF6(MainWindow& window, const PageEntry& entry, std::function<void()>
     Body().setSpacing(5);
     Body().addLayout(BuildHead());
     BuildTabs();
-    Body().addWidget(tabs, 3);
-    Body().addWidget(list, 2);
+    Body().addWidget(tabs, 5);
+    Body().addWidget(list, 4);
     Body().addLayout(BuildButtons());
     connect(list, &SetList::SetSelected, this, [](qint32 set) { App().iCurrentSet = set; });
     ShowPanels();

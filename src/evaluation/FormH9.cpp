@@ -105,6 +105,7 @@ QHBoxLayout* FormH9::BuildTime()
 QLineEdit* FormH9::AddTimeBox(QHBoxLayout& row, std::size_t index, const QString& unit)
 {
     constexpr int kWidth = 44;
+    constexpr int kGap = 8;
     auto* box = new QLineEdit;
     box->setObjectName(QStringLiteral("txtTime_%1").arg(index));
     box->setMaxLength(kLongestText);
@@ -117,6 +118,7 @@ QLineEdit* FormH9::AddTimeBox(QHBoxLayout& row, std::size_t index, const QString
     spacer->setObjectName(QStringLiteral("lblSpacer_%1").arg(index));
     row.addWidget(box);
     row.addWidget(spacer);
+    row.addSpacing(kGap);
     spacers.at(index) = spacer;
     return timeBoxes.at(index) = box;
 }

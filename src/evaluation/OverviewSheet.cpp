@@ -33,25 +33,35 @@ QString ClassText(int rating)
     return FillPlaceholders(Texts().resultsClass, {RatingWord(rating), QString::number(count), RoundValue(share, 10)});
 }
 
+QFormLayout* AddForm(QHBoxLayout& row)
+{
+    auto* form = new QFormLayout;
+    form->setHorizontalSpacing(10);
+    form->setVerticalSpacing(7);
+    row.addLayout(form, 1);
+    return form;
+}
+
 } // namespace
 
 OverviewSheet::OverviewSheet()
 {
-    auto* row = new QHBoxLayout(this);
+    auto* all = new QVBoxLayout(this);
+    auto* row = new QHBoxLayout;
     row->setSpacing(24);
-    auto* left = new QFormLayout;
+    all->addLayout(row);
+    all->addStretch(1);
+    auto* left = AddForm(*row);
     project = AddValue(*left, "lblProject", Texts().resultsProject);
     device = AddValue(*left, "lblDevice", Texts().resultsDevice);
     begin = AddValue(*left, "lblBegin", Texts().resultsBegin);
     end = AddValue(*left, "lblEnd", Texts().resultsEnd);
     term = AddValue(*left, "lblTerm", Texts().resultsTerm);
-    row->addLayout(left, 1);
-    auto* right = new QFormLayout;
+    auto* right = AddForm(*row);
     interval = AddValue(*right, "lblInterval", Texts().resultsInterval);
     sets = AddValue(*right, "lblSets", Texts().resultsSets);
     if (HasMachine(App().iNetConfIndex))
         AddMachine(*right);
-    row->addLayout(right, 1);
 }
 
 QLabel* OverviewSheet::AddValue(QFormLayout& form, const char* name, const QString& caption)
