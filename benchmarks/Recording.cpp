@@ -7,6 +7,7 @@
 #include "core/clsProgSettings.h"
 #include "core/project/ProjectStore.h"
 #include "data/RowWriter.h"
+#include "diagrams/clsSymbols.h"
 #include "support/RecordingShell.h"
 
 #include <QFile>
@@ -76,6 +77,8 @@ void PrepareBlock()
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, ScratchPath(QStringLiteral("settings")));
     static clsProgSettings settings(App().sProgramDir);
     App().ProgSettings = &settings;
+    static clsSymbols symbols;
+    App().Symbols = &symbols;
 }
 
 void CreateProject(const QString& path)

@@ -4,6 +4,7 @@
 #include "ExportFixture.h"
 #include "core/NumberText.h"
 #include "data/RowQuantities.h"
+#include "data/ValueColumns.h"
 #include "evaluation/Algorithms.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WinManaging2.h"
@@ -281,6 +282,69 @@ TEST_F(ExportTest, TablesStandRowByRowAsOnThePage)
         EXPECT_EQ(lines.mid(lines.size() - expected.size()), expected) << netConf;
         EXPECT_FALSE(lines[lines.size() - expected.size() - 1].startsWith("Größe")) << netConf;
     }
+}
+
+/// A short duty cycle of the motor: half load, full load, and driven by its load.
+std::vector<tValueRow> DutyCycle()
+{
+    struct Set
+    {
+        double U, I, f, P, Q, S, phi, cosphi, n, M, Pmech, eta, Wp, WpPlus, WpMinus, Wq;
+    };
+    constexpr Set kSets[] = {
+        {400, 20, 50, 10250, 8000, 13002.4, 37.97, 0.788, 1482, 58.5, 9079, 0.886, 0, 0, 0, 0},
+        {398.5, 32.5, 50, 20300, 10000, 22629.5, 26.22, 0.897, 1462.5, 119.9, 18363, 0.905, 20300, 20300, 0, 10000},
+        {401, 15, 49.98, -6000, 7500, 9604.7, 128.66, -0.625, 1511, -44.2, -6994, 0.858, 14300, 20300, -6000, 17500},
+    };
+    std::vector<tValueRow> rows;
+    for (const Set& set : kSets) {
+        tValueRow& row = rows.emplace_back();
+        row.dU[kSum] = set.U;
+        row.dI[kSum] = set.I;
+        row.df = set.f;
+        row.dP[kSum] = set.P;
+        row.dQ[kSum] = set.Q;
+        row.dS[kSum] = set.S;
+        row.dPhi[kSum] = set.phi;
+        row.dCosPhi[kSum] = set.cosphi;
+        row.dn = set.n;
+        row.dM = set.M;
+        row.dPmech = set.Pmech;
+        row.deta = set.eta;
+        row.dWp = set.Wp;
+        row.dWpPlus = set.WpPlus;
+        row.dWpMinus = set.WpMinus;
+        row.dWq = set.Wq;
+        row.dt = static_cast<double>(rows.size()) - 1;
+        row.sMethod = QStringLiteral("P");
+    }
+    rows.back().bEdit = kCorrected;
+    return rows;
+}
+
+TEST_F(ExportTest, WholeDocumentOfAMachineIsToTheLetter)
+{
+    MakeRecording(2, 0);
+    rows = DutyCycle();
+    StoreRows(rows);
+    App().bModelValid = true;
+    App().Model.Pelec_n = 20437;
+    App().Model.Kippmoment = 326.2;
+    App().MachineI.M = 120.8;
+    App().MachineI.eta = 0.905;
+    App().MachineI.Mkipp_Mn = 2.7;
+    App().MachineI.Hersteller = "Käfigläufer, Halle 3";
+    App().sProjectName = "Förderband";
+    App().sCompany = "Müller & Söhne";
+    App().sEditor = "Änne Weiß";
+    App().sDescription = "Standort: Süd\nEinbaulage: IM B3";
+    App().dtProjectCreated = App().dtProjectSaved = QDateTime(QDate(2026, 3, 14), QTime(15, 0), Qt::UTC);
+    App().sDevice = "ISKRA MI7150";
+    EvaluateProject();
+    QFile golden(QStringLiteral(KORVANEL_EXPORT_DATA "/machine.txt"));
+    ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
+    const QStringList expected = QString::fromUtf8(golden.readAll()).chopped(1).split(u'\n');
+    EXPECT_EQ(Export(), expected);
 }
 
 TEST_F(ExportTest, CurrencyWithATabDoesNotBreakTheTable)
