@@ -96,7 +96,7 @@ public:
             worst = hasMachine ? std::max(worst, rater.Rate(value, column.quantity)) : 0;
         }
         if (hasMachine) {
-            text.AddText(TypedFieldText(row.sMethod));
+            AddMethod(row.sMethod);
             text.AddFitting(words[static_cast<std::size_t>(worst)]);
         }
         text.AddTime(row.dt);
@@ -105,8 +105,20 @@ public:
     }
 
 private:
+    /// Nearly always the method of the set before.
+    void AddMethod(const QString& method)
+    {
+        if (method != lastMethod) {
+            lastMethod = method;
+            lastMethodField = TypedFieldText(method).toStdString();
+        }
+        text.AddFitting(lastMethodField);
+    }
+
     ExportText& text;
     bool hasMachine;
+    QString lastMethod;
+    std::string lastMethodField;
     Rater rater;
     std::vector<ExportColumn> columns;
     std::array<std::string, kRatingCount> words;

@@ -7,7 +7,6 @@
 #include <QDir>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <stdexcept>
 
@@ -51,56 +50,76 @@ QString TypedFieldText(const QString& text)
     return field;
 }
 
-ExportText::ExportText(const QString& path) : file(path), decimalPoint(QString(App().DecimalChar).toStdString())
+ExportText::ExportText(const QString& path)
+    : file(path), block(kBlock), at(block.data()), decimalPoint(QString(App().DecimalChar).toStdString())
 {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         Fail();
-    block.reserve(kBlock + kBlock / 4);
-    block = kByteOrderMark;
+    Append(kByteOrderMark);
 }
 
 ExportText::~ExportText()
 {
     if (file.isOpen())
-        file.write(block.data(), static_cast<qint64>(block.size()));
+        file.write(block.data(), at - block.data());
 }
 
-void ExportText::Append(const char* first, const char* last)
+char* ExportText::Room(std::size_t characters)
 {
-    block.append(first, last);
-    block += kFieldEnd;
+    if (block.size() - static_cast<std::size_t>(at - block.data()) < characters)
+        WriteBlock();
+    return at;
+}
+
+void ExportText::EndField(char* last)
+{
+    *last = kFieldEnd;
+    at = last + 1;
+}
+
+void ExportText::Append(std::string_view utf8)
+{
+    while (!utf8.empty()) {
+        char* const first = Room(1);
+        const std::size_t size = std::min(utf8.size(), static_cast<std::size_t>(block.data() + block.size() - first));
+        at = std::copy_n(utf8.data(), size, first);
+        utf8.remove_prefix(size);
+    }
 }
 
 void ExportText::AddNumber(double value)
 {
-    std::array<char, kLongestNumber> text;
-    char* const last = WriteExactNumber(text.data(), value);
-    char* const point = std::find(text.data(), last, '.');
-    if (point != last) {
-        block.append(text.data(), point);
-        block += decimalPoint;
-        Append(point + 1, last);
-    } else {
-        Append(text.data(), last);
+    char* const first = Room(kLongestNumber + 1);
+    char* const last = WriteExactNumber(first, value);
+    char* const point = std::find(first, last, '.');
+    if (point == last)
+        return EndField(last);
+    if (decimalPoint.size() == 1) {
+        *point = decimalPoint.front();
+        return EndField(last);
     }
+    const std::string fraction(point + 1, last);
+    at = point;
+    Append(decimalPoint);
+    AddFitting(fraction);
 }
 
 void ExportText::AddWhole(qint64 value)
 {
-    std::array<char, kLongestNumber> text;
-    Append(text.data(), std::to_chars(text.begin(), text.end(), value).ptr);
+    char* const first = Room(kLongestNumber + 1);
+    EndField(std::to_chars(first, first + kLongestNumber, value).ptr);
 }
 
 void ExportText::AddTime(double seconds)
 {
-    std::array<char, kLongestNumber> text;
-    Append(text.data(), WriteTime(text.data(), seconds));
+    EndField(WriteTime(Room(kLongestNumber + 1), seconds));
 }
 
 void ExportText::AddStoredDate(std::string_view stored)
 {
-    if (stored.empty() || AppendDateTimeTextOfStored(block, stored))
-        block += kFieldEnd;
+    date.clear();
+    if (stored.empty() || AppendDateTimeTextOfStored(date, stored))
+        AddFitting(date);
     else
         AddText(TypedFieldText(QString::fromUtf8(stored.data(), static_cast<qsizetype>(stored.size()))));
 }
@@ -112,24 +131,21 @@ void ExportText::AddText(const QString& text)
 
 void ExportText::AddFitting(std::string_view utf8)
 {
-    block += utf8;
-    block += kFieldEnd;
+    Append(utf8);
+    EndField(Room(1));
 }
 
 void ExportText::EndLine(const QString& rest)
 {
-    if (!rest.isEmpty())
-        block += FieldText(rest).toStdString();
-    block += kLineEnd;
-    if (block.size() >= kBlock)
-        WriteBlock();
+    Append(FieldText(rest).toStdString());
+    Append(kLineEnd);
 }
 
 void ExportText::WriteBlock()
 {
-    const bool isWritten = file.write(block.data(), static_cast<qint64>(block.size())) == qint64(block.size());
-    block.clear(); // also after a failure: what did not go in now must not follow later
-    if (!isWritten)
+    const qint64 size = at - block.data();
+    at = block.data(); // also after a failure: what did not go in now must not follow later
+    if (file.write(block.data(), size) != size)
         Fail();
 }
 

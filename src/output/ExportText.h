@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvanel {
 
@@ -45,13 +46,19 @@ public:
     void Finish();
 
 private:
-    void Append(const char* first, const char* last);
+    /// Where so many characters can be put, at most `kLongestNumber` and one more.
+    char* Room(std::size_t characters);
+    /// Ends a field that was put into the room.
+    void EndField(char* last);
+    void Append(std::string_view utf8);
     void WriteBlock();
     [[noreturn]] void Fail() const;
 
     QFile file;
-    std::string block;
+    std::vector<char> block;
+    char* at;                 ///< where the text goes on within the block
     std::string decimalPoint; ///< the local one
+    std::string date;         ///< kept for its memory
 };
 
 } // namespace korvanel
