@@ -79,8 +79,11 @@ SetGrid::SetGrid(const char* tableName, int shown, int fixed)
     bar->setObjectName(QStringLiteral("ScrollFlex"));
     table->setAutoScroll(false); // it has no rows out of sight, and columns are moved by hand
     connect(bar, &QScrollBar::valueChanged, this, [this] { Fill(); });
-    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& current) { TakeRow(current.row()); });
+    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& chosen) {
+                if (!chosen.isEmpty())
+                    TakeRow(chosen.front().top());
+            });
     Follow(*table);
     Follow(*table->viewport());
 }
@@ -175,6 +178,8 @@ void SetGrid::Select(qint32 set)
 
 void SetGrid::Fill()
 {
+    if (table->columnCount() == 0) // before the first Rebuild
+        return;
     table->setUpdatesEnabled(false);
     OpenDbGuarded();
     bool isReadable = App().bProjectOpen;
@@ -218,7 +223,7 @@ void SetGrid::ShowSelection()
 
 void SetGrid::TakeRow(int row)
 {
-    if (isShowingSelection || row < 0)
+    if (isShowingSelection)
         return;
     const qint32 set = FirstShown() + row;
     if (set > App().iSetCount) { // once the event that chose it is over
@@ -230,51 +235,42 @@ void SetGrid::TakeRow(int row)
     emit SetSelected(set);
 }
 
+void SetGrid::MoveTo(qint64 set)
+{
+    const qint32 last = App().iSetCount;
+    if (last < 1)
+        return;
+    selected = static_cast<qint32>(std::clamp<qint64>(set, 1, last));
+    const qint32 first = std::clamp(FirstShown(), selected - rows + 1, selected);
+    if (first == FirstShown())
+        ShowSelection();
+    else
+        ShowFrom(first);
+    emit SetSelected(selected);
+}
+
 bool SetGrid::MoveBy(int key)
 {
-    const qint32 from = selected > 0 ? selected : FirstShown();
-    const auto moveTo = [this](qint64 set) {
-        const qint32 last = App().iSetCount;
-        if (last < 1)
-            return;
-        selected = static_cast<qint32>(std::clamp<qint64>(set, 1, last));
-        if (selected < FirstShown())
-            ShowFrom(selected);
-        else if (selected >= FirstShown() + rows)
-            ShowFrom(selected - rows + 1);
-        else
-            ShowSelection();
-        emit SetSelected(selected);
+    const qint64 from = selected > 0 ? selected : FirstShown();
+    const qint64 last = App().iSetCount;
+    const struct
+    {
+        int key;
+        qint64 set;
+    } ways[] = {
+        {Qt::Key_Up, from - 1},          {Qt::Key_Down, from + 1}, {Qt::Key_PageUp, from - rows},
+        {Qt::Key_PageDown, from + rows}, {Qt::Key_Home, 1},        {Qt::Key_End, last},
     };
-    QScrollBar& sideways = *table->horizontalScrollBar();
-    switch (key) {
-    case Qt::Key_Up:
-        moveTo(qint64(from) - 1);
-        return true;
-    case Qt::Key_Down:
-        moveTo(qint64(from) + 1);
-        return true;
-    case Qt::Key_PageUp:
-        moveTo(qint64(from) - rows);
-        return true;
-    case Qt::Key_PageDown:
-        moveTo(qint64(from) + rows);
-        return true;
-    case Qt::Key_Home:
-        moveTo(1);
-        return true;
-    case Qt::Key_End:
-        moveTo(App().iSetCount);
-        return true;
-    case Qt::Key_Left:
-        sideways.triggerAction(QScrollBar::SliderSingleStepSub);
-        return true;
-    case Qt::Key_Right:
-        sideways.triggerAction(QScrollBar::SliderSingleStepAdd);
-        return true;
-    default:
+    for (const auto& way : ways)
+        if (way.key == key) {
+            MoveTo(way.set);
+            return true;
+        }
+    if (key != Qt::Key_Left && key != Qt::Key_Right)
         return false;
-    }
+    table->horizontalScrollBar()->triggerAction(key == Qt::Key_Left ? QScrollBar::SliderSingleStepSub
+                                                                    : QScrollBar::SliderSingleStepAdd);
+    return true;
 }
 
 bool SetGrid::eventFilter(QObject* watched, QEvent* event)

@@ -6,7 +6,6 @@
 
 #include <QWidget>
 
-class QGridLayout;
 class QScrollBar;
 class QTableWidget;
 
@@ -67,6 +66,8 @@ private:
     void ShowSelection();
     /// Lets the user's choice of a row stand, unless there is no set.
     void TakeRow(int row);
+    /// Selects a set, or the first or last one, brings it into view and tells of it.
+    void MoveTo(qint64 set);
     /// Moves the selection as a key tells; false for a key without a meaning here.
     bool MoveBy(int key);
 

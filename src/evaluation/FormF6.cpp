@@ -66,6 +66,14 @@ FormF6::FormF6(MainWindow& window, const PageEntry& entry, std::function<void()>
     ShowPanels();
 }
 
+QLabel* FormF6::AddLabel(QBoxLayout& row, const char* name)
+{
+    auto* label = new QLabel;
+    label->setObjectName(QLatin1String(name));
+    row.addWidget(label);
+    return label;
+}
+
 QBoxLayout* FormF6::BuildHead()
 {
     auto* row = new QHBoxLayout;
@@ -73,15 +81,8 @@ QBoxLayout* FormF6::BuildHead()
     row->addWidget(AddPanelBox(kResultsPanel, Texts().resultsShowTables));
     row->addWidget(AddPanelBox(kSetsPanel, Texts().resultsShowSets));
     row->addStretch(1);
-    const auto addLabel = [row](const char* name) {
-        auto* label = new QLabel;
-        label->setObjectName(QLatin1String(name));
-        row->addWidget(label);
-        return label;
-    };
-    correctedLabel = addLabel("lblCorrected");
-    cyclesLabel = addLabel("lblCycles");
-    windowLabel = addLabel("lblTWindow");
+    cyclesLabel = AddLabel(*row, "lblCycles");
+    windowLabel = AddLabel(*row, "lblTWindow");
     return row;
 }
 
@@ -141,6 +142,8 @@ QBoxLayout* FormF6::BuildButtons()
     AddButton(*row, "cmdOptions_2", Texts().resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
     AddButton(*row, "cmdExcel", Texts().resultsExport, [this] { Export(); })->setEnabled(exportSets != nullptr);
     row->addStretch(1);
+    correctedLabel = AddLabel(*row, "lblCorrected");
+    row->addSpacing(14);
     AddButton(*row, "cmdSet", Texts().findSetTitle, [this] { FindSet(); });
     return row;
 }

@@ -31,6 +31,7 @@ public:
 
 private:
     QBoxLayout* BuildHead();
+    QLabel* AddLabel(QBoxLayout& row, const char* name);
     QCheckBox* AddPanelBox(std::size_t index, const QString& text);
     void BuildTabs();
     void AddTab(QChar key, QWidget* content, const QString& title);

@@ -25,6 +25,7 @@ namespace {
 constexpr int kByHand = 0;
 constexpr int kThermal = 1;
 constexpr int kLongestText = 20;
+constexpr int kRowSpacing = 6;
 
 struct TimePart
 {
@@ -96,6 +97,7 @@ QRadioButton* FormH9::AddOption(int index, const QString& text)
 QHBoxLayout* FormH9::BuildTime()
 {
     auto* row = new QHBoxLayout;
+    row->setSpacing(kRowSpacing);
     for (std::size_t i = 0; i < kTimeParts.size(); ++i)
         AddTimeBox(*row, i, TextOf(kTimeParts.at(i).unit));
     row->addStretch(1);
@@ -127,6 +129,7 @@ QHBoxLayout* FormH9::BuildThermal()
 {
     constexpr int kWidth = 80;
     auto* row = new QHBoxLayout;
+    row->setSpacing(kRowSpacing);
     factorBox = new QLineEdit;
     factorBox->setObjectName(QStringLiteral("txtThermic"));
     factorBox->setMaxLength(kLongestText);
@@ -152,6 +155,7 @@ QHBoxLayout* FormH9::BuildButtons()
     cancel->setAutoDefault(false);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
+    row->setSpacing(kRowSpacing);
     row->addStretch(1);
     row->addWidget(ok);
     row->addWidget(cancel);

@@ -7,7 +7,6 @@
 #include "diagrams/clsSymbols.h"
 #include "evaluation/TimeWindow.h"
 
-#include <iterator>
 #include <span>
 
 namespace korvanel {
@@ -225,6 +224,11 @@ constexpr UtilisationBlock kUtilisationBlocks[] = {
     {&T::blockWhole, kMeanRows, kWholeCurrent - kWindowCurrent, Reach::WholeRecording},
 };
 
+const UtilisationEntry& UtilisationOf(int entry)
+{
+    return App().Evaluation.tAsm.at(static_cast<std::size_t>(entry));
+}
+
 QString UtilisationSet(double set, Reach reach)
 {
     switch (reach) {
@@ -251,7 +255,7 @@ void AddUtilisationRows(ResultTable& table, const UtilisationBlock& block)
     for (const UtilisationTableRow& row : block.rows) {
         if (row.needsRatedSpeed && !App().MachineI.n)
             continue;
-        const UtilisationEntry& entry = App().Evaluation.tAsm.at(static_cast<std::size_t>(row.entry + block.offset));
+        const UtilisationEntry& entry = UtilisationOf(row.entry + block.offset);
         double value = entry.dValue / row.divisor;
         AddRow(table,
                {TextOf(row.name), row.kind ? TextOf(row.kind) : QString(),

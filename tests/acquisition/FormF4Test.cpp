@@ -164,6 +164,18 @@ TEST_F(FormF4Test, Table_ShowsTheNewestSetsAndScrollsToAll)
     EXPECT_EQ(table.verticalHeaderItem(4)->text(), "10") << "a new set brings the table to its end";
 }
 
+TEST_F(FormF4Test, Table_MarksCorrectedSets)
+{
+    ShowPage();
+    Record(3);
+    Execute("UPDATE SampledValues SET Edit=255 WHERE [Set]=2");
+    window.RefreshPage();
+    auto& table = Find<QTableWidget>("flxvalues");
+    EXPECT_EQ(table.verticalHeaderItem(0)->text(), "1");
+    EXPECT_EQ(table.verticalHeaderItem(1)->text(), "2*");
+    EXPECT_EQ(table.verticalHeaderItem(2)->text(), "3");
+}
+
 TEST_F(FormF4Test, Columns_KeepTheirWidthWhateverIsMeasured)
 {
     ShowPage();

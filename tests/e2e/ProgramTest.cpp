@@ -407,9 +407,29 @@ TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
     EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
     program.WaitForQuiet();
     NewProject(program, PathOf("x"));
+    program.Trigger("mnuResGraph");
+    program.WaitForControl("FormF8");
+    EXPECT_TRUE(program.IsShown("lblLater"));
+    EXPECT_TRUE(program.IsShown("lblDeviceID"));
+}
+
+TEST_F(ProgramTest, ResultTables_AppearWithoutARecordingToo)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    NewProject(program, PathOf("x"));
     program.Trigger("mnuResTable");
     program.WaitForControl("FormF6");
+    EXPECT_EQ(program.Text("lblTWindow"), "Zeitfenster: 00:15:00");
+    EXPECT_EQ(program.Text("lblCorrected"), "* korregierte Datensätze, Anzahl: 0");
+    EXPECT_TRUE(program.IsShown("flxValues"));
     EXPECT_TRUE(program.IsShown("lblDeviceID"));
+    program.Trigger("cmdOptions_2");
+    program.WaitForWindow("FormH9");
+    program.Type("txtTime_1", "2");
+    program.Trigger("cmdOK");
+    program.WaitForText("lblTWindow", "Zeitfenster: 00:02:00");
 }
 
 } // namespace

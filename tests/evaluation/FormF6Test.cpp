@@ -209,7 +209,7 @@ TEST_F(FormF6Test, TimeWindow_ChangesTheHeadingAtOnceAndTheValuesAtTheNextEntry)
     EXPECT_EQ(Cell("flxExtrem", 11, 3), "1 - 100");
     EXPECT_FALSE(App().bEvaluated);
     EnterPage();
-    EXPECT_EQ(Cell("flxExtrem", 11, 2), "35,637 A") << "rms of 1 to 61";
+    EXPECT_EQ(Cell("flxExtrem", 11, 2), "35,651 A") << "rms of 1 to 61";
     EXPECT_EQ(Cell("flxExtrem", 11, 3), "1 - 61");
     EXPECT_EQ(Cell("flxExtrem", 11, 5), "40 - 100");
 }
