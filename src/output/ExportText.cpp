@@ -14,7 +14,7 @@ namespace korvanel {
 
 namespace {
 
-constexpr std::size_t kBlock = 256 * 1024;
+constexpr std::size_t kBlock = 262'144;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char kFieldEnd = '\t';
 #ifdef Q_OS_WIN
