@@ -1,11 +1,13 @@
 #include "Recording.h"
 
 #include "core/Common.h"
+#include "core/LocalFormats.h"
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
 #include "core/project/ProjectStore.h"
 #include "data/RowWriter.h"
+#include "diagrams/clsSymbols.h"
 #include "support/RecordingShell.h"
 
 #include <QFile>
@@ -55,9 +57,11 @@ void FillProject()
     const ProjectDbScope scope;
     DbTransaction transaction(ProjectDb());
     RowWriter writer(ProjectDb(), kNetConf, RowOrigin::Measured);
+    QDateTime moment(QDate(2026, 3, 14), QTime(15, 9, 26), Qt::UTC);
     for (int set = 1; set <= kSets; ++set) {
         tValueRow row = RowOf(set);
-        writer.Append(row, {.set = set, .time = QStringLiteral("2026-03-14 15:09:26"), .mark = 0});
+        writer.Append(row, {.set = set, .time = StoredDateText(moment), .mark = 0});
+        moment = moment.addSecs(1);
     }
     transaction.Commit();
 }
@@ -73,6 +77,8 @@ void PrepareBlock()
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, ScratchPath(QStringLiteral("settings")));
     static clsProgSettings settings(App().sProgramDir);
     App().ProgSettings = &settings;
+    static clsSymbols symbols;
+    App().Symbols = &symbols;
 }
 
 void CreateProject(const QString& path)

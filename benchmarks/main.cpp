@@ -10,6 +10,7 @@
 #include "data/SetCursor.h"
 #include "evaluation/Algorithms.h"
 #include "evaluation/EvaluationPass.h"
+#include "output/Export.h"
 
 #include <benchmark/benchmark.h>
 
@@ -92,7 +93,7 @@ struct MemoryTask
     const char* option;
     const char* what;
     bool (*run)();
-    double limit = 16; ///< MB
+    double limit = 16; ///< MB over an empty project
 };
 
 /// Walks all sets of the open project.
@@ -111,6 +112,14 @@ bool RecomputeSets()
 {
     PrepareMachine();
     return RecomputeAllRows();
+}
+
+/// Exports the open project.
+bool ExportSets()
+{
+    PrepareMachine();
+    ExportEvaluation(ScratchPath(QStringLiteral("memory.xls")));
+    return true;
 }
 
 /// Evaluates the open project with a window of so many seconds, one set a second.
@@ -137,6 +146,7 @@ constexpr MemoryTask kMemoryTasks[] = {
     {"--recompute", "recomputing: the same", RecomputeSets},
     {"--evaluate", "evaluating, window of 200000 sets: the same", EvaluateWithKeptWindow, 32},
     {"--evaluate-long", "evaluating, window of 400000 sets: the same", EvaluateWithRereadWindow},
+    {"--export", "exporting: the same", ExportSets, 32},
 };
 
 /// Peak memory of this process. The figure of `getrusage` would count the parent's memory too.
@@ -221,6 +231,7 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "recompute a million sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
     isGood &= PrintRatio(reporter, "evaluate a million sets / bare loop", "Evaluate_Program", "Cursor_Bare", 2.0);
     isGood &= PrintRatio(reporter, "the same, window of 250000 sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "export a million sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);

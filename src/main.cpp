@@ -33,6 +33,7 @@
 #include "machine/FormF10.h"
 #include "machine/FormH11.h"
 #include "machine/MotorDatabase.h"
+#include "output/Export.h"
 
 #include <QApplication>
 #include <QDir>
@@ -62,7 +63,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageDevice, Build<FormF3>);
     window.RegisterPage(kPageMeasure, Build<FormF4>);
     window.RegisterPage(kPageResultTable, [](MainWindow& frame, const PageEntry& entry) -> Page* {
-        return new FormF6(frame, entry, {});
+        return new FormF6(frame, entry, ExportFromPage);
     });
     window.RegisterPage(kPageMachine, Build<FormF10>);
 }

@@ -66,10 +66,10 @@ QString TimeText(const QTime& time)
 /// A piece of the stored text, or a character between.
 struct Piece
 {
-    int position = -1; ///< within the stored text; -1: the literal
-    int length = 0;
+    std::size_t position = 0; ///< within the stored text
+    std::size_t length = 0;   ///< 0: the literal
     bool dropsZero = false;
-    QChar literal = {};
+    std::string literal = {}; ///< in UTF-8
 };
 
 /// The local formats as a rearrangement of the stored text. Empty where they hold names of months or the like.
@@ -97,7 +97,7 @@ std::vector<Piece> Rearrangement()
         } else if (format[i].isLetter() || format[i] == u'\'') {
             return {};
         } else {
-            pieces.push_back({.literal = format[i]});
+            pieces.push_back({.literal = QString(format[i]).toStdString()});
             ++i;
         }
     }
@@ -105,13 +105,13 @@ std::vector<Piece> Rearrangement()
 }
 
 /// "YYYY-MM-DD HH:MM:SS" with digits in their places.
-bool IsStoredForm(QStringView text)
+bool IsStoredForm(std::string_view text)
 {
-    constexpr QStringView kForm = u"0000-00-00 00:00:00";
+    constexpr std::string_view kForm = "0000-00-00 00:00:00";
     if (text.size() != kForm.size())
         return false;
-    for (qsizetype i = 0; i < kForm.size(); ++i)
-        if (kForm[i] == u'0' ? text[i] < u'0' || text[i] > u'9' : text[i] != kForm[i])
+    for (std::size_t i = 0; i < kForm.size(); ++i)
+        if (kForm[i] == '0' ? text[i] < '0' || text[i] > '9' : text[i] != kForm[i])
             return false;
     return true;
 }
@@ -133,24 +133,30 @@ QString TimeFormat()
     return LocalFormats().time;
 }
 
-QString DateTimeTextOfStored(const QString& stored)
+bool AppendDateTimeTextOfStored(std::string& out, std::string_view stored)
 {
     static const std::vector<Piece> pieces = Rearrangement();
     if (pieces.empty() || !IsStoredForm(stored)) {
-        const QDateTime moment = DateFromStoredText(stored);
-        return moment.isValid() ? DateTimeText(moment) : stored;
+        const QDateTime moment =
+            DateFromStoredText(QString::fromUtf8(stored.data(), static_cast<qsizetype>(stored.size())));
+        if (moment.isValid())
+            out += DateTimeText(moment).toStdString();
+        return moment.isValid();
     }
-    QString text;
-    text.reserve(stored.size());
     for (const Piece& piece : pieces) {
-        if (piece.position < 0) {
-            text += piece.literal;
-            continue;
-        }
-        const bool startsLater = piece.dropsZero && stored[piece.position] == u'0';
-        text += QStringView(stored).mid(piece.position + (startsLater ? 1 : 0), piece.length - (startsLater ? 1 : 0));
+        const std::size_t left = piece.dropsZero && stored[piece.position] == '0' ? 1 : 0;
+        if (piece.length == 0)
+            out += piece.literal;
+        else
+            out += stored.substr(piece.position + left, piece.length - left);
     }
-    return text;
+    return true;
+}
+
+QString DateTimeTextOfStored(const QString& stored)
+{
+    std::string text;
+    return AppendDateTimeTextOfStored(text, stored.toStdString()) ? QString::fromStdString(text) : stored;
 }
 
 QString GeneralDateText(const QDateTime& moment)

@@ -6,6 +6,9 @@
 #include <QLocale>
 #include <QString>
 
+#include <string>
+#include <string_view>
+
 namespace korvanel {
 
 /// The locale whose formats are shown.
@@ -31,6 +34,10 @@ QString TimeFormat();
 /// `DateTimeText` of a moment as the project file stores it. Rearranges the text where the local formats are made of
 /// numbers, since a grid or a pass over a recording needs it for every row. Any other text comes back as it is.
 QString DateTimeTextOfStored(const QString& stored);
+
+/// The same for a pass over a recording, in UTF-8: appended to `out`. False, and nothing appended, for a text that is
+/// no stored date.
+bool AppendDateTimeTextOfStored(std::string& out, std::string_view stored);
 
 /// General date format: the date alone at midnight, the time alone on the zero date, else as `DateTimeText`.
 QString GeneralDateText(const QDateTime& moment);

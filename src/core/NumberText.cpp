@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -54,6 +55,27 @@ QString DotNumberText(double value)
 QString NumberText(double value)
 {
     return DotNumberText(value).replace(u'.', App().DecimalChar);
+}
+
+char* WriteExactNumber(char* first, double value)
+{
+    char* const last = first + kLongestNumber;
+    if (value == 0) // either sign
+        return std::to_chars(first, last, 0).ptr;
+    const double magnitude = std::abs(value);
+    if (magnitude >= kLeastPlain && magnitude < kLeastExponent)
+        return std::to_chars(first, last, value, std::chars_format::fixed).ptr;
+    char* const end = std::to_chars(first, last, value, std::chars_format::scientific).ptr;
+    if (std::isfinite(value))
+        *std::find(first, end, 'e') = 'E';
+    return end;
+}
+
+QString ExactNumberText(double value)
+{
+    std::array<char, kLongestNumber> text{};
+    const char* const end = WriteExactNumber(text.data(), value);
+    return QString::fromLatin1(text.data(), end - text.data()).replace(u'.', App().DecimalChar);
 }
 
 double LeadingNumber(const QString& text)
@@ -246,19 +268,44 @@ double NiceStep(double x, double low, double high)
     return std::max(std::min(step, high), low);
 }
 
+namespace {
+
+/// Seconds that can be counted singly in a double; 0 for what is no number of seconds.
+double CountableSeconds(double seconds)
+{
+    constexpr double kLongest = 9e15;
+    return std::isfinite(seconds) ? Clamp(seconds, -kLongest, kLongest) : 0;
+}
+
+char* WriteTwoDigits(char* first, char* last, qint64 n)
+{
+    if (n >= 0 && n < 10)
+        *first++ = '0';
+    return std::to_chars(first, last, n).ptr;
+}
+
+} // namespace
+
+char* WriteTime(char* first, double seconds)
+{
+    char* const last = first + kLongestNumber;
+    const auto total = static_cast<qint64>(std::floor(CountableSeconds(seconds)));
+    char* at = WriteTwoDigits(first, last, total / 3600);
+    *at++ = ':';
+    at = WriteTwoDigits(at, last, total / 60 % 60);
+    *at++ = ':';
+    return WriteTwoDigits(at, last, total % 60);
+}
+
 QString SecondsToTime(double seconds, bool withFraction)
 {
-    constexpr double kLongest = 9e15; // beyond it a double counts no single seconds
-    if (!std::isfinite(seconds))
-        seconds = 0;
-    seconds = Clamp(seconds, -kLongest, kLongest);
-    const double whole = std::floor(seconds);
-    const auto total = static_cast<qint64>(whole);
-    const auto hundredths = static_cast<int>(std::floor((seconds - whole) * 100));
-    const auto twoDigits = [](qint64 n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); };
-    QString text = twoDigits(total / 3600) + u':' + twoDigits(total / 60 % 60) + u':' + twoDigits(total % 60);
+    std::array<char, kLongestNumber> time{};
+    const char* const end = WriteTime(time.data(), seconds);
+    QString text = QString::fromLatin1(time.data(), end - time.data());
+    seconds = CountableSeconds(seconds);
+    const int hundredths = static_cast<int>(std::floor((seconds - std::floor(seconds)) * 100));
     if (withFraction && hundredths > 0)
-        text += App().DecimalChar + twoDigits(hundredths);
+        text += App().DecimalChar + QStringLiteral("%1").arg(hundredths, 2, 10, QLatin1Char('0'));
     return text;
 }
 

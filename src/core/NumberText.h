@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <cstddef>
 #include <optional>
 
 namespace korvanel {
@@ -15,6 +16,16 @@ QString NumberText(double value);
 
 /// The same with a point, whatever the local setting.
 QString DotNumberText(double value);
+
+/// Room that `WriteExactNumber` and `WriteTime` may need.
+inline constexpr std::size_t kLongestNumber = 48;
+
+/// As `DotNumberText`, but with as many digits as are needed to read the same number back. For passes over a recording:
+/// written to `first`, which has room for `kLongestNumber` characters; returns the end.
+char* WriteExactNumber(char* first, double value);
+
+/// The same with the local decimal character.
+QString ExactNumberText(double value);
 
 /// Reads a number with a point as decimal character from the start of the text, after blanks; what follows it is
 /// ignored, and a text without a number gives 0; one beyond the range of a double is infinite. Takes no other decimal
@@ -101,6 +112,10 @@ double NiceStep(double x, double low, double high);
 /// Hours (not capped), minutes and seconds with colons, each of at least two digits; `withFraction` adds the hundredths
 /// of a second if there are any.
 QString SecondsToTime(double seconds, bool withFraction);
+
+/// `SecondsToTime` without the fraction for passes over a recording: written to `first`, which has room for
+/// `kLongestNumber` characters; returns the end.
+char* WriteTime(char* first, double seconds);
 
 /// Text that reaches the motor database's provider, reading only or writing too.
 QString MotorDbConnection(bool forWriting);

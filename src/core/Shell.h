@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace korvanel {
 
 enum class BoxIcon
@@ -41,9 +43,10 @@ struct Box
 struct FileQuestion
 {
     QString title;
-    QString suggestion; ///< full path to begin with, or a directory when opening
-    QString filter;     ///< "Text|*.MDB|Text|*.KVL|": pairs of description and pattern
-    QString preset;     ///< name in the box of an open dialog
+    QString suggestion;     ///< full path to begin with, or a directory when opening
+    QString filter;         ///< "Text|*.MDB|Text|*.KVL|": pairs of description and pattern
+    QString preset;         ///< name in the box of an open dialog
+    QString extension = {}; ///< ".xls": of a name that is typed into a save dialog without one; empty for none
 };
 
 enum class Progress
@@ -70,8 +73,8 @@ public:
     virtual Answer ShowBox(const Box& box) = 0;
     /// The chosen path; empty if the user chose none.
     virtual QString AskOpenPath(const FileQuestion& question) = 0;
-    /// The chosen path; the suggestion itself if the user cancelled.
-    virtual QString AskSavePath(const FileQuestion& question) = 0;
+    /// The chosen path, which may be the suggestion itself; nothing if the user cancelled.
+    virtual std::optional<QString> AskSavePath(const FileQuestion& question) = 0;
 
     virtual void SetWaitCursor(bool isWaiting) = 0;
     virtual void Beep() = 0;

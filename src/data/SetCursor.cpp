@@ -65,10 +65,10 @@ Selection Select(int netConf, SetSource source, std::span<const int> quantities)
     throw DbError(sqlite3_errmsg(handle));
 }
 
-QString ColumnText(sqlite3_stmt* statement, int column)
+std::string_view ColumnText(sqlite3_stmt* statement, int column)
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return QString::fromUtf8(text, text ? sqlite3_column_bytes(statement, column) : 0);
+    return {text ? text : "", text ? static_cast<std::size_t>(sqlite3_column_bytes(statement, column)) : 0};
 }
 
 /// Whatever isn't 0 marks a set, were it beyond a byte.
@@ -158,9 +158,15 @@ void SetQuery::Fill(tValueRow& row) const
     }
 }
 
+std::string_view SetQuery::StoredTimeUtf8() const
+{
+    return timeColumn < 0 ? std::string_view() : ColumnText(statement, timeColumn);
+}
+
 QString SetQuery::StoredTime() const
 {
-    return timeColumn < 0 ? QString() : ColumnText(statement, timeColumn);
+    const std::string_view text = StoredTimeUtf8();
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace korvanel

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <span>
+#include <string_view>
 #include <vector>
 
 struct sqlite3_stmt;
@@ -49,6 +50,8 @@ public:
     void Fill(tValueRow& row) const;
     /// Time stamp of the present row as stored; empty if it has none.
     QString StoredTime() const;
+    /// The same in UTF-8, until the next step.
+    std::string_view StoredTimeUtf8() const;
 
 private:
     struct Binding
@@ -81,6 +84,7 @@ public:
     }
     qint32 Set() const { return query.Set(); }
     QString StoredTime() const { return query.StoredTime(); }
+    std::string_view StoredTimeUtf8() const { return query.StoredTimeUtf8(); }
 
 private:
     SetQuery query;

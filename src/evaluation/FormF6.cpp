@@ -5,6 +5,7 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/window/PendingInput.h"
 #include "data/FormH15.h"
 #include "data/SetList.h"
 #include "evaluation/Algorithms.h"
@@ -18,7 +19,9 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -137,7 +140,7 @@ QBoxLayout* FormF6::BuildButtons()
     auto* row = new QHBoxLayout;
     AddButton(*row, "cmdOptions_1", Texts().resultsOptions, [this] { ChangeOptions(kCostOptions); });
     AddButton(*row, "cmdOptions_2", Texts().resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
-    AddButton(*row, "cmdExcel", Texts().resultsExport, [this] { exportSets(); })->setEnabled(exportSets != nullptr);
+    AddButton(*row, "cmdExcel", Texts().resultsExport, [this] { Export(); })->setEnabled(exportSets != nullptr);
     row->addStretch(1);
     correctedLabel = AddLabel(*row, "lblCorrected");
     row->addSpacing(14);
@@ -227,6 +230,19 @@ void FormF6::ChangeOptions(int index)
     const int result = index == kCostOptions ? FormH10(this).exec() : FormH9(this).exec();
     if (result == QDialog::Accepted)
         ShowResults();
+}
+
+void FormF6::Export()
+{
+    const QPointer<QWidget> focus = focusWidget();
+    setEnabled(false);
+    const auto atEnd = qScopeGuard([&] {
+        DropPendingInput();
+        setEnabled(true);
+        if (focus)
+            focus->setFocus();
+    });
+    exportSets();
 }
 
 void FormF6::FindSet()

@@ -13,6 +13,16 @@ TEST(LocalFormatsTest, FormatLocale_OfASystemWithoutLocaleIsGerman)
     EXPECT_EQ(FormatLocale().language(), QLocale::German);
 }
 
+TEST(LocalFormatsTest, AppendDateTimeTextOfStored_AppendsADateAndNothingElse)
+{
+    std::string text = "am ";
+    EXPECT_TRUE(AppendDateTimeTextOfStored(text, "2026-03-14 15:09:26"));
+    EXPECT_EQ(text, "am 14.03.2026 15:09:26");
+    for (const char* other : {"", "gestern", "2026-03-14", "2026-03-14T15:09:26", "2026-03-14 15:09:26.5"})
+        EXPECT_FALSE(AppendDateTimeTextOfStored(text, other)) << other;
+    EXPECT_EQ(text, "am 14.03.2026 15:09:26");
+}
+
 TEST(LocalFormatsTest, SystemDecimalChar_WithoutSettingIsTheComma)
 {
     EXPECT_EQ(SystemDecimalChar(), u',');

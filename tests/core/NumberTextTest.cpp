@@ -3,6 +3,12 @@
 
 #include "support/Fixture.h"
 
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <random>
 #include <stdexcept>
 
 namespace korvanel::test {
@@ -35,6 +41,53 @@ TEST_F(NumberTextTest, NumberText_HasUpToFifteenDigitsAndNoTrailingZeros)
                                  {1e-15, "0,000000000000001"}};
     for (const Printed& c : fractions)
         EXPECT_EQ(NumberText(c.value), c.text);
+}
+
+TEST_F(NumberTextTest, ExactNumberText_HasTheDigitsThatTheNumberNeeds)
+{
+    const Printed cases[] = {{0, "0"},
+                             {-0.0, "0"},
+                             {100, "100"},
+                             {-1.25, "-1,25"},
+                             {0.1, "0,1"},
+                             {0.1 + 0.2, "0,30000000000000004"},
+                             {1.0 / 3, "0,3333333333333333"},
+                             {999999999999999, "999999999999999"},
+                             {123456789012345.6, "123456789012345,6"},
+                             {999999999999999.9, "999999999999999,9"},
+                             {1e-15, "0,000000000000001"},
+                             {-1.25e-14, "-0,0000000000000125"},
+                             {1e15, "1E+15"},
+                             {-2.5e20, "-2,5E+20"},
+                             {9.99e-16, "9,99E-16"},
+                             {1e-100, "1E-100"},
+                             {5e-324, "5E-324"},
+                             {1.7976931348623157e308, "1,7976931348623157E+308"}};
+    for (const Printed& c : cases)
+        EXPECT_EQ(ExactNumberText(c.value), c.text);
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    for (const double value : {kInfinite, -kInfinite})
+        EXPECT_EQ(ExactNumberText(value), NumberText(value));
+    App().DecimalChar = u'.';
+    EXPECT_EQ(ExactNumberText(-1.25), "-1.25");
+}
+
+TEST_F(NumberTextTest, ExactNumberText_OfAnyNumberReadsBackToIt)
+{
+    std::mt19937_64 random(20260314);
+    constexpr int kNumbers = 100'000;
+    for (int i = 0; i < kNumbers; ++i) {
+        const double value = std::bit_cast<double>(random());
+        if (!std::isfinite(value))
+            continue;
+        std::array<char, kLongestNumber> text{};
+        char* const last = WriteExactNumber(text.data(), value);
+        ASSERT_LT(last, text.data() + text.size());
+        ASSERT_EQ(std::strtod(text.data(), nullptr), value) << text.data();
+        const double plain = std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 120) - 100);
+        *WriteExactNumber(text.data(), plain) = 0;
+        ASSERT_EQ(std::strtod(text.data(), nullptr), plain) << text.data();
+    }
 }
 
 TEST_F(NumberTextTest, NumberText_HasAnExponentOnlyOutsideThePlainRange)
@@ -377,6 +430,15 @@ TEST_F(NumberTextTest, SecondsToTime_AddsTheFractionInTwoDigits)
     EXPECT_EQ(SecondsToTime(3599.9999, true), "00:59:59,99"); // cut, not rounded
     App().DecimalChar = u'.';
     EXPECT_EQ(SecondsToTime(1.5, true), "00:00:01.50");
+}
+
+TEST_F(NumberTextTest, WriteTime_IsSecondsToTimeWithoutTheFraction)
+{
+    for (const double seconds : {0.0, 59.99, 60.0, 3600.0, 359999.0, 360000.5, -1.0, -0.5, 1e12, 1e300, -1e300}) {
+        std::array<char, kLongestNumber> text{};
+        const char* const last = WriteTime(text.data(), seconds);
+        EXPECT_EQ(QString::fromLatin1(text.data(), last - text.data()), SecondsToTime(seconds, false)) << seconds;
+    }
 }
 
 TEST_F(NumberTextTest, SecondsToTime_WithoutHundredthsHasNoFraction)

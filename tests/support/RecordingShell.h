@@ -50,10 +50,12 @@ public:
         openQuestions.push_back(question);
         return Next(openPaths, QString());
     }
-    QString AskSavePath(const FileQuestion& question) override
+    std::optional<QString> AskSavePath(const FileQuestion& question) override
     {
         saveQuestions.push_back(question);
-        return Next(savePaths, question.suggestion);
+        if (savePaths.empty())
+            return std::nullopt;
+        return Next(savePaths, QString());
     }
     void SetWaitCursor(bool isWaiting) override { waiting += isWaiting ? 1 : -1; }
     void Beep() override { calls << QStringLiteral("Beep"); }

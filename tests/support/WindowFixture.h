@@ -28,7 +28,7 @@ public:
     explicit ScriptedWindow(RecordingShell& ofScript) : MainWindow({SaveIfDirty, CloseProject}), script(ofScript) {}
     Answer ShowBox(const Box& box) override { return script.ShowBox(box); }
     QString AskOpenPath(const FileQuestion& question) override { return script.AskOpenPath(question); }
-    QString AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }
+    std::optional<QString> AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }
     bool ChooseMotorDatabase() override { return script.ChooseMotorDatabase(); }
 
 private:

@@ -137,7 +137,8 @@ QString SaveAsDialog(const QString& title, const QString& suggestion, const QStr
                      const QString& source)
 {
     for (;;) {
-        QString path = App().TheShell->AskSavePath({title, suggestion, filter, {}});
+        const FileQuestion question{title, suggestion, filter, {}};
+        QString path = App().TheShell->AskSavePath(question).value_or(suggestion);
         if (path == suggestion)
             return {};
         if (path.isEmpty())

@@ -139,13 +139,14 @@ QString RunOpenDialog(QWidget* parent, const FileQuestion& question)
     return path;
 }
 
-QString RunSaveDialog(QWidget* parent, const FileQuestion& question)
+std::optional<QString> RunSaveDialog(QWidget* parent, const FileQuestion& question)
 {
     QFileDialog dialog(parent, question.title, QFileInfo(question.suggestion).absolutePath());
     Prepare(dialog, question, QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(question.extension); // before the dialog asks whether to overwrite
     dialog.selectFile(FileNameOf(question.suggestion));
     if (dialog.exec() != QDialog::Accepted)
-        return question.suggestion;
+        return std::nullopt;
     QString path = Chosen(dialog);
     if (path != question.suggestion)
         RememberDirectory(path);

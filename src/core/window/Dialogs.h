@@ -13,7 +13,7 @@ Answer RunBox(QWidget* parent, const Box& box);
 /// Empty if cancelled.
 QString RunOpenDialog(QWidget* parent, const FileQuestion& question);
 
-/// The suggestion if cancelled.
-QString RunSaveDialog(QWidget* parent, const FileQuestion& question);
+/// Nothing if cancelled.
+std::optional<QString> RunSaveDialog(QWidget* parent, const FileQuestion& question);
 
 } // namespace korvanel

@@ -189,7 +189,7 @@ QString MainWindow::AskOpenPath(const FileQuestion& question)
 {
     return RunOpenDialog(this, question);
 }
-QString MainWindow::AskSavePath(const FileQuestion& question)
+std::optional<QString> MainWindow::AskSavePath(const FileQuestion& question)
 {
     return RunSaveDialog(this, question);
 }

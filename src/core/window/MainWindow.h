@@ -74,7 +74,7 @@ public:
     // Shell
     Answer ShowBox(const Box& box) override;
     QString AskOpenPath(const FileQuestion& question) override;
-    QString AskSavePath(const FileQuestion& question) override;
+    std::optional<QString> AskSavePath(const FileQuestion& question) override;
     void SetWaitCursor(bool isWaiting) override;
     void Beep() override;
     void ShowProgress(Progress mode, double fraction) override;

@@ -8,9 +8,8 @@
 
 #ifdef Q_OS_UNIX
 
-#include <csignal>
+#include "support/FullDisk.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -98,25 +97,6 @@ TEST_F(HostileDisk, ReadOnlyDirectoryKeepsTheFileAsItWas)
     QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_TRUE(ContentOf("test.MDB") == before);
 }
-
-/// A file system that is full from a size on, for this process alone.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t size)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &former);
-        const rlimit limit{size, former.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &former); }
-
-private:
-    rlimit former{};
-};
 
 TEST_F(HostileDisk, FullDiskDuringCreationLeavesNoFile)
 {

@@ -106,7 +106,7 @@ TEST_F(Dialogs, OpenDialog_IsTheToolkitsOwnWithFilterAndPreset)
     EXPECT_EQ(RunOpenDialog(&window, {"Öffnen", folder.path(), "KORVANEL Projekte (*.MDB)|*.MDB|", "*.MDB"}), "");
 }
 
-TEST_F(Dialogs, SaveDialog_CancelHandsBackTheSuggestion)
+TEST_F(Dialogs, SaveDialog_CancelIsNoAnswerAndTheSuggestionIsOne)
 {
     const FileQuestion question{"Speichern unter", PathOf("PROJECT1.MDB"), "KORVANEL Projekte (*.MDB)|*.MDB|", {}};
     WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
@@ -116,6 +116,8 @@ TEST_F(Dialogs, SaveDialog_CancelHandsBackTheSuggestion)
         EXPECT_EQ(dialog.labelText(QFileDialog::Reject), "Abbrechen");
         dialog.reject();
     });
+    EXPECT_EQ(RunSaveDialog(&window, question), std::nullopt);
+    WithNextDialog<QFileDialog>([](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
     EXPECT_EQ(RunSaveDialog(&window, question), PathOf("PROJECT1.MDB"));
     const QString former = QDir::currentPath();
     WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
@@ -123,6 +125,36 @@ TEST_F(Dialogs, SaveDialog_CancelHandsBackTheSuggestion)
         QMetaObject::invokeMethod(&dialog, "accept");
     });
     EXPECT_EQ(RunSaveDialog(&window, question), PathOf("anders"));
+    QDir::setCurrent(former);
+}
+
+TEST_F(Dialogs, SaveDialog_AddsTheExtensionToANameWithoutOneBeforeItAsksWhetherToReplace)
+{
+    FileQuestion question{"Speichern unter", PathOf("PROJECT1.xls"), "Exceldatei (*.xls)|*.xls|", {}, ".xls"};
+    const QString former = QDir::currentPath();
+    const auto type = [this](const char* name) {
+        WithNextDialog<QFileDialog>([path = PathOf(name)](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    };
+    type("ohne");
+    EXPECT_EQ(RunSaveDialog(&window, question), PathOf("ohne.xls"));
+    type("mit.txt");
+    EXPECT_EQ(RunSaveDialog(&window, question), PathOf("mit.txt"));
+    WriteContent("da.xls", "x");
+    bool isAsked = false;
+    WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
+        WithNextDialog<QMessageBox>([&](QMessageBox& box) {
+            isAsked = true;
+            box.button(QMessageBox::No)->click();
+        });
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(PathOf("da"));
+        QMetaObject::invokeMethod(&dialog, "accept");
+        dialog.reject();
+    });
+    EXPECT_EQ(RunSaveDialog(&window, question), std::nullopt);
+    EXPECT_TRUE(isAsked);
     QDir::setCurrent(former);
 }
 

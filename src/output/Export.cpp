@@ -1,0 +1,230 @@
+#include "output/Export.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/Paths.h"
+#include "core/ProjectDb.h"
+#include "core/Shell.h"
+#include "core/Texts.h"
+#include "core/clsProgSettings.h"
+#include "data/PassOverSets.h"
+#include "data/RowQuantities.h"
+#include "data/SetCursor.h"
+#include "evaluation/Rating.h"
+#include "evaluation/WinManaging2.h"
+#include "output/ExportItems.h"
+#include "output/ExportText.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace korvanel {
+
+namespace {
+
+struct ExportColumn
+{
+    int quantity;
+    double divisor = 1;
+    bool needsMachine = false;
+};
+
+constexpr double kPerKilo = 1000;
+constexpr double kPerHour = 3600;
+
+/// In the order of the file. The reactive power stands before the apparent power, unlike the numbering; the shaft power
+/// is written in kW under the heading of the list of sets, which has it in W: spreadsheets that users keep count on it.
+constexpr ExportColumn kColumns[] = {
+    {kU},
+    {kI},
+    {kF},
+    {kP},
+    {kQ},
+    {kS},
+    {kPhi},
+    {kCosPhi},
+    {kN, 1, true},
+    {kM, 1, true},
+    {kPmech, kPerKilo, true},
+    {kEta, 1, true},
+    {kWp, kPerHour, true},
+    {kWpPlus, kPerHour, true},
+    {kWpMinus, kPerHour, true},
+    {kWq, kPerHour, true},
+};
+
+/// Writes sets line by line.
+class SetLines
+{
+public:
+    explicit SetLines(ExportText& exportText)
+        : text(exportText), hasMachine(HasMachine(App().iNetConfIndex)), rater(RatedDataI(), App().iNetConfIndex)
+    {
+        std::copy_if(std::begin(kColumns), std::end(kColumns), std::back_inserter(columns),
+                     [this](const ExportColumn& column) { return hasMachine || !column.needsMachine; });
+        for (int rating = 0; rating < kRatingCount; ++rating)
+            words[static_cast<std::size_t>(rating)] = RatingWord(rating).toStdString();
+    }
+
+    void WriteHead()
+    {
+        text.AddText(Texts().headSet);
+        for (const ExportColumn& column : columns)
+            text.AddText(SetListHeading(column.quantity));
+        if (hasMachine) {
+            text.AddText(SetListHeading(kColumnMethod));
+            text.AddText(SetListHeading(kColumnSuitability));
+        }
+        text.AddText(SetListHeading(kColumnTime));
+        text.AddText(SetListHeading(kColumnTimeStamp));
+        text.EndLine();
+    }
+
+    void Write(qint32 set, const tValueRow& row, std::string_view storedTime)
+    {
+        text.AddWhole(set);
+        int worst = 0;
+        for (const ExportColumn& column : columns) {
+            const double value = QuantityValue(row, column.quantity);
+            text.AddNumber(value / column.divisor);
+            worst = hasMachine ? std::max(worst, rater.Rate(value, column.quantity)) : 0;
+        }
+        if (hasMachine) {
+            AddMethod(row.sMethod);
+            text.AddFitting(words[static_cast<std::size_t>(worst)]);
+        }
+        text.AddTime(row.dt);
+        text.AddStoredDate(storedTime);
+        text.EndLine();
+    }
+
+private:
+    /// Nearly always the method of the set before.
+    void AddMethod(const QString& method)
+    {
+        if (method != lastMethod) {
+            lastMethod = method;
+            lastMethodField = TypedFieldText(method).toStdString();
+        }
+        text.AddFitting(lastMethodField);
+    }
+
+    ExportText& text;
+    bool hasMachine;
+    QString lastMethod;
+    std::string lastMethodField;
+    Rater rater;
+    std::vector<ExportColumn> columns;
+    std::array<std::string, kRatingCount> words;
+};
+
+void WriteSets(ExportText& text)
+{
+    SetLines lines(text);
+    lines.WriteHead();
+    const ProjectDbScope scope;
+    const PassOverSets pass;
+    constexpr qint32 kProgressSteps = 100;
+    const qint32 step = std::max(1, App().iSetCount / kProgressSteps);
+    SetCursor cursor(ProjectDb(), App().iNetConfIndex);
+    tValueRow row; // not that of the block: what the net configuration doesn't store is 0 here
+    for (qint32 done = 1; cursor.Next(row); ++done) {
+        lines.Write(cursor.Set(), row, cursor.StoredTimeUtf8());
+        if (done % step == 0)
+            PassOverSets::Advance(done);
+    }
+}
+
+void WriteItems(ExportText& text, std::span<const ExportItem> items)
+{
+    for (const ExportItem& item : items) {
+        text.AddText(TextOf(item.label));
+        text.AddText(item.value());
+        text.EndLine(item.unit ? TextOf(item.unit) : QString());
+    }
+}
+
+void WriteCells(ExportText& text, const QStringList& cells)
+{
+    for (const QString& cell : cells)
+        text.AddText(cell);
+    text.EndLine();
+}
+
+void WriteTable(ExportText& text, const ResultTable& table)
+{
+    WriteCells(text, table.heads);
+    for (const ResultRow& row : table.rows) {
+        if (row.kind == ResultRowKind::Heading)
+            text.EndLine(row.cells.value(0));
+        else
+            WriteCells(text, row.cells);
+    }
+}
+
+/// Whether the program keeps its own data in a file.
+bool IsOwnFile(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() && (file == QFileInfo(App().sProjectPath) || file == QFileInfo(App().sMotorDbPath));
+}
+
+const QString kExtension = QStringLiteral(".xls");
+
+FileQuestion ExportQuestion()
+{
+    const QString& last = App().ProgSettings->ExportPath();
+    const QString directory = !last.isEmpty() && QFileInfo(last).isDir() ? last : App().sProgramDir;
+    const QString name = QFileInfo(FileNameOf(App().sProjectPath)).completeBaseName();
+    const QString file = (name.isEmpty() ? QStringLiteral("PROJECT1") : name) + kExtension;
+    return {Texts().titleSaveAs, JoinPath(directory, file), Texts().filterExport, {}, kExtension};
+}
+
+/// A name without any dot takes the extension, as in the dialog that asks whether to overwrite.
+QString WithDefaultExtension(const QString& path)
+{
+    return FileNameOf(path).contains(u'.') ? path : path + kExtension;
+}
+
+} // namespace
+
+void ExportEvaluation(const QString& path)
+{
+    if (IsOwnFile(path))
+        throw std::runtime_error((path + u'\n' + Texts().exportOwnFile).toStdString());
+    ExportText text(path);
+    WriteSets(text);
+    text.EndLine();
+    text.EndLine();
+    WriteItems(text, ProjectItems());
+    const bool hasMachine = HasMachine(App().iNetConfIndex);
+    if (hasMachine)
+        WriteItems(text, MachineItems());
+    WriteTable(text, ExtremTable());
+    WriteTable(text, EnergyTable());
+    if (hasMachine)
+        WriteTable(text, UtilisationTable());
+    text.Finish();
+}
+
+void ExportFromPage()
+{
+    RunGuarded(QStringLiteral("ExportEvaluation"), [] {
+        App().TheShell->SetBusyMenus(false);
+        const auto atEnd = qScopeGuard([] { App().TheShell->SetBusyMenus(true); });
+        const std::optional<QString> chosen = App().TheShell->AskSavePath(ExportQuestion());
+        if (!chosen || chosen->isEmpty())
+            return;
+        const QString path = WithDefaultExtension(*chosen);
+        ExportEvaluation(path);
+        App().ProgSettings->SetExportPath(path.chopped(FileNameOf(path).size()));
+    });
+}
+
+} // namespace korvanel

@@ -1,0 +1,26 @@
+// What an export tells of the project and of its machine between the sets and the result tables: one item a line, with
+// its label, its value and its unit.
+#pragma once
+
+#include "core/Texts.h"
+
+#include <QString>
+
+#include <span>
+
+namespace korvanel {
+
+struct ExportItem
+{
+    TextMember label;
+    QString (*value)();        ///< of the block, in local formats; empty if it is not known
+    TextMember unit = nullptr; ///< none
+};
+
+/// The project: its header, the recording and how it was made.
+std::span<const ExportItem> ProjectItems();
+
+/// The measured machine: rated data, no-load data and what else is known of it.
+std::span<const ExportItem> MachineItems();
+
+} // namespace korvanel
