@@ -100,7 +100,9 @@ Comparison CompareRecording(const QString& projectFile, const std::vector<Logged
     constexpr double kRounding = 1e-9;
     const std::vector<Sample> sent = SentSamples(log, firstExchange);
     const std::vector<Sample> stored = StoredSamples(projectFile);
-    Comparison result{.sent = static_cast<int>(sent.size()), .stored = static_cast<int>(stored.size())};
+    Comparison result;
+    result.sent = static_cast<int>(sent.size());
+    result.stored = static_cast<int>(stored.size());
     if (sent.size() != stored.size())
         result.differences
             << QStringLiteral("%1 samples were sent and %2 sets are stored").arg(sent.size()).arg(stored.size());

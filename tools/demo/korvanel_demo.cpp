@@ -204,6 +204,7 @@ private:
     /// Every tab of the evaluation, its options, and the list of the sets.
     void ShowResults()
     {
+        driver.Trigger(QStringLiteral("chkValue_1")); // the tables alone
         int number = 0;
         for (const QJsonValue& tab : driver.Read(QStringLiteral("TabEvaluation"))[QStringLiteral("items")].toArray()) {
             driver.Choose(QStringLiteral("TabEvaluation"), tab.toString());
@@ -211,15 +212,15 @@ private:
         }
         PictureOfDialog("cmdOptions_1", "FormH10", "6-optionen");
         PictureOfDialog("cmdOptions_2", "FormH9", "6-zeitfenster");
-        driver.Trigger(QStringLiteral("chkValue_1"));
-        driver.Trigger(QStringLiteral("chkValue_0"));
-        driver.Trigger(QStringLiteral("cmdSet"));
+        driver.Trigger(QStringLiteral("cmdSet")); // brings the list
         driver.WaitForControl(QStringLiteral("FormH15"));
         driver.Type(QStringLiteral("txtSet"), QStringLiteral("20"));
         driver.Grab(QStringLiteral("FormH15"), folder.filePath(QStringLiteral("6-satz-suchen.png")));
         driver.Trigger(QStringLiteral("cmdOK"));
         driver.WaitUntilGone(QStringLiteral("FormH15"));
+        driver.Trigger(QStringLiteral("chkValue_0"));
         Picture(QStringLiteral("6-messwerttabelle"));
+        driver.Trigger(QStringLiteral("chkValue_0"));
     }
 
     void PictureOfDialog(const char* button, const char* dialog, const char* name)
