@@ -3,11 +3,11 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/window/DialogButtons.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,23 +32,13 @@ FormH15::FormH15(QWidget* parent) : QDialog(parent), box(new QLineEdit)
     entry->addWidget(caption);
     entry->addWidget(box, 1);
 
-    auto* ok = new QPushButton(Texts().findSetOk);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &FormH15::TakeOver);
-    auto* cancel = new QPushButton(Texts().buttonCancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    const DialogButtons buttons =
+        BuildDialogButtons(*this, "cmdOK", Texts().findSetOk, "cmdCancel", [this] { TakeOver(); });
 
     auto* column = new QVBoxLayout(this);
     column->addLayout(entry);
     column->addStretch(1);
-    column->addLayout(buttons);
+    column->addLayout(buttons.row);
 }
 
 bool FormH15::ChooseSet(QWidget* parent)

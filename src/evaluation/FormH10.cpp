@@ -5,12 +5,12 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/window/DialogButtons.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -69,19 +69,7 @@ QGroupBox* FormH10::BuildOther()
 
 QHBoxLayout* FormH10::BuildButtons()
 {
-    auto* ok = new QPushButton(Texts().buttonOk);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { RunGuarded(objectName(), [this] { Store(); }); });
-    auto* cancel = new QPushButton(Texts().buttonCancel);
-    cancel->setObjectName(QStringLiteral("cmdAbort"));
-    cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    return row;
+    return BuildDialogButtons(*this, "cmdOK", Texts().buttonOk, "cmdAbort", [this] { Store(); }).row;
 }
 
 QLineEdit* FormH10::AddNumberBox(const QString& name, double& number)

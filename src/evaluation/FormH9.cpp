@@ -6,6 +6,7 @@
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/window/DialogButtons.h"
 #include "data/FileManaging.h"
 #include "evaluation/TimeWindow.h"
 
@@ -146,20 +147,7 @@ QHBoxLayout* FormH9::BuildThermal()
 
 QHBoxLayout* FormH9::BuildButtons()
 {
-    auto* ok = new QPushButton(Texts().buttonOk);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { RunGuarded(objectName(), [this] { Store(); }); });
-    auto* cancel = new QPushButton(Texts().buttonCancel);
-    cancel->setObjectName(QStringLiteral("cmdAbort"));
-    cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(kRowSpacing);
-    row->addStretch(1);
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    return row;
+    return BuildDialogButtons(*this, "cmdOK", Texts().buttonOk, "cmdAbort", [this] { Store(); }).row;
 }
 
 void FormH9::EnableChosen()

@@ -6,6 +6,7 @@
 #include "core/Texts.h"
 #include "core/window/Page.h"
 #include "evaluation/Rating.h"
+#include "evaluation/SuitabilityBar.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -29,8 +30,8 @@ QString ClassText(int rating)
 {
     const EvaluationResults& results = App().Evaluation;
     const qint32 count = results.lRowClassCount.at(static_cast<std::size_t>(rating));
-    const double share = results.lSets == 0 ? 0 : 100.0 * count / results.lSets;
-    return FillPlaceholders(Texts().resultsClass, {RatingWord(rating), QString::number(count), RoundValue(share, 10)});
+    const double share = results.lSets == 0 ? 0 : static_cast<double>(count) / results.lSets;
+    return FillPlaceholders(Texts().resultsClass, {RatingWord(rating), QString::number(count), SuitabilityText(share)});
 }
 
 QFormLayout* AddForm(QHBoxLayout& row)
@@ -86,6 +87,7 @@ void OverviewSheet::AddMachine(QFormLayout& form)
         colours.setColor(QPalette::WindowText, QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
         classes.at(i)->setPalette(colours);
     }
+    form.addRow(QString(), suitability = new SuitabilityBar("picModel"));
 }
 
 void OverviewSheet::Refresh()
@@ -109,11 +111,12 @@ void OverviewSheet::ShowMachine()
     const MachineRecord& record = App().MachineI;
     const QString name = Known(record.Hersteller.simplified());
     machine->setText(record.Pmech
-                         ? FillPlaceholders(Texts().resultsMachineValue, {name, RoundValue(*record.Pmech / 1000, 1000)})
+                         ? FillPlaceholders(Texts().resultsMachineValue, {RoundValue(*record.Pmech / 1000, 1000), name})
                          : name);
     machine->setToolTip(PlainToolTip(machine->text()));
     for (std::size_t i = 0; i < classes.size(); ++i)
         classes.at(i)->setText(ClassText(static_cast<int>(i) + 1));
+    suitability->Show(SuitabilityShares(App().Evaluation.lRowClassCount, App().Evaluation.lSets));
 }
 
 } // namespace korvanel

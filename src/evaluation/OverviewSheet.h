@@ -11,6 +11,8 @@ class QLabel;
 
 namespace korvanel {
 
+class SuitabilityBar;
+
 class OverviewSheet : public QWidget
 {
     Q_OBJECT
@@ -34,6 +36,7 @@ private:
     QLabel* sets;
     QLabel* machine = nullptr;
     std::array<QLabel*, 3> classes{}; ///< of the ratings from 1 on
+    SuitabilityBar* suitability = nullptr;
 };
 
 } // namespace korvanel

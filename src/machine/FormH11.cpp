@@ -4,6 +4,7 @@
 #include "core/Messages.h"
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
+#include "core/window/DialogButtons.h"
 #include "machine/MotorDatabase.h"
 
 #include <QComboBox>
@@ -136,20 +137,13 @@ QWidget* FormH11::BuildBrowser()
 
 QLayout* FormH11::BuildButtons()
 {
-    okButton = new QPushButton(Texts().buttonOk);
-    okButton->setObjectName(QStringLiteral("cmdOK"));
+    const DialogButtons buttons =
+        BuildDialogButtons(*this, "cmdOK", Texts().buttonOk, "cmdAbort", [this] { TakeOver(); });
+    okButton = buttons.ahead;
     okButton->setEnabled(false);
-    okButton->setAutoDefault(false); // Enter in a list opens what is marked there
-    connect(okButton, &QPushButton::clicked, this, [this] { RunGuarded(objectName(), [this] { TakeOver(); }); });
-    auto* cancel = new QPushButton(Texts().buttonCancel);
-    cancel->setObjectName(QStringLiteral("cmdAbort"));
-    cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(okButton);
-    row->addWidget(cancel);
-    return row;
+    okButton->setDefault(false); // Enter in a list opens what is marked there
+    okButton->setAutoDefault(false);
+    return buttons.row;
 }
 
 void FormH11::FillDrives()

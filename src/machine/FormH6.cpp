@@ -4,12 +4,12 @@
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/window/DialogButtons.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -54,23 +54,13 @@ FormH6::FormH6(QWidget* parent, bool isGenerator) : QDialog(parent), isForGenera
     AddField(*grid, kPower, isGenerator ? Texts().searchAtMost : Texts().searchAtLeast);
     AddField(*grid, kVoltage, Texts().searchEqual);
 
-    auto* search = new QPushButton(Texts().searchStart);
-    search->setObjectName(QStringLiteral("cmdSearch"));
-    search->setDefault(true);
-    connect(search, &QPushButton::clicked, this, [this] { RunGuarded(objectName(), [this] { Search(); }); });
-    auto* cancel = new QPushButton(Texts().buttonCancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(search);
-    buttons->addWidget(cancel);
+    const DialogButtons buttons =
+        BuildDialogButtons(*this, "cmdSearch", Texts().searchStart, "cmdCancel", [this] { Search(); });
 
     auto* column = new QVBoxLayout(this);
     column->addLayout(grid);
     column->addStretch(1);
-    column->addLayout(buttons);
+    column->addLayout(buttons.row);
 }
 
 std::optional<MachineFilter> FormH6::AskForFilter(QWidget* parent)

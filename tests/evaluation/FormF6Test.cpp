@@ -458,10 +458,36 @@ TEST_F(FormF6Test, Overview_TellsWhatWasEvaluated)
     EXPECT_EQ(Label("lblTerm"), "00:00:02");
     EXPECT_EQ(Label("lblInterval"), "0,5 s");
     EXPECT_EQ(Label("lblSets"), "3");
-    EXPECT_EQ(Label("lblMachine"), "Werk A (18,5 kW)");
-    EXPECT_EQ(Label("lblClass_1"), "gut: 1 (33,3 %)");
-    EXPECT_EQ(Label("lblClass_2"), "mittel: 1 (33,3 %)");
-    EXPECT_EQ(Label("lblClass_3"), "schlecht: 1 (33,3 %)");
+    EXPECT_EQ(Label("lblMachine"), "18,5 kW, Werk A");
+    EXPECT_EQ(Label("lblClass_1"), "gut: 1 (33,3%)");
+    EXPECT_EQ(Label("lblClass_2"), "mittel: 1 (33,3%)");
+    EXPECT_EQ(Label("lblClass_3"), "schlecht: 1 (33,3%)");
+}
+
+TEST_F(FormF6Test, SuitabilityBar_ShowsTheClassesFromTheLeftInTheirColours)
+{
+    OpenProjectOf(2);
+    std::vector<tValueRow> rows(4, WorkingSet(10, 9000, 50, 8000));
+    rows[1].dU[kSum] = 370;
+    rows[2].deta = 1;
+    rows[3].deta = 1;
+    Store(rows);
+    EnterPage();
+    const QImage bar = Find<QWidget>("picModel").grab().toImage();
+    const auto colourAt = [&](double share) { return bar.pixelColor(static_cast<int>(share * (bar.width() - 1)), 7); };
+    EXPECT_EQ(colourAt(0.12), QColor(0, 192, 0));
+    EXPECT_EQ(colourAt(0.37), QColor(251, 157, 0));
+    EXPECT_EQ(colourAt(0.6), QColor(192, 0, 0));
+    EXPECT_EQ(colourAt(0.9), QColor(192, 0, 0));
+}
+
+TEST_F(FormF6Test, SuitabilityBar_WithoutSetsIsEmpty)
+{
+    OpenProjectOf(2);
+    EnterPage();
+    const QImage bar = Find<QWidget>("picModel").grab().toImage();
+    for (int x = 0; x < bar.width(); ++x)
+        ASSERT_EQ(bar.pixelColor(x, 7), bar.pixelColor(0, bar.height() - 1)) << x;
 }
 
 TEST_F(FormF6Test, Export_IsWhatTheProgramHasBound)
