@@ -75,6 +75,25 @@ TEST_F(EvaluationProgram, EnteringThePage_EvaluatesTheRecording)
     EXPECT_EQ(End(), 0);
 }
 
+/// The pictures stay where KORVANEL_PICTURES names a folder: those of the document are made so.
+TEST_F(EvaluationProgram, EveryTab_IsShown)
+{
+    OpenExample();
+    OpenResults();
+    program.Trigger("chkValue_1"); // the tables alone
+    const QDir kept(qEnvironmentVariable("KORVANEL_PICTURES", folder.path()));
+    const QStringList names{"uebersicht", "extremwerte", "energie", "auslastung", "zweite-maschine"};
+    const QJsonArray tabs = program.Read("TabEvaluation")["items"].toArray();
+    ASSERT_EQ(tabs.size(), names.size());
+    for (qsizetype i = 0; i < tabs.size(); ++i) {
+        program.Choose("TabEvaluation", tabs[i].toString());
+        const QString file = kept.filePath(QStringLiteral("auswertung-") + names[i] + ".png");
+        program.Grab("FormF6", file);
+        EXPECT_GT(QFileInfo(file).size(), 0) << file.toStdString();
+    }
+    EXPECT_EQ(End(), 0);
+}
+
 TEST_F(EvaluationProgram, NewWindow_ChangesTheHeadingAtOnceAndTheValuesAtTheNextEntry)
 {
     OpenExample();
