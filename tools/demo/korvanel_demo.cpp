@@ -205,10 +205,10 @@ private:
     void ShowResults()
     {
         driver.Trigger(QStringLiteral("chkValue_1")); // the tables alone
-        int number = 0;
-        for (const QJsonValue& tab : driver.Read(QStringLiteral("TabEvaluation"))[QStringLiteral("items")].toArray()) {
-            driver.Choose(QStringLiteral("TabEvaluation"), tab.toString());
-            Picture(QStringLiteral("6-auswertung-%1").arg(++number));
+        const QJsonArray tabs = driver.Read(QStringLiteral("TabEvaluation"))[QStringLiteral("items")].toArray();
+        for (qsizetype i = 0; i < tabs.size(); ++i) {
+            driver.Choose(QStringLiteral("TabEvaluation"), tabs[i].toString());
+            Picture(QStringLiteral("6-auswertung-%1").arg(i + 1));
         }
         PictureOfDialog("cmdOptions_1", "FormH10", "6-optionen");
         PictureOfDialog("cmdOptions_2", "FormH9", "6-zeitfenster");
