@@ -119,7 +119,7 @@ TEST_F(EvaluationProgram, ExportButton_WritesTheRecordingAndTheTables)
     OpenResults();
     program.Trigger("cmdExcel");
     program.GivePath(PathOf("Lastspiel.txt"));
-    program.WaitForQuiet();
+    program.WaitUntilEnabled("cmdExcel"); // the page is locked meanwhile
     const QByteArray content = ContentOf("Lastspiel.txt");
     EXPECT_TRUE(content.startsWith("\xEF\xBB\xBF"));
     const QString text = QString::fromUtf8(content.mid(3));

@@ -237,7 +237,7 @@ private:
         QFile::remove(ExportFile());
         driver.Trigger(QStringLiteral("cmdExcel"));
         driver.GivePath(ExportFile());
-        driver.WaitForQuiet();
+        driver.WaitUntilEnabled(QStringLiteral("cmdExcel")); // the page is locked meanwhile
     }
 
     QDir folder;

@@ -122,6 +122,11 @@ void ProgramDriver::WaitForText(const QString& name, const QString& text)
     WaitFor(name + u'=' + text, [&] { return Text(name) == text; });
 }
 
+void ProgramDriver::WaitUntilEnabled(const QString& name)
+{
+    WaitFor(name + QStringLiteral(" to be enabled"), [&] { return IsEnabled(name); });
+}
+
 void ProgramDriver::WaitUntilGone(const QString& name)
 {
     WaitFor(QStringLiteral("the end of ") + name, [&] { return !IsShown(name); });

@@ -59,6 +59,8 @@ public:
     void WaitForControl(const QString& name);
     /// Waits until a control shows a text.
     void WaitForText(const QString& name, const QString& text);
+    /// Waits until a control can be used again.
+    void WaitUntilEnabled(const QString& name);
     /// Waits for a control to go.
     void WaitUntilGone(const QString& name);
     /// Waits for a message box with this text.
