@@ -6,7 +6,6 @@
 #include "core/Common.h"
 #include "data/ComputedQuantities.h"
 #include "machine/Algorithms_ASM_Start.h"
-#include "support/Machines.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -16,12 +15,6 @@
 #include <array>
 
 namespace korvanel::bench {
-
-void PrepareMachine()
-{
-    App().MachineI = test::MotorWithNoLoadData();
-    BuildMachineModel();
-}
 
 namespace {
 

@@ -8,6 +8,8 @@
 #include "core/project/ProjectStore.h"
 #include "data/RowWriter.h"
 #include "diagrams/clsSymbols.h"
+#include "machine/Algorithms_ASM_Start.h"
+#include "support/Machines.h"
 #include "support/RecordingShell.h"
 
 #include <QFile>
@@ -79,6 +81,12 @@ void PrepareBlock()
     App().ProgSettings = &settings;
     static clsSymbols symbols;
     App().Symbols = &symbols;
+}
+
+void PrepareMachine()
+{
+    App().MachineI = test::MotorWithNoLoadData();
+    BuildMachineModel();
 }
 
 void CreateProject(const QString& path)

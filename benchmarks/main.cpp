@@ -183,6 +183,20 @@ double PeakMemory(const MemoryTask& task, const QString& path)
     return process.exitCode() == EXIT_SUCCESS ? process.readAllStandardOutput().toDouble() / kKilo : 0;
 }
 
+/// Longest time to show any place in the list of the sets.
+bool PrintList()
+{
+    constexpr double kLimit = 50;
+    QProcess process;
+    process.start(QStringLiteral(KORVANEL_LIST_BENCH), {LargeProject()});
+    process.waitForFinished(-1);
+    const double longest = process.readAllStandardOutput().toDouble();
+    const bool isGood = process.exitCode() == EXIT_SUCCESS && longest > 0 && longest <= kLimit;
+    std::printf("%-46s %6.1f ms (at most %.0f, longest of 200)%s\n", "show any place of a million sets", longest,
+                kLimit, isGood ? "" : "  TOO SLOW");
+    return isGood;
+}
+
 bool PrintMemory()
 {
     bool isGood = true;
@@ -235,6 +249,7 @@ int main(int argc, char* argv[])
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);
+    isGood &= PrintList();
     isGood &= PrintMemory();
     return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
 }
