@@ -78,6 +78,14 @@ TEST_F(FormH9Test, Open_ShowsTheFactorInTheLocalFormat)
     EXPECT_EQ(Factor().text(), "2,5");
 }
 
+TEST_F(FormH9Test, EveryBox_HasANameForAScreenReader)
+{
+    Open();
+    EXPECT_EQ(Factor().accessibleName(), "Thermische Zeitkonstante:");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(Time(i).accessibleName(), QStringList({"h", "min", "s"}).at(i));
+}
+
 TEST_F(FormH9Test, WithoutATimeConstant_ItCanNotBeChosen)
 {
     settings->SetTWindowSelection(1);
