@@ -1,4 +1,6 @@
-// What makes the results of an evaluation out of date: every way by which the sets of a project change.
+// What makes the results of an evaluation out of date: every way by which the sets of a project or what they are
+// evaluated with change.
+#include "acquisition/MeasurementConfiguration.h"
 #include "core/ProjectDb.h"
 #include "data/FileManaging.h"
 #include "data/ValueTables.h"
@@ -51,6 +53,29 @@ TEST_F(OutdatedResults, ByDeletingTheSets)
 TEST_F(OutdatedResults, NotByReading)
 {
     EXPECT_FALSE(AreOutdatedBy([] { EXPECT_TRUE(ReadRow(2)); }));
+}
+
+TEST_F(OutdatedResults, ByAnotherIntervalThatIsTyped)
+{
+    App().iMinInterval = 1;
+    EXPECT_FALSE(AreOutdatedBy([] { EXPECT_TRUE(EnterInterval(QStringLiteral("1")).isAccepted); }));
+    EXPECT_TRUE(AreOutdatedBy([] { EXPECT_TRUE(EnterInterval(QStringLiteral("5")).isAccepted); }));
+    EXPECT_FALSE(AreOutdatedBy([] { EXPECT_FALSE(EnterInterval(QStringLiteral("1e9")).isAccepted); }));
+}
+
+TEST_F(OutdatedResults, ByAnInstrumentThatNeedsALongerInterval)
+{
+    ChooseInstrument(QStringLiteral("YOKOGAWA 2535 1Ø2W"));
+    App().dInterval = 1;
+    EXPECT_TRUE(AreOutdatedBy([] { ChooseInstrument(QStringLiteral("NANOVIP-PLUS 1Ø2W")); }));
+    EXPECT_EQ(App().dInterval, 2);
+}
+
+TEST_F(OutdatedResults, ByAStoredIntervalThatIsCorrected)
+{
+    App().dInterval = 0;
+    EXPECT_TRUE(AreOutdatedBy(CorrectStoredSettings));
+    EXPECT_GT(App().dInterval, 0);
 }
 
 TEST_F(OutdatedResults, ByAnotherProject)
