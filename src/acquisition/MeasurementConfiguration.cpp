@@ -50,6 +50,15 @@ void Store(Value& field, Value value)
     App().bProjectDirty = true;
 }
 
+/// Energies and windows are formed with the interval, so that another one makes an evaluation outdated.
+void StoreInterval(double seconds)
+{
+    if (App().dInterval == seconds)
+        return;
+    Store(App().dInterval, seconds);
+    App().bEvaluated = 0;
+}
+
 QStringList SeriesTexts(const SeriesRange& range)
 {
     QStringList texts;
@@ -145,7 +154,7 @@ void CorrectStoredSettings()
     ApplicationBlock& app = App();
     LookUpInstrument(app.sDevice);
     if (!(app.dInterval >= app.iMinInterval && std::isfinite(app.dInterval)))
-        Store(app.dInterval, static_cast<double>(app.iMinInterval));
+        StoreInterval(app.iMinInterval);
     for (const TransformerSide side : {TransformerSide::Program, TransformerSide::Instrument})
         for (int i = 0; i < kTransformerValues; ++i)
             StoreTransformer(side, i, TransformerField(side, i));
@@ -163,7 +172,7 @@ void ChooseInstrument(const QString& entry)
     Store(app.sDevice, entry);
     LookUpInstrument(entry);
     if (wasShortest || app.dInterval < app.iMinInterval)
-        app.dInterval = app.iMinInterval;
+        StoreInterval(app.iMinInterval);
 }
 
 TypedEntry EnterInterval(const QString& text)
@@ -173,7 +182,7 @@ TypedEntry EnterInterval(const QString& text)
     TypedEntry entry{NumberText(seconds)};
     entry.isAccepted = CheckNumberRange(entry.text, App().iMinInterval, kLongestInterval);
     if (entry.isAccepted)
-        Store(App().dInterval, seconds);
+        StoreInterval(seconds);
     return entry;
 }
 

@@ -44,12 +44,6 @@ QString WidestText(int column)
     }
 }
 
-/// Reads a set; false if it can't be read, which has been told, or isn't there.
-bool HasRead(qint32 set)
-{
-    return ReadRow(set) && App().lLastReadSet == set;
-}
-
 QString NumberOf(qint32 set, const tValueRow& values)
 {
     return QString::number(set) + (values.bEdit ? QStringLiteral("*") : QString());
@@ -118,10 +112,15 @@ int SetGrid::WidthOf(int column) const
 
 void SetGrid::Rebuild()
 {
+    Rebuild(FirstShown());
+}
+
+void SetGrid::Rebuild(qint32 set)
+{
     FillHead();
     SetWidths();
     SetBarRange();
-    Fill();
+    ShowFrom(set);
 }
 
 void SetGrid::SetBarRange()
@@ -141,7 +140,8 @@ void SetGrid::SetRows(int count)
         table->setRowCount(rows);
     }
     SetBarRange();
-    Fill();
+    if (!hasFailed) // a resized window is no reason to tell it again
+        Fill();
 }
 
 void SetGrid::ShowNewest()
@@ -167,7 +167,7 @@ void SetGrid::ShowFrom(qint32 set)
 void SetGrid::ShowSet(qint32 set)
 {
     selected = set;
-    ShowFrom(set - rows / 2);
+    ShowFrom(set - std::max(0, rows / 2 - 1));
 }
 
 void SetGrid::Select(qint32 set)
@@ -176,16 +176,23 @@ void SetGrid::Select(qint32 set)
     ShowSelection();
 }
 
+bool SetGrid::Read(qint32 set)
+{
+    hasFailed = !ReadRow(set);
+    return !hasFailed && App().lLastReadSet == set;
+}
+
 void SetGrid::Fill()
 {
     if (table->columnCount() == 0) // before the first Rebuild
         return;
+    hasFailed = false;
     table->setUpdatesEnabled(false);
     OpenDbGuarded();
     bool isReadable = App().bProjectOpen;
     for (int row = 0; row < rows; ++row) {
         const qint32 set = FirstShown() + row;
-        isReadable = isReadable && set <= App().iSetCount && HasRead(set);
+        isReadable = isReadable && set <= App().iSetCount && Read(set);
         if (isReadable)
             FillRow(row, NumberOf(set, App().CurrentRow), App().CurrentRow);
         else

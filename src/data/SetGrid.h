@@ -18,13 +18,15 @@ class SetGrid : public QWidget
 public:
     /// Takes columns and their order from the block, and shows the sets at the place where the bar stands.
     void Rebuild();
+    /// The same from a set on.
+    void Rebuild(qint32 set);
     /// Shows the last sets.
     void ShowNewest();
     /// Shows the sets from one on, or the last ones if too few follow it.
     void ShowFrom(qint32 set);
     /// Number of the set in the first row.
     qint32 FirstShown() const;
-    /// Selects a set and brings it into the middle.
+    /// Selects a set and brings it into the middle; of an even number of rows, into the upper one of the two.
     void ShowSet(qint32 set);
     /// Selects a set wherever it is; 0 for none.
     void Select(qint32 set);
@@ -63,6 +65,8 @@ protected:
 
 private:
     void SetBarRange();
+    /// Reads a set; false if it can't be read, which has been told, or isn't there.
+    bool Read(qint32 set);
     void ShowSelection();
     /// Lets the user's choice of a row stand, unless there is no set.
     void TakeRow(int row);
@@ -75,6 +79,7 @@ private:
     int fixedColumns;
     qint32 selected = 0;
     bool isShowingSelection = false;
+    bool hasFailed = false; ///< the last reading, and that has been told
     QTableWidget* table;
     QScrollBar* bar;
 };

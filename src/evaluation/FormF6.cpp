@@ -163,12 +163,11 @@ void FormF6::Refresh()
     if (isEvaluating) // the end of the pass asks for it; the results are shown right after
         return;
     if (isEntered) {
-        ShowResults();
+        ShowResults(list->FirstShown());
         return;
     }
     isEntered = true;
     ShowEvaluationPage();
-    list->ShowFrom(App().ResultPage.firstSet);
 }
 
 void FormF6::Leave()
@@ -183,10 +182,10 @@ void FormF6::ShowEvaluationPage()
         ClearTables();
         RunGuarded(objectName(), EvaluateProject);
     }
-    ShowResults();
+    ShowResults(App().ResultPage.firstSet);
 }
 
-void FormF6::ShowResults()
+void FormF6::ShowResults(qint32 firstSet)
 {
     overview->Refresh();
     extremes->Show(ExtremTable());
@@ -199,7 +198,7 @@ void FormF6::ShowResults()
     correctedLabel->setText(
         FillPlaceholders(Texts().resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
     list->Select(App().iCurrentSet);
-    list->Rebuild();
+    list->Rebuild(firstSet);
 }
 
 void FormF6::ClearTables()
@@ -229,7 +228,7 @@ void FormF6::ChangeOptions(int index)
 {
     const int result = index == kCostOptions ? FormH10(this).exec() : FormH9(this).exec();
     if (result == QDialog::Accepted)
-        ShowResults();
+        ShowResults(list->FirstShown());
 }
 
 void FormF6::Export()

@@ -41,7 +41,8 @@ private:
                            const std::function<void()>& routine);
 
     void ShowEvaluationPage();
-    void ShowResults();
+    /// Shows everything anew, the list from a set on.
+    void ShowResults(qint32 firstSet);
     void ClearTables();
     void ShowPanels();
     /// Shows a panel or hides it, but for the last one.

@@ -136,6 +136,7 @@ QHBoxLayout* FormH9::BuildThermal()
     factorBox->setMaxLength(kLongestText);
     factorBox->setFixedWidth(kWidth);
     factorBox->setAlignment(Qt::AlignRight);
+    factorBox->setAccessibleName(Texts().windowThermal);
     connect(factorBox, &QLineEdit::editingFinished, this, &FormH9::CheckFactor);
     factorUnit = new QLabel(Texts().timesTimeConstant);
     factorUnit->setObjectName(QStringLiteral("lblWhat"));

@@ -4,8 +4,6 @@
 
 #include <QPainter>
 
-#include <algorithm>
-
 namespace korvanel {
 
 namespace {
@@ -47,17 +45,16 @@ void SuitabilityBar::paintEvent(QPaintEvent*)
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(0, 0, kStripWidth, kStripHeight);
     const QFontMetrics metrics = fontMetrics();
-    int free = 0; // a label beside a narrow rectangle moves out of the way of the one before
-    for (const SuitabilityShare& share : shares) {
-        const QRectF rectangle(share.from * kStripWidth, 0, share.width * kStripWidth, kStripHeight);
-        painter.fillRect(rectangle, ColourOf(share.rating));
-        const QString label = SuitabilityText(share.width);
-        const int width = metrics.horizontalAdvance(label);
-        const int centred = static_cast<int>(rectangle.center().x()) - width / 2;
-        const int left = std::max(free, std::min(centred, kStripWidth - width));
-        painter.setPen(ColourOf(share.rating));
-        painter.drawText(left, kStripHeight + kGap + metrics.ascent(), label);
-        free = left + width + 2 * kGap;
+    std::vector<int> widths;
+    for (const SuitabilityShare& share : shares)
+        widths.push_back(metrics.horizontalAdvance(SuitabilityText(share.width)));
+    const std::vector<int> places = LabelPlaces(shares, widths, kStripWidth, 2 * kGap);
+    for (std::size_t i = 0; i < shares.size(); ++i) {
+        const SuitabilityShare& share = shares[i];
+        const QColor colour = ColourOf(share.rating);
+        painter.fillRect(QRectF(share.from * kStripWidth, 0, share.width * kStripWidth, kStripHeight), colour);
+        painter.setPen(colour);
+        painter.drawText(places[i], kStripHeight + kGap + metrics.ascent(), SuitabilityText(share.width));
     }
 }
 

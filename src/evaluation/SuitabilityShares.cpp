@@ -3,6 +3,7 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace korvanel {
@@ -20,6 +21,24 @@ std::vector<SuitabilityShare> SuitabilityShares(const std::array<qint32, kRating
         from += width;
     }
     return shares;
+}
+
+std::vector<int> LabelPlaces(const std::vector<SuitabilityShare>& shares, std::span<const int> widths, int strip,
+                             int gap)
+{
+    std::vector<int> places(shares.size());
+    int least = 0;
+    for (std::size_t i = 0; i < shares.size(); ++i) {
+        const double middle = (shares[i].from + shares[i].width / 2) * strip;
+        places[i] = std::max(least, static_cast<int>(middle) - widths[i] / 2);
+        least = places[i] + widths[i] + gap;
+    }
+    int end = strip;
+    for (std::size_t i = shares.size(); i-- > 0;) {
+        places[i] = std::min(places[i], end - widths[i]);
+        end = places[i] - gap;
+    }
+    return places;
 }
 
 QString SuitabilityText(double share)

@@ -41,6 +41,17 @@ TEST_F(FormH15Test, Open_ShowsItsTexts)
     EXPECT_EQ(ControlOf<QPushButton>(*dialog, "cmdCancel").text(), "Abbrechen");
 }
 
+TEST_F(FormH15Test, Open_ShowsTheCurrentSetSelected)
+{
+    App().iSetCount = 20;
+    for (const auto& [current, shown] : {std::pair(7, "7"), std::pair(20, "20"), std::pair(31, "20")}) {
+        App().iCurrentSet = current;
+        dialog = std::make_unique<FormH15>(nullptr);
+        EXPECT_EQ(Box().text(), shown);
+        EXPECT_EQ(Box().selectedText(), shown) << "so that typing replaces it";
+    }
+}
+
 struct Taken
 {
     const char* text;

@@ -242,7 +242,7 @@ TEST_F(SetListTest, ShowSet_BringsItIntoTheMiddle)
     Open();
     list->ShowSet(1500);
     EXPECT_EQ(SelectedSet(), 1500);
-    EXPECT_EQ(Text(Values().rowCount() / 2, 0), "1500");
+    EXPECT_EQ(Text(Values().rowCount() / 2 - 1, 0), "1500");
     list->ShowSet(1);
     EXPECT_EQ(SelectedSet(), 1);
     EXPECT_EQ(Text(0, 0), "1");
@@ -339,6 +339,40 @@ TEST_F(SetListTest, UnreadableFile_IsToldOnce)
     list->Rebuild();
     EXPECT_EQ(shell.boxes.size(), 1U);
     EXPECT_EQ(Text(0, 0), "");
+    list->resize(700, 460);
+    QApplication::processEvents();
+    EXPECT_EQ(shell.boxes.size(), 1U) << "not again for a change of its size";
+    list->Rebuild();
+    EXPECT_EQ(shell.boxes.size(), 2U) << "but for a new try";
+}
+
+TEST_F(SetListTest, FileThatIsReadableAgain_IsShownAgain)
+{
+    Open(20);
+    const QString path = App().sProjectPath;
+    ASSERT_TRUE(QFile::rename(path, path + ".weg"));
+    list->Rebuild();
+    EXPECT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(Text(0, 0), "");
+    ASSERT_TRUE(QFile::rename(path + ".weg", path));
+    Bar().setValue(3);
+    EXPECT_EQ(Text(0, 0), "4");
+    list->resize(700, 460);
+    QApplication::processEvents();
+    EXPECT_EQ(Text(LastRow(), 0), QString::number(list->FirstShown() + LastRow()));
+    EXPECT_EQ(shell.boxes.size(), 1U);
+}
+
+TEST_F(SetListTest, ShowSet_IsInViewHoweverFewRowsThereAre)
+{
+    Open();
+    for (int height = 40; height < 260; height += 20) {
+        list->setFixedHeight(height);
+        QApplication::processEvents();
+        list->ShowSet(1500);
+        EXPECT_EQ(SelectedSet(), 1500) << height;
+        EXPECT_EQ(list->FirstShown(), 1500 - std::max(0, Values().rowCount() / 2 - 1)) << height;
+    }
 }
 
 } // namespace

@@ -269,6 +269,30 @@ TEST_F(EvaluationPassTest, ProgressBeginsAdvancesAndEnds)
     EXPECT_EQ(calls.front(), "ShowProgress 0");
     EXPECT_EQ(calls.back(), "ShowProgress 2");
     EXPECT_EQ(calls.count("ShowProgress 2"), 1);
+    EXPECT_EQ(shell.progress, (std::vector<double>{1.0 / 3, 2.0 / 3, 1}));
+}
+
+TEST_F(EvaluationPassTest, ProgressOfALongRecordingIsTheShareOfItsSets)
+{
+    constexpr int kSets = 4000;
+    Evaluate(0, std::vector<tValueRow>(kSets));
+    ASSERT_GE(shell.progress.size(), 100U) << "at least once per percent";
+    for (std::size_t i = 0; i < shell.progress.size(); ++i) {
+        const double sets = shell.progress[i] * kSets;
+        EXPECT_DOUBLE_EQ(sets, std::round(sets));
+        EXPECT_GT(shell.progress[i], i == 0 ? 0 : shell.progress[i - 1]);
+    }
+    EXPECT_LE(shell.progress.back(), 1);
+    EXPECT_GT(shell.progress.back(), 0.99);
+}
+
+TEST_F(EvaluationPassTest, AnyMarkThatIsNot0IsACorrection)
+{
+    Evaluate(0, Rows({1, 2, 3, 4, 5}, PutU));
+    Execute("UPDATE SampledValues SET Edit=CASE [Set] WHEN 1 THEN 1 WHEN 2 THEN 255 WHEN 3 THEN 256 WHEN 4 THEN -1 "
+            "ELSE 0 END");
+    EvaluateProject();
+    EXPECT_EQ(App().Evaluation.lCorrectedRows, 4);
 }
 
 } // namespace

@@ -78,6 +78,23 @@ TEST_F(FormH9Test, Open_ShowsTheFactorInTheLocalFormat)
     EXPECT_EQ(Factor().text(), "2,5");
 }
 
+TEST_F(FormH9Test, Buttons_StandApart)
+{
+    Open();
+    const QRect ok = ControlOf<QPushButton>(*dialog, "cmdOK").geometry();
+    const QRect abort = ControlOf<QPushButton>(*dialog, "cmdAbort").geometry();
+    EXPECT_GE(abort.left() - ok.right(), 6);
+    EXPECT_EQ(abort.top(), ok.top());
+}
+
+TEST_F(FormH9Test, EveryBox_HasANameForAScreenReader)
+{
+    Open();
+    EXPECT_EQ(Factor().accessibleName(), "Thermische Zeitkonstante:");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(Time(i).accessibleName(), QStringList({"h", "min", "s"}).at(i));
+}
+
 TEST_F(FormH9Test, WithoutATimeConstant_ItCanNotBeChosen)
 {
     settings->SetTWindowSelection(1);

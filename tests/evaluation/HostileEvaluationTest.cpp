@@ -142,6 +142,7 @@ TEST_F(HostileEvaluation, TheCountOfTheBlockIsNotReliedOn)
         MakeOrdinaryProject(2, 40);
         App().iSetCount = count;
         ExpectSuccess(40);
+        EXPECT_EQ(App().iSetCount, 40) << "from then on the block has the right one";
     }
 }
 

@@ -273,6 +273,25 @@ TEST_F(RatingTest, TheMachineOfTheSimulationJudgesByItsOwnData)
     EXPECT_EQ(App().iRowWorstRating, 3);
 }
 
+TEST_F(RatingTest, WhatIsCalculatedOfTheSecondMachineComesFromItsOwnRecord)
+{
+    MachineRecord& machine = App().MachineII;
+    machine = App().MachineI;
+    machine.cosphi = 0.5;
+    machine.Mkipp_Mn = 3;
+    const double Pel = std::sqrt(3) * 400 * 100 * 0.5;
+    EXPECT_DOUBLE_EQ(RatedDataII().Pel, Pel);
+    EXPECT_EQ(RatedDataII().Mkipp, 300);
+    EXPECT_DOUBLE_EQ(RatedDataII().Pth().value_or(0), Pel - 10000);
+    EXPECT_EQ(RateValue(Pel - 1, kP, RatingMode::MachineII, false), 49152);
+    EXPECT_EQ(RateValue(Pel + 1, kP, RatingMode::MachineII, false), 40443);
+    machine.Pmech = -10000; // of a generator both powers are negative
+    EXPECT_DOUBLE_EQ(RatedDataII().Pel, -Pel);
+    EXPECT_DOUBLE_EQ(RatedDataII().Pth().value_or(0), Pel - 10000);
+    machine.Mkipp_Mn.reset();
+    EXPECT_FALSE(RatedDataII().Mkipp.has_value());
+}
+
 TEST_F(RatingTest, RateRow_TakesTheWorstOfSevenValuesAndNotTheCurrent)
 {
     const std::vector<int> rated{kU, kF, kM, kP, kN, kPmech, kEta};

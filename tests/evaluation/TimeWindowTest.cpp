@@ -97,6 +97,19 @@ TEST_F(TimeWindow, IsThermalWindowUsable_NeedsATimeConstantAndAValidMachine)
         }
 }
 
+TEST_F(TimeWindow, TimeWindowText_IsThatOfTheOptionsWhateverIsInForce)
+{
+    App().dTWindow = 77;
+    settings->SetTWindowSize(3661);
+    EXPECT_EQ(TimeWindowText(), "01:01:01");
+    settings->SetTWindowSize(360000);
+    EXPECT_EQ(TimeWindowText(), "100:00:00") << "hours are not capped";
+    ChooseFactor(2.5, 60, true);
+    EXPECT_EQ(TimeWindowText(), "2,5 * Tth");
+    ChooseFactor(3, 60, true);
+    EXPECT_EQ(TimeWindowText(), "3 * Tth");
+}
+
 TEST_F(TimeWindow, WindowSpan_CountsWholeIntervals)
 {
     EXPECT_EQ(WindowSpan(900, 60), 15);

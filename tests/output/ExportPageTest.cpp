@@ -61,6 +61,18 @@ TEST_F(ExportPageTest, PageIsLockedMeanwhileAndWhatIsPressedIsLost)
     EXPECT_TRUE(Find<QPushButton>("cmdExcel").isEnabled());
 }
 
+TEST_F(ExportPageTest, FocusIsWhereItWas)
+{
+    Bind([] {});
+    OpenProjectOf(0);
+    EnterPage();
+    auto& button = Find<QPushButton>("cmdExcel");
+    button.setFocus();
+    button.click();
+    EXPECT_EQ(window.PageOnShow()->focusWidget(), &button);
+    EXPECT_TRUE(button.hasFocus());
+}
+
 TEST_F(ExportPageTest, FailureUnlocksThePageToo)
 {
     Bind([] { throw std::runtime_error("kaputt"); });

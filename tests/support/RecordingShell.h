@@ -26,6 +26,7 @@ public:
     std::vector<FileQuestion> openQuestions;
     std::vector<FileQuestion> saveQuestions;
     QStringList calls;
+    std::vector<double> progress; ///< shares that were shown, whatever the operation
     QStringList printers;
     QString defaultPrinter;
     int waiting = 0;
@@ -59,8 +60,10 @@ public:
     }
     void SetWaitCursor(bool isWaiting) override { waiting += isWaiting ? 1 : -1; }
     void Beep() override { calls << QStringLiteral("Beep"); }
-    void ShowProgress(Progress mode, double) override
+    void ShowProgress(Progress mode, double fraction) override
     {
+        if (mode == Progress::Advance)
+            progress.push_back(fraction);
         calls << QStringLiteral("ShowProgress %1").arg(static_cast<int>(mode));
     }
     void SetBusyMenus(bool areEnabled) override { Record("SetBusyMenus", areEnabled); }

@@ -21,7 +21,9 @@ DialogButtons BuildDialogButtons(QDialog& dialog, const char* aheadName, const Q
     cancel->setObjectName(QLatin1String(cancelName));
     cancel->setAutoDefault(false);
     QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
+    constexpr int kGap = 6; // whatever the layout around it has
     auto* row = new QHBoxLayout;
+    row->setSpacing(kGap);
     row->addStretch(1);
     row->addWidget(ahead);
     row->addWidget(cancel);
