@@ -179,8 +179,8 @@ void FormF6::ShowEvaluationPage()
 {
     if (!App().bEvaluated) {
         const QScopedValueRollback evaluating(isEvaluating, true);
-        ClearTables();
         RunGuarded(objectName(), EvaluateProject);
+        DropPendingInput(); // a second click on what led here would lead on
     }
     ShowResults(App().ResultPage.firstSet);
 }
@@ -199,13 +199,6 @@ void FormF6::ShowResults(qint32 firstSet)
         FillPlaceholders(Texts().resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
     list->Select(App().iCurrentSet);
     list->Rebuild(firstSet);
-}
-
-void FormF6::ClearTables()
-{
-    for (ResultGrid* table : {extremes, energies, utilisation})
-        if (table)
-            table->setRowCount(0);
 }
 
 void FormF6::ShowPanels()

@@ -43,7 +43,6 @@ private:
     void ShowEvaluationPage();
     /// Shows everything anew, the list from a set on.
     void ShowResults(qint32 firstSet);
-    void ClearTables();
     void ShowPanels();
     /// Shows a panel or hides it, but for the last one.
     void ChoosePanel(std::size_t index, bool isShown);

@@ -7,14 +7,17 @@ namespace korvanel {
 
 RatedData RatedDataOf(const MachineRecord& record, double Pel, double stallTorque)
 {
+    // Without the rated speed the record's torque is the 0 that the model puts there, and so is what follows from it.
+    const bool isTorqueKnown = record.n || record.M.value_or(0) != 0;
+    const bool isStallKnown = record.Mkipp_Mn && (isTorqueKnown || stallTorque != 0);
     return {.U = record.U,
             .I = record.I,
             .f = record.f,
             .n = record.n,
-            .M = record.M,
+            .M = isTorqueKnown ? record.M : std::nullopt,
             .Pmech = record.Pmech,
             .Pel = Pel,
-            .Mkipp = record.Mkipp_Mn ? std::optional(stallTorque) : std::nullopt};
+            .Mkipp = isStallKnown ? std::optional(stallTorque) : std::nullopt};
 }
 
 RatedData RatedDataI()

@@ -4,6 +4,7 @@
 #include "support/ResultPageFixture.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -149,6 +150,17 @@ TEST_F(FormF6Test, LongRecording_IsEvaluatedOnceWithItsProgressShown)
     EXPECT_EQ(Cell("flxExtrem", 2, 4), "1500 A");
     EXPECT_TRUE(IsEntryEnabled("mnuFile"));
     EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(FormF6Test, WhatIsPressedDuringThePass_IsDropped)
+{
+    OpenProjectOf(0);
+    StoreNumbered(3);
+    QCoreApplication::postEvent(&window, new QCloseEvent);
+    EnterPage();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_EQ(PageName(), "FormF6");
 }
 
 TEST_F(FormF6Test, WithoutSets_TheTablesAreEmptyAndHeadsAndButtonsStay)

@@ -191,6 +191,21 @@ TEST_F(Utilisation, WhereARatedValueIsUnknownItsRowsHaveNoShare)
     EXPECT_EQ(results.tAsm[kWindowLoss].vRatio, 1);
 }
 
+TEST_F(Utilisation, TorqueOf0ThatTheModelPutsInWithoutARatedSpeedIsNotKnown)
+{
+    App().MachineI.n.reset();
+    App().MachineI.M = 0;
+    App().Model.Kippmoment = 0;
+    const EvaluationResults& results = Evaluate(2, {Loaded(1)});
+    for (const UtilisationRow row : {kMostTorque, kWindowTorque, kWholeTorque})
+        ExpectNoShare(results.tAsm[row]);
+    for (const UtilisationRow row : {kWindowPowerOfTorque, kWholePowerOfTorque}) {
+        EXPECT_EQ(results.tAsm[row].dValue, 0);
+        EXPECT_EQ(results.tAsm[row].vRatio, 0);
+    }
+    EXPECT_EQ(results.tAsm[kWindowCurrent].vRatio, 1);
+}
+
 TEST_F(Utilisation, ARatedValueOf0EndsInTheGeneralErrorReport)
 {
     for (std::optional<double>* value : {&App().MachineI.I, &App().MachineI.M, &App().MachineI.Pmech}) {

@@ -35,6 +35,14 @@ protected:
     }
 };
 
+TEST_F(MachineModelTest, Build_MakesResultsOutOfDate)
+{
+    App().MachineI = Motor();
+    App().bEvaluated = 1;
+    BuildMachineModel();
+    EXPECT_EQ(App().bEvaluated, 0);
+}
+
 TEST_F(MachineModelTest, ModelMessages_ToTheLetter)
 {
     const QString problem = QStringLiteral("Ein Bearbeitungsproblem ist aufgetreten.\n");
