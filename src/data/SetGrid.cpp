@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -188,6 +189,7 @@ void SetGrid::Fill()
         return;
     hasFailed = false;
     table->setUpdatesEnabled(false);
+    const auto shownAgain = qScopeGuard([this] { table->setUpdatesEnabled(true); });
     OpenDbGuarded();
     bool isReadable = App().bProjectOpen;
     for (int row = 0; row < rows; ++row) {
@@ -200,7 +202,6 @@ void SetGrid::Fill()
     }
     CloseDbGuarded();
     ShowSelection();
-    table->setUpdatesEnabled(true);
 }
 
 void SetGrid::SetCell(QTableWidget& ofTable, int row, int column, const QString& text, Qt::Alignment alignment)

@@ -1,6 +1,7 @@
 #include "evaluation/ResultGrid.h"
 
 #include <QHeaderView>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <numeric>
@@ -46,6 +47,7 @@ ResultGrid::ResultGrid(const char* name)
 void ResultGrid::Show(const ResultTable& results)
 {
     setUpdatesEnabled(false);
+    const auto shownAgain = qScopeGuard([this] { setUpdatesEnabled(true); });
     clearSpans();
     setColumnCount(static_cast<int>(results.heads.size()));
     setHorizontalHeaderLabels(results.heads);
@@ -63,7 +65,6 @@ void ResultGrid::Show(const ResultTable& results)
             AddCells(row, result);
     }
     FitColumns();
-    setUpdatesEnabled(true);
 }
 
 void ResultGrid::AddHeading(int row, const QString& text)

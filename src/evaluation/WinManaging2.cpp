@@ -319,9 +319,4 @@ ResultTable UtilisationTable()
     return table;
 }
 
-QString SetListHeading(int column)
-{
-    return ColumnHeading(column);
-}
-
 } // namespace korvanel

@@ -40,7 +40,4 @@ ResultTable EnergyTable();
 /// `flxASM`: utilisation of the machine. Rows in net configurations with a machine only.
 ResultTable UtilisationTable();
 
-/// Text over a column of the list of sets: symbol and unit, or the name of a column without a quantity.
-QString SetListHeading(int column);
-
 } // namespace korvanel

@@ -10,6 +10,7 @@
 #include "data/PassOverSets.h"
 #include "data/RowQuantities.h"
 #include "data/SetCursor.h"
+#include "diagrams/clsSymbols.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WinManaging2.h"
 #include "output/ExportItems.h"
@@ -76,13 +77,13 @@ public:
     {
         text.AddText(Texts().headSet);
         for (const ExportColumn& column : columns)
-            text.AddText(SetListHeading(column.quantity));
+            text.AddText(ColumnHeading(column.quantity));
         if (hasMachine) {
-            text.AddText(SetListHeading(kColumnMethod));
-            text.AddText(SetListHeading(kColumnSuitability));
+            text.AddText(ColumnHeading(kColumnMethod));
+            text.AddText(ColumnHeading(kColumnSuitability));
         }
-        text.AddText(SetListHeading(kColumnTime));
-        text.AddText(SetListHeading(kColumnTimeStamp));
+        text.AddText(ColumnHeading(kColumnTime));
+        text.AddText(ColumnHeading(kColumnTimeStamp));
         text.EndLine();
     }
 

@@ -1,6 +1,9 @@
 // Symbols and units of the fifty quantities.
 #include "diagrams/clsSymbols.h"
 
+#include "core/Common.h"
+#include "core/Texts.h"
+
 #include "support/Fixture.h"
 
 #include <limits>
@@ -101,6 +104,20 @@ TEST(clsSymbolsTest, SymbolWithUnit_WithoutUnitIsTheSymbolAlone)
     EXPECT_EQ(symbols.SymbolWithUnit(6), "cosphi");
     EXPECT_EQ(symbols.SymbolWithUnit(10), "eta");
     EXPECT_EQ(symbols.SymbolWithUnit(36), "cosphi 3");
+}
+
+TEST(clsSymbolsTest, ColumnHeading_IsSymbolAndUnitOrTheColumnsName)
+{
+    clsSymbols symbols;
+    App().Symbols = &symbols;
+    SetBuiltInTexts();
+    EXPECT_EQ(ColumnHeading(3), "Pel [W]");
+    EXPECT_EQ(ColumnHeading(10), "eta");
+    EXPECT_EQ(ColumnHeading(-1), "t Sample");
+    EXPECT_EQ(ColumnHeading(-2), "Zeitstempel");
+    EXPECT_EQ(ColumnHeading(-3), "Modell");
+    EXPECT_EQ(ColumnHeading(-4), "Methode");
+    App().Symbols = nullptr;
 }
 
 TEST(clsSymbolsTest, IndexOutsideTheTable_IsAnError)

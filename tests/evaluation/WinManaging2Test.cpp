@@ -317,15 +317,5 @@ TEST_F(WinManaging2Test, Utilisation_HasNoRowsWithoutAMachine)
     }
 }
 
-TEST_F(WinManaging2Test, SetListHeading_IsSymbolAndUnitOrTheColumnsName)
-{
-    EXPECT_EQ(SetListHeading(kP), "Pel [W]");
-    EXPECT_EQ(SetListHeading(kEta), "eta");
-    EXPECT_EQ(SetListHeading(-1), "t Sample");
-    EXPECT_EQ(SetListHeading(-2), "Zeitstempel");
-    EXPECT_EQ(SetListHeading(-3), "Modell");
-    EXPECT_EQ(SetListHeading(-4), "Methode");
-}
-
 } // namespace
 } // namespace korvanel::test
