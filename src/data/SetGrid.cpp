@@ -116,12 +116,12 @@ int SetGrid::WidthOf(int column) const
            kPadding;
 }
 
-void SetGrid::Rebuild()
+void SetGrid::Rebuild(std::optional<qint32> first)
 {
     FillHead();
     SetWidths();
     SetBarRange();
-    Fill();
+    ShowFrom(first.value_or(FirstShown()));
 }
 
 void SetGrid::SetBarRange()
@@ -141,7 +141,8 @@ void SetGrid::SetRows(int count)
         table->setRowCount(rows);
     }
     SetBarRange();
-    Fill();
+    if (!hasFailed) // a change of the size alone tells nobody again
+        Fill();
 }
 
 void SetGrid::ShowNewest()
@@ -182,10 +183,13 @@ void SetGrid::Fill()
         return;
     table->setUpdatesEnabled(false);
     OpenDbGuarded();
+    hasFailed = false;
     bool isReadable = App().bProjectOpen;
     for (int row = 0; row < rows; ++row) {
         const qint32 set = FirstShown() + row;
-        isReadable = isReadable && set <= App().iSetCount && HasRead(set);
+        const bool isWanted = isReadable && set <= App().iSetCount;
+        isReadable = isWanted && HasRead(set);
+        hasFailed = hasFailed || isReadable != isWanted;
         if (isReadable)
             FillRow(row, NumberOf(set, App().CurrentRow), App().CurrentRow);
         else
@@ -214,7 +218,7 @@ void SetGrid::ShowSelection()
     const QScopedValueRollback showing(isShowingSelection, true);
     const int row = selected - FirstShown();
     QItemSelectionModel& selection = *table->selectionModel();
-    if (selected > 0 && row >= 0 && row < rows)
+    if (selected > 0 && selected <= App().iSetCount && row >= 0 && row < rows)
         selection.setCurrentIndex(table->model()->index(row, fixedColumns),
                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     else

@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QScrollBar;
 class QTableWidget;
 
@@ -16,8 +18,9 @@ class SetGrid : public QWidget
     Q_OBJECT
 
 public:
-    /// Takes columns and their order from the block, and shows the sets at the place where the bar stands.
-    void Rebuild();
+    /// Takes columns and their order from the block, and shows the sets from one on; without it at the place where the
+    /// bar stands.
+    void Rebuild(std::optional<qint32> first = {});
     /// Shows the last sets.
     void ShowNewest();
     /// Shows the sets from one on, or the last ones if too few follow it.
@@ -75,6 +78,7 @@ private:
     int fixedColumns;
     qint32 selected = 0;
     bool isShowingSelection = false;
+    bool hasFailed = false; ///< a set that should be there could not be read
     QTableWidget* table;
     QScrollBar* bar;
 };

@@ -168,7 +168,6 @@ void FormF6::Refresh()
     }
     isEntered = true;
     ShowEvaluationPage();
-    list->ShowFrom(App().ResultPage.firstSet);
 }
 
 void FormF6::Leave()
@@ -183,10 +182,10 @@ void FormF6::ShowEvaluationPage()
         ClearTables();
         RunGuarded(objectName(), EvaluateProject);
     }
-    ShowResults();
+    ShowResults(App().ResultPage.firstSet);
 }
 
-void FormF6::ShowResults()
+void FormF6::ShowResults(std::optional<qint32> firstSet)
 {
     overview->Refresh();
     extremes->Show(ExtremTable());
@@ -199,7 +198,7 @@ void FormF6::ShowResults()
     correctedLabel->setText(
         FillPlaceholders(Texts().resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
     list->Select(App().iCurrentSet);
-    list->Rebuild();
+    list->Rebuild(firstSet);
 }
 
 void FormF6::ClearTables()

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 class QBoxLayout;
 class QCheckBox;
@@ -41,7 +42,8 @@ private:
                            const std::function<void()>& routine);
 
     void ShowEvaluationPage();
-    void ShowResults();
+    /// `firstSet` is where the list begins; without it, where it stands.
+    void ShowResults(std::optional<qint32> firstSet = {});
     void ClearTables();
     void ShowPanels();
     /// Shows a panel or hides it, but for the last one.
