@@ -21,7 +21,9 @@ DialogButtons BuildDialogButtons(QDialog& dialog, const char* aheadName, const Q
     cancel->setObjectName(QLatin1String(cancelName));
     cancel->setAutoDefault(false);
     QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
+    constexpr int kGap = 6;
     auto* row = new QHBoxLayout;
+    row->setSpacing(kGap); // in a grid with two different spacings it would inherit none
     row->addStretch(1);
     row->addWidget(ahead);
     row->addWidget(cancel);
