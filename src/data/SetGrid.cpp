@@ -222,7 +222,7 @@ void SetGrid::ShowSelection()
     const QScopedValueRollback showing(isShowingSelection, true);
     const int row = selected - FirstShown();
     QItemSelectionModel& selection = *table->selectionModel();
-    if (selected > 0 && row >= 0 && row < rows)
+    if (selected > 0 && selected <= App().iSetCount && row >= 0 && row < rows)
         selection.setCurrentIndex(table->model()->index(row, fixedColumns),
                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     else

@@ -169,11 +169,15 @@ void WriteTable(ExportText& text, const ResultTable& table)
     }
 }
 
-/// Whether the program keeps its own data in a file.
+/// Whether the program keeps its own data in a file, or the database engine what it needs after a crash.
 bool IsOwnFile(const QString& path)
 {
     const QFileInfo file(path);
-    return file.exists() && (file == QFileInfo(App().sProjectPath) || file == QFileInfo(App().sMotorDbPath));
+    for (const QString& own : {App().sProjectPath, App().sMotorDbPath})
+        if ((file.exists() && file == QFileInfo(own)) ||
+            file.absoluteFilePath() == QFileInfo(own).absoluteFilePath() + QStringLiteral("-journal"))
+            return true;
+    return false;
 }
 
 const QString kExtension = QStringLiteral(".xls");

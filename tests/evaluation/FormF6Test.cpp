@@ -174,6 +174,7 @@ TEST_F(FormF6Test, WithoutSets_TheTablesAreEmptyAndHeadsAndButtonsStay)
     EXPECT_EQ(Label("lblCorrected"), "* korregierte Datensätze, Anzahl: 0");
     for (const char* button : {"cmdOptions_1", "cmdOptions_2", "cmdExcel", "cmdSet", "cmdBack", "cmdForw"})
         EXPECT_TRUE(Find<QPushButton>(button).isEnabled()) << button;
+    EXPECT_FALSE(List().selectionModel()->hasSelection()) << "no set, none selected";
     EXPECT_TRUE(shell.boxes.empty());
 }
 
@@ -195,6 +196,24 @@ TEST_F(FormF6Test, FailedPass_IsToldAndLeavesEmptyTables)
     App().dInterval = 1;
     EnterPage();
     EXPECT_EQ(Cell("flxExtrem", 2, 4), "3 A") << "the next entry tries again";
+}
+
+TEST_F(FormF6Test, FileThatWent_IsToldOnceByTheList)
+{
+    OpenProjectOf(0);
+    StoreNumbered(30);
+    EnterPage();
+    window.UnloadPage();
+    ASSERT_TRUE(QFile::rename(App().sProjectPath, PathOf("fort.MDB")));
+    EnterPage();
+    QCoreApplication::processEvents(); // the list gets its size
+    EXPECT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(Cell("flxExtrem", 2, 4), "30 A") << "the results in hand stay";
+    ASSERT_TRUE(QFile::rename(PathOf("fort.MDB"), App().sProjectPath));
+    window.RefreshPage();
+    EXPECT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(List().item(2, 0)->text(), "3");
+    EXPECT_EQ(List().item(List().rowCount() - 1, 0)->text(), QString::number(List().rowCount()));
 }
 
 TEST_F(FormF6Test, UnreadableTables_AreToldAndThePageAppears)

@@ -56,6 +56,13 @@ TEST_F(FormH9Test, Open_ShowsItsTexts)
     EXPECT_EQ(ControlOf<QPushButton>(*dialog, "cmdAbort").text(), "Abbrechen");
 }
 
+TEST_F(FormH9Test, Open_LeavesAGapBetweenTheButtons)
+{
+    OpenWithMachine();
+    const QRect ok = ControlOf<QPushButton>(*dialog, "cmdOK").geometry();
+    EXPECT_GT(ControlOf<QPushButton>(*dialog, "cmdAbort").x() - ok.right() - 1, 0);
+}
+
 TEST_F(FormH9Test, Open_SplitsTheLengthIntoTwoDigitsEach)
 {
     struct Case

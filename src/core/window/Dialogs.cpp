@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <array>
 
@@ -81,6 +82,17 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question, QFileDialog::Acc
     dialog.setLabelText(QFileDialog::Reject, Texts().buttonCancel);
 }
 
+/// Whoever chooses another type of file means its extension. The dialog changes that of a name which has one; a name
+/// without any is to get it too.
+void FollowFilter(QFileDialog& dialog)
+{
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        static const QRegularExpression single(QStringLiteral("\\(\\*(\\.\\w+)\\)$"));
+        if (const QRegularExpressionMatch match = single.match(filter); match.hasMatch())
+            dialog.setDefaultSuffix(match.captured(1));
+    });
+}
+
 QString Chosen(const QFileDialog& dialog)
 {
     const QStringList files = dialog.selectedFiles();
@@ -145,6 +157,8 @@ std::optional<QString> RunSaveDialog(QWidget* parent, const FileQuestion& questi
     Prepare(dialog, question, QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(question.extension); // before the dialog asks whether to overwrite
     dialog.selectFile(FileNameOf(question.suggestion));
+    if (!question.extension.isEmpty())
+        FollowFilter(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     QString path = Chosen(dialog);

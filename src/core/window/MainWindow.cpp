@@ -282,7 +282,8 @@ void MainWindow::ChooseLanguage(const QString& languageFile)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (QApplication::activeModalWidget()) { // what is asked has to be answered first
+    // What is asked has to be answered first, and a pass over the sets needs its page to the end.
+    if (QApplication::activeModalWidget() || isProgressShown) {
         event->ignore();
         return;
     }

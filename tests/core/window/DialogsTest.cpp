@@ -7,6 +7,7 @@
 #include "data/ValueTables.h"
 #include "support/WindowFixture.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -155,6 +156,30 @@ TEST_F(Dialogs, SaveDialog_AddsTheExtensionToANameWithoutOneBeforeItAsksWhetherT
     });
     EXPECT_EQ(RunSaveDialog(&window, question), std::nullopt);
     EXPECT_TRUE(isAsked);
+    QDir::setCurrent(former);
+}
+
+TEST_F(Dialogs, SaveDialog_AnotherTypeOfFileBringsItsExtension)
+{
+    const FileQuestion question{
+        "Speichern unter", PathOf("PROJECT1.xls"), "Exceldatei (*.xls)|*.xls|Textdokument (*.txt)|*.txt|", {}, ".xls"};
+    const struct
+    {
+        const char* typed;
+        const char* chosen;
+    } cases[] = {{"PROJECT1.xls", "PROJECT1.txt"}, {"ohne", "ohne.txt"}};
+    const QString former = QDir::currentPath();
+    for (const auto& c : cases) {
+        WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QLatin1String(c.typed));
+            auto* types = dialog.findChild<QComboBox*>("fileTypeCombo");
+            types->setCurrentIndex(1);
+            emit types->activated(1);
+            emit types->textActivated(types->currentText());
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        EXPECT_EQ(RunSaveDialog(&window, question), PathOf(c.chosen));
+    }
     QDir::setCurrent(former);
 }
 

@@ -91,6 +91,21 @@ TEST_F(MainWindowEnd, CloseButton_ClosesEveryOtherWindow)
     DeleteSection("KORVANEL", "MRU");
 }
 
+TEST_F(MainWindowEnd, Close_WaitsForTheEndOfAPassOverTheSets)
+{
+    OpenInWindow(0);
+    window.UnloadAndOpen(1);
+    App().iSetCount = 5000;
+    window.ShowProgress(Progress::Begin, 0);
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(App().bProjectOpen);
+    EXPECT_NE(window.PageOnShow(), nullptr) << "the routine that goes on still needs it";
+    window.ShowProgress(Progress::End, 1);
+    EXPECT_TRUE(window.close());
+    EXPECT_FALSE(App().bProjectOpen);
+    DeleteSection("KORVANEL", "MRU");
+}
+
 TEST_F(MainWindowEnd, Language_NoSavesNothing)
 {
     clsProgSettings settings(folder.path());
