@@ -135,6 +135,13 @@ TEST_F(ExportFromPageTest, OpenProjectAndMotorDatabaseAreNoTargets)
     EXPECT_EQ(ContentOf("MOTOR_DB.MDB"), "motors");
 }
 
+TEST_F(ExportFromPageTest, JournalOfTheOpenProjectIsNoTarget)
+{
+    MakeRecording(0, 1);
+    ExpectFailure(PathOf("test.MDB-journal"));
+    EXPECT_FALSE(QFile::exists(PathOf("test.MDB-journal")));
+}
+
 TEST_F(ExportFromPageTest, SetsThatCanNotBeReadAreToldAndTheBeginStays)
 {
     MakeRecording(0, 1);
