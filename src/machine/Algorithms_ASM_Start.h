@@ -22,9 +22,9 @@ public:
 /// Text of a message about the machine's data, by its number from 1 to 8; empty for any other number.
 QString ModelMessages(int number);
 
-/// Rebuilds status and model of Motor/Generator I and clears `bEvaluated`. The first step that finds an error tells it and ends the build;
-/// `bModelValid` keeps its former value then, and what the steps have found so far stays. Throws ArithmeticFault for a
-/// result that is not finite; status, record and model are those from before then.
+/// Rebuilds status and model of Motor/Generator I and clears `bEvaluated`. The first step that finds an error tells it
+/// and ends the build; `bModelValid` keeps its former value then, and what the steps have found so far stays. Throws
+/// ArithmeticFault for a result that is not finite; status, record and model are those from before then.
 void BuildMachineModel();
 
 /// Runs one numbered step with `ModelErrors` set to 0 first: 1 to 8 of the build, 10 and 20 for the present sample.
