@@ -4,9 +4,8 @@
 
 #include "core/Common.h"
 #include "core/project/ProjectStore.h"
-#include "data/SetList.h"
 #include "diagrams/clsSymbols.h"
-#include "evaluation/Rating.h"
+#include "evaluation/SetJudges.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -18,25 +17,9 @@
 #include <cstdlib>
 #include <random>
 
-namespace {
-
-using namespace korvanel;
-
-SetJudge Judge()
-{
-    SetJudge judge;
-    judge.colourOf = [](double value, int quantity) { return RateValue(value, quantity, RatingMode::MachineI, false); };
-    judge.verdictOn = [](const tValueRow& row) {
-        const int rating = RateRow(row, RatingMode::MachineI);
-        return SetJudge::Verdict{RatingWord(rating), RatingColour(rating)};
-    };
-    return judge;
-}
-
-} // namespace
-
 int main(int argc, char* argv[])
 {
+    using namespace korvanel;
     constexpr int kPlaces = 200;
     constexpr unsigned kSeed = 20261121;
     constexpr double kNanosecondsPerMillisecond = 1e6;
@@ -51,7 +34,7 @@ int main(int argc, char* argv[])
     App().bProjectOpen = true;
     bench::PrepareMachine();
 
-    SetList list(Judge());
+    SetList list(JudgeBy(RatingMode::MachineI));
     list.resize(730, 400);
     list.Rebuild();
     list.show();

@@ -1,5 +1,6 @@
 #include "acquisition/CurveList.h"
 
+#include "core/Colour.h"
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
@@ -15,9 +16,8 @@ namespace {
 QIcon ColourIcon(int quantity)
 {
     constexpr int kSide = 12;
-    const qint32 colour = App().GraphColours->colour(quantity);
     QPixmap square(kSide, kSide);
-    square.fill(QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
+    square.fill(ColourOf(App().GraphColours->colour(quantity)));
     return QIcon(square);
 }
 

@@ -5,15 +5,10 @@
 #include "acquisition/ScheduleTab.h"
 #include "acquisition/TransformerTab.h"
 #include "core/Common.h"
-#include "core/Shell.h"
 #include "core/Texts.h"
-#include "core/clsWaitCursor.h"
 #include "core/window/PageTable.h"
-#include "core/window/PendingInput.h"
 #include "instruments/DevManaging.h"
 
-#include <QPointer>
-#include <QScopeGuard>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -97,21 +92,7 @@ void FormF3::Talk(const std::function<void()>& routine)
 void FormF3::Work(const std::function<void()>& routine)
 {
     Commit();
-    const QPointer<QWidget> focus = focusWidget();
-    clsWaitCursor cursor;
-    cursor.Show();
-    App().TheShell->SetBusyMenus(false);
-    setEnabled(false);
-    const auto atEnd = qScopeGuard([&] {
-        DropPendingInput();
-        setEnabled(true);
-        App().TheShell->SetBusyMenus(true);
-        Refresh();
-        if (focus)
-            focus->setFocus();
-    });
-    repaint();
-    routine();
+    LockedAndBusy(routine, [this] { Refresh(); });
 }
 
 } // namespace korvanel

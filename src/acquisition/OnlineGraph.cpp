@@ -1,5 +1,6 @@
 #include "acquisition/OnlineGraph.h"
 
+#include "core/Colour.h"
 #include "core/Common.h"
 #include "data/RowQuantities.h"
 #include "diagrams/clsGraphColours.h"
@@ -15,12 +16,6 @@ constexpr int kGap = 6;
 constexpr int kGridLines = 4;
 const QColor kBackground(0x9C, 0xA0, 0xA4); // every default colour of a curve stands out against it
 const QColor kGridColour(0xB0, 0xB4, 0xB8);
-
-QColor ColourOf(int quantity)
-{
-    const qint32 colour = App().GraphColours->colour(quantity);
-    return {colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF};
-}
 
 } // namespace
 
@@ -84,7 +79,7 @@ void OnlineGraph::PlotOnline(QPainter& painter, const OnlineCurve& curve, int x,
         return;
     const QPointF point(x, *y);
     if (lastPoints.at(quantity)) {
-        painter.setPen(QPen(ColourOf(curve.quantity), kLineWidth));
+        painter.setPen(QPen(ColourOf(App().GraphColours->colour(curve.quantity)), kLineWidth));
         painter.drawLine(*lastPoints.at(quantity), point);
     }
     lastPoints.at(quantity) = point;

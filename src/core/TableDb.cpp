@@ -11,9 +11,9 @@ namespace korvanel {
 
 namespace {
 
-// A reader of a backup program may hold the file for a moment; a recording must not lose its row over that.
 // The program has one thread; a lock around each column that is fetched would be for nobody.
 const int kReadWrite = SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX;
+// A reader of a backup program may hold the file for a moment; a recording must not lose its row over that.
 constexpr int kBusyTimeoutMs = 250;
 
 void Harden(SQLite::Database& db)

@@ -1,5 +1,6 @@
 #include "data/SampleGrid.h"
 
+#include "core/Colour.h"
 #include "core/Common.h"
 #include "core/Texts.h"
 #include "diagrams/clsSymbols.h"
@@ -90,8 +91,7 @@ void SampleGrid::ShowPresent(const tValueRow& row, const std::function<bool(int)
         const int column = App().ColumnLayout[static_cast<std::size_t>(i)];
         SetCell(*head, 0, i, column == kColumnTimeStamp ? QString() : SetText(row, column), kNumbers);
         const bool isBad = column >= 0 && !isGood(column);
-        const QColor grey(kBadCellColour & 0xFF, kBadCellColour >> 8 & 0xFF, kBadCellColour >> 16 & 0xFF);
-        head->item(0, i)->setBackground(isBad ? QBrush(grey) : QBrush());
+        head->item(0, i)->setBackground(isBad ? QBrush(ColourOf(kBadCellColour)) : QBrush());
         head->item(0, i)->setForeground(isBad ? QBrush(Qt::black) : QBrush());
     }
 }

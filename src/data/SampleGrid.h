@@ -8,7 +8,7 @@
 namespace korvanel {
 
 /// Background of a cell whose value was not measured well: blue, green, red from the high to the low byte.
-inline constexpr quint32 kBadCellColour = 12632256;
+inline constexpr qint32 kBadCellColour = 12632256;
 
 class SampleGrid : public SetGrid
 {

@@ -1,5 +1,6 @@
 #include "data/SetList.h"
 
+#include "core/Colour.h"
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
@@ -173,8 +174,7 @@ void SetList::ShowCell(int row, int column, const SetJudge::Verdict& cell)
 {
     SetCell(Table(), row, column, cell.word,
             column < kFixedColumns ? Qt::AlignRight | Qt::AlignVCenter : Qt::Alignment(Qt::AlignCenter));
-    const QColor colour(cell.colour & 0xFF, cell.colour >> 8 & 0xFF, cell.colour >> 16 & 0xFF);
-    Table().item(row, column)->setForeground(cell.colour == 0 ? QBrush() : QBrush(colour));
+    Table().item(row, column)->setForeground(cell.colour == 0 ? QBrush() : QBrush(ColourOf(cell.colour)));
 }
 
 void SetList::FillRow(int row, const QString& number, const tValueRow& values)

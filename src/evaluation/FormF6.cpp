@@ -14,14 +14,13 @@
 #include "evaluation/OverviewSheet.h"
 #include "evaluation/Rating.h"
 #include "evaluation/ResultGrid.h"
+#include "evaluation/SetJudges.h"
 #include "evaluation/TimeWindow.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -36,25 +35,11 @@ constexpr int kCostOptions = 1;
 constexpr int kWindowOptions = 2;
 constexpr int kVoltagesOnly = 6; ///< net configuration without power
 
-/// The sets as the measured machine judges them.
-SetJudge JudgeOfMachine()
-{
-    SetJudge judge;
-    judge.colourOf = [](double value, int quantity) { return RateValue(value, quantity, RatingMode::MachineI, false); };
-    judge.verdictOn = [](const tValueRow& row) {
-        const int rating = RateRow(row, RatingMode::MachineI);
-        return SetJudge::Verdict{RatingWord(rating), RatingColour(rating)};
-    };
-    for (int rating = 0; rating < kRatingCount; ++rating)
-        judge.words << RatingWord(rating);
-    return judge;
-}
-
 } // namespace
 
 FormF6::FormF6(MainWindow& window, const PageEntry& entry, std::function<void()> exportRecording)
     : Page(window, entry), exportSets(std::move(exportRecording)), tabs(new QTabWidget),
-      list(new SetList(JudgeOfMachine()))
+      list(new SetList(JudgeBy(RatingMode::MachineI)))
 {
     Body().setSpacing(5);
     Body().addLayout(BuildHead());
@@ -140,7 +125,9 @@ QBoxLayout* FormF6::BuildButtons()
     auto* row = new QHBoxLayout;
     AddButton(*row, "cmdOptions_1", Texts().resultsOptions, [this] { ChangeOptions(kCostOptions); });
     AddButton(*row, "cmdOptions_2", Texts().resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
-    AddButton(*row, "cmdExcel", Texts().resultsExport, [this] { Export(); })->setEnabled(exportSets != nullptr);
+    AddButton(*row, "cmdExcel", Texts().resultsExport, [this] {
+        Locked(exportSets);
+    })->setEnabled(exportSets != nullptr);
     row->addStretch(1);
     correctedLabel = AddLabel(*row, "lblCorrected");
     row->addSpacing(14);
@@ -222,19 +209,6 @@ void FormF6::ChangeOptions(int index)
     const int result = index == kCostOptions ? FormH10(this).exec() : FormH9(this).exec();
     if (result == QDialog::Accepted)
         ShowResults(list->FirstShown());
-}
-
-void FormF6::Export()
-{
-    const QPointer<QWidget> focus = focusWidget();
-    setEnabled(false);
-    const auto atEnd = qScopeGuard([&] {
-        DropPendingInput();
-        setEnabled(true);
-        if (focus)
-            focus->setFocus();
-    });
-    exportSets();
 }
 
 void FormF6::FindSet()

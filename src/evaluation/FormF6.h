@@ -48,8 +48,6 @@ private:
     void ChoosePanel(std::size_t index, bool isShown);
     /// 1 asks for prices and cycles, 2 for the time window.
     void ChangeOptions(int index);
-    /// Runs the export with the page locked.
-    void Export();
     void FindSet();
 
     std::function<void()> exportSets;

@@ -1,5 +1,6 @@
 #include "evaluation/OverviewSheet.h"
 
+#include "core/Colour.h"
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
@@ -82,9 +83,8 @@ void OverviewSheet::AddMachine(QFormLayout& form)
         const int rating = static_cast<int>(i) + 1;
         classes.at(i) = AddValue(form, "", i == 0 ? Texts().resultsSuitability : QString());
         classes.at(i)->setObjectName(QStringLiteral("lblClass_%1").arg(rating));
-        const qint32 colour = RatingColour(rating);
         QPalette colours = classes.at(i)->palette();
-        colours.setColor(QPalette::WindowText, QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
+        colours.setColor(QPalette::WindowText, ColourOf(RatingColour(rating)));
         classes.at(i)->setPalette(colours);
     }
     form.addRow(QString(), suitability = new SuitabilityBar("picModel"));

@@ -1,5 +1,7 @@
 #include "evaluation/ResultGrid.h"
 
+#include "core/Colour.h"
+
 #include <QHeaderView>
 #include <QScopeGuard>
 
@@ -89,9 +91,8 @@ void ResultGrid::AddCells(int row, const ResultRow& result)
         int& width = textWidths[static_cast<std::size_t>(i)];
         width = std::max(width, QFontMetrics(item->font()).horizontalAdvance(item->text()));
     }
-    const qint32 colour = result.lastColour;
-    if (colour != 0)
-        item(row, columnCount() - 1)->setForeground(QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF));
+    if (result.lastColour != 0)
+        item(row, columnCount() - 1)->setForeground(ColourOf(result.lastColour));
 }
 
 void ResultGrid::FitColumns()

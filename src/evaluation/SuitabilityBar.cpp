@@ -1,6 +1,7 @@
 #include "evaluation/SuitabilityBar.h"
 
-#include "core/Evaluation.h"
+#include "core/Colour.h"
+#include "evaluation/Rating.h"
 
 #include <QPainter>
 
@@ -11,12 +12,6 @@ namespace {
 constexpr int kStripWidth = 220;
 constexpr int kStripHeight = 14;
 constexpr int kGap = 3;
-
-QColor ColourOf(int rating)
-{
-    const qint32 colour = kRatingColours.at(static_cast<std::size_t>(rating));
-    return {colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF};
-}
 
 } // namespace
 
@@ -51,7 +46,7 @@ void SuitabilityBar::paintEvent(QPaintEvent*)
     const std::vector<int> places = LabelPlaces(shares, widths, kStripWidth, 2 * kGap);
     for (std::size_t i = 0; i < shares.size(); ++i) {
         const SuitabilityShare& share = shares[i];
-        const QColor colour = ColourOf(share.rating);
+        const QColor colour = ColourOf(RatingColour(share.rating));
         painter.fillRect(QRectF(share.from * kStripWidth, 0, share.width * kStripWidth, kStripHeight), colour);
         painter.setPen(colour);
         painter.drawText(places[i], kStripHeight + kGap + metrics.ascent(), SuitabilityText(share.width));

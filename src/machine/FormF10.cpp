@@ -8,11 +8,9 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/Texts.h"
-#include "core/clsWaitCursor.h"
 #include "core/project/ProjectStore.h"
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
-#include "core/window/PendingInput.h"
 #include "data/ComputedQuantities.h"
 #include "instruments/DevManaging.h"
 #include "instruments/FormH7.h"
@@ -30,7 +28,6 @@
 #include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QTabBar>
@@ -313,22 +310,12 @@ void FormF10::Diagnose()
     NoLoadPanel& panel = ratingTab->Panel();
     panel.Commit();
     App().iCurrentPage = kPageMachine;
-    const QPointer<QWidget> focus = focusWidget();
-    clsWaitCursor cursor;
-    cursor.Show();
-    App().TheShell->SetBusyMenus(false);
-    setEnabled(false);
-    const auto atEnd = qScopeGuard([&] {
-        DropPendingInput();
-        setEnabled(true);
-        App().TheShell->SetBusyMenus(true);
-        panel.Refresh();
-        if (focus)
-            focus->setFocus();
-    });
-    repaint();
-    App().bDevConnected = false; // also where the port can't be opened
-    DevConnect();
+    LockedAndBusy(
+        [] {
+            App().bDevConnected = false; // also where the port can't be opened
+            DevConnect();
+        },
+        [&panel] { panel.Refresh(); });
 }
 
 // The no-load test.

@@ -1,5 +1,6 @@
 // The promise of a recording: a row that was reported stored is there after the program has been killed.
 #include "support/ProjectFixture.h"
+#include "support/TestPaths.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

@@ -19,9 +19,7 @@ protected:
     void Prepare(int netConf = 0)
     {
         AssignPort(simulator.Link());
-        StartProgram();
-        NewProject(netConf);
-        OpenConfiguration(kEntry);
+        StartWithInstrument(netConf, kEntry);
     }
     /// Processor time of the program in seconds.
     double ProcessorTime()
@@ -173,9 +171,7 @@ TEST_F(LineFaultTest, LineClosedInMidRun_IsToldKeepsTheRowsAndTheNextRunWorks)
 TEST_F(LineFaultTest, PortThatIsMissing_IsToldAtConnectAndRun)
 {
     AssignPort("/dev/korvanel-nowhere");
-    StartProgram();
-    NewProject(0);
-    OpenConfiguration(kEntry);
+    StartWithInstrument(0, kEntry);
     EXPECT_EQ(program.Text("lblPort"), "/dev/korvanel-nowhere");
     program.Trigger("cmdDiag");
     EXPECT_EQ(program.AnswerBox("OK"), "COM1: Der Anschluss /dev/korvanel-nowhere ist nicht vorhanden.");

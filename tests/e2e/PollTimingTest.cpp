@@ -17,9 +17,7 @@ TEST_F(PollTimingTest, AMinuteAtOneSecond_HoldsToTheGrid)
     constexpr int kFirstCode = 16; // of the queries of a sample
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
-    StartProgram();
-    NewProject(0);
-    OpenConfiguration("ISKRA MI71XX 1Ø2W (1b)");
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
     Diagnose();
     OpenRun();
     program.Trigger("cmdSTART");

@@ -67,6 +67,13 @@ protected:
         program.WaitForControl("FormF3");
         program.Choose("cboSelect", entry);
     }
+    /// The program with a new project, on the page where its instrument has been chosen.
+    void StartWithInstrument(int netConf, const QString& entry)
+    {
+        StartProgram();
+        NewProject(netConf);
+        OpenConfiguration(entry);
+    }
     int Lamp(const QString& name) { return program.Read(name)["colour"].toInt(); }
     /// Waits until the lamp has the colour.
     bool WaitForLamp(const QString& name, int colour, int patience = 20000)

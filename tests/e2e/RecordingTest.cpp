@@ -138,9 +138,7 @@ TEST_P(EntryRecordingTest, StoredRowsAreWhatWasSent)
     const Entry entry = Entries()[GetParam()];
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
-    StartProgram();
-    NewProject(entry.netConf);
-    OpenConfiguration(entry.name);
+    StartWithInstrument(entry.netConf, entry.name);
     Diagnose();
     EXPECT_EQ(program.Text("cboInterval"), QString::number(entry.interval));
     OpenRun();
@@ -179,9 +177,7 @@ TEST_F(RecordingTest, PageOfTheRunShowsWhatIsStored)
 {
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
-    StartProgram();
-    NewProject(0);
-    OpenConfiguration("ISKRA MI71XX 1Ø2W (1b)");
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
     Diagnose();
     OpenRun();
     EXPECT_EQ(program.Text("lblDevice"), "MI7150 4711");
@@ -223,9 +219,7 @@ TEST_F(RecordingTest, DroppedRowsAreGoneAfterTheQuestion)
 {
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
-    StartProgram();
-    NewProject(0);
-    OpenConfiguration("ISKRA MI71XX 1Ø2W (1b)");
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
     OpenRun();
     program.Trigger("cmdSTART"); // without a self-diagnosis before
     ASSERT_TRUE(WaitForSamples(2));
@@ -250,9 +244,7 @@ TEST_F(RecordingTest, ClosingTheWindowInMidRunKeepsTheRows)
 {
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
-    StartProgram();
-    NewProject(0);
-    OpenConfiguration("ISKRA MI71XX 1Ø2W (1b)");
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
     OpenRun();
     program.Trigger("cmdSTART");
     ASSERT_TRUE(WaitForSamples(3));

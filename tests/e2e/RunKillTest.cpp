@@ -16,9 +16,7 @@ TEST_F(RunKillTest, KilledFiftyTimesDuringARun_LosesNoStoredRow)
     constexpr int kKills = 50;
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
-    StartProgram();
-    NewProject(0);
-    OpenConfiguration("ISKRA MI71XX 1Ø2W (1b)");
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
     program.Trigger("mnuSave");
     program.Trigger("mnuClose");
     program.WaitUntilGone("FormF3");

@@ -6,6 +6,7 @@
 #include "evaluation/ExpectedEvaluation.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/Machines.h"
+#include "support/TestPaths.h"
 
 #include <QFile>
 

@@ -4,6 +4,7 @@
 #include "data/FileManaging.h"
 #include "evaluation/EvaluationFixture.h"
 #include "evaluation/ExpectedEvaluation.h"
+#include "support/TestPaths.h"
 
 #include <QProcess>
 

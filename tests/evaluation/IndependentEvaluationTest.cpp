@@ -10,6 +10,7 @@
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/ProjectFixture.h"
 #include "support/StoredRows.h"
+#include "support/TestPaths.h"
 
 #include <cstdlib>
 #include <fstream>

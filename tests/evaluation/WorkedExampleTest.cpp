@@ -3,6 +3,7 @@
 #include "evaluation/Algorithms.h"
 #include "evaluation/WinManaging2.h"
 #include "support/ProjectFixture.h"
+#include "support/TestPaths.h"
 
 #include <QSettings>
 

@@ -1,5 +1,6 @@
 #include "instruments/FormH5.h"
 
+#include "support/Dialogs.h"
 #include "support/IskraAtAddress.h"
 #include "support/Keys.h"
 #include "support/ScriptedPort.h"
@@ -39,10 +40,7 @@ protected:
     template <typename Control>
     Control& Find(const char* name) const
     {
-        auto* control = dialog->findChild<Control*>(QLatin1String(name));
-        if (!control)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *control;
+        return ControlOf<Control>(*dialog, name);
     }
     void TypeInto(const char* name, const QString& text) const { Find<QLineEdit>(name).setText(text); }
     void Press(const char* name) const { Find<QPushButton>(name).click(); }

@@ -2,6 +2,7 @@
 #include "machine/FormH11.h"
 
 #include "core/clsProgSettings.h"
+#include "support/Dialogs.h"
 #include "support/MotorDbFixture.h"
 
 #include <QComboBox>
@@ -37,10 +38,7 @@ protected:
     template <typename Control>
     Control& Find(const char* name) const
     {
-        auto* control = dialog->findChild<Control*>(QLatin1String(name));
-        if (!control)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *control;
+        return ControlOf<Control>(*dialog, name);
     }
     QListWidget& Files() const { return Find<QListWidget>("fileDB"); }
     QListWidget& Folders() const { return Find<QListWidget>("dirDB"); }

@@ -1,6 +1,7 @@
 // The search dialog: its texts, its messages and the condition that it gives.
 #include "machine/FormH6.h"
 
+#include "support/Dialogs.h"
 #include "support/MotorDbFixture.h"
 
 #include <QLabel>
@@ -22,10 +23,7 @@ protected:
     template <typename Control>
     Control& Find(const char* name) const
     {
-        auto* control = dialog->findChild<Control*>(QLatin1String(name));
-        if (!control)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *control;
+        return ControlOf<Control>(*dialog, name);
     }
     void Enter(const QString& polePairs, const QString& power, const QString& voltage) const
     {

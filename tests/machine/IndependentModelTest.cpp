@@ -4,6 +4,7 @@
 #include "core/Common.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/Fixture.h"
+#include "support/TestPaths.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,6 +3,7 @@
 #include "machine/MotorColumns.h"
 #include "machine/MotorDatabase.h"
 #include "support/MotorDbFixture.h"
+#include "support/TestPaths.h"
 
 #include <cmath>
 #include <map>

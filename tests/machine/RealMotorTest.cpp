@@ -3,6 +3,7 @@
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/Fixture.h"
 #include "support/Machines.h"
+#include "support/TestPaths.h"
 
 #include <cmath>
 #include <numbers>

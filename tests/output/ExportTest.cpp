@@ -8,6 +8,7 @@
 #include "evaluation/Algorithms.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WinManaging2.h"
+#include "support/TestPaths.h"
 
 #include <limits>
 

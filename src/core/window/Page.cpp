@@ -2,14 +2,19 @@
 
 #include "core/Common.h"
 #include "core/Messages.h"
+#include "core/Shell.h"
 #include "core/Texts.h"
+#include "core/clsWaitCursor.h"
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
+#include "core/window/PendingInput.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -73,6 +78,37 @@ void Page::Guarded(const std::function<void()>& routine)
 {
     if (!QApplication::activeModalWidget()) // what is asked has to be answered first
         RunGuarded(objectName(), routine);
+}
+
+void Page::Locked(const std::function<void()>& routine, const std::function<void()>& atEnd)
+{
+    const QPointer<QWidget> focus = focusWidget();
+    setEnabled(false);
+    const auto unlocked = qScopeGuard([&] {
+        DropPendingInput();
+        setEnabled(true);
+        if (atEnd)
+            atEnd();
+        if (focus)
+            focus->setFocus();
+    });
+    routine();
+}
+
+void Page::LockedAndBusy(const std::function<void()>& routine, const std::function<void()>& atEnd)
+{
+    clsWaitCursor cursor;
+    cursor.Show();
+    App().TheShell->SetBusyMenus(false);
+    Locked(
+        [&] {
+            repaint();
+            routine();
+        },
+        [&] {
+            App().TheShell->SetBusyMenus(true);
+            atEnd();
+        });
 }
 
 } // namespace korvanel

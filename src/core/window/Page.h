@@ -47,6 +47,11 @@ protected:
     MainWindow& Window() { return frameWindow; }
     /// Runs what a control of the page does: not while a modal window is on show, and with its failure reported.
     void Guarded(const std::function<void()>& routine);
+    /// Runs a routine with the page locked: what is pressed meanwhile is dropped. Then, however the routine ends,
+    /// `atEnd` shows what has come of it, and the focus is where it was.
+    void Locked(const std::function<void()>& routine, const std::function<void()>& atEnd = {});
+    /// The same for work that holds the program up: with the wait cursor, and with the menus locked too.
+    void LockedAndBusy(const std::function<void()>& routine, const std::function<void()>& atEnd);
     /// Whether the page may be left forward; a page that checks its input overrides it.
     virtual bool MayGoForward() { return true; }
 

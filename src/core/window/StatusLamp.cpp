@@ -1,5 +1,7 @@
 #include "core/window/StatusLamp.h"
 
+#include "core/Colour.h"
+
 #include <QPainter>
 
 namespace korvanel {
@@ -7,11 +9,6 @@ namespace korvanel {
 namespace {
 
 constexpr int kLampSize = 18;
-
-QColor ColourOf(int number)
-{
-    return {number & 0xFF, number >> 8 & 0xFF, number >> 16 & 0xFF};
-}
 
 int ColourNumber(const QColor& colour)
 {
