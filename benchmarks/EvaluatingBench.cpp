@@ -3,8 +3,8 @@
 
 #include "core/Common.h"
 #include "core/clsProgSettings.h"
-#include "core/project/ProjectStore.h"
 #include "evaluation/Algorithms.h"
+#include "project/ProjectStore.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,8 +2,8 @@
 #include "Recording.h"
 
 #include "core/Common.h"
-#include "core/project/ProjectStore.h"
 #include "output/Export.h"
+#include "project/ProjectStore.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 #include "Recording.h"
 
 #include "core/Common.h"
-#include "core/project/ProjectStore.h"
+#include "project/ProjectStore.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>

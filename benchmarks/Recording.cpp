@@ -5,10 +5,10 @@
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
-#include "core/project/ProjectStore.h"
+#include "core/clsSymbols.h"
 #include "data/RowWriter.h"
-#include "diagrams/clsSymbols.h"
 #include "machine/Algorithms_ASM_Start.h"
+#include "project/ProjectStore.h"
 #include "support/Machines.h"
 #include "support/RecordingShell.h"
 

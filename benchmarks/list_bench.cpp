@@ -3,9 +3,9 @@
 #include "Recording.h"
 
 #include "core/Common.h"
-#include "core/project/ProjectStore.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsSymbols.h"
 #include "evaluation/SetJudges.h"
+#include "project/ProjectStore.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

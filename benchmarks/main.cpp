@@ -5,12 +5,12 @@
 #include "core/Common.h"
 #include "core/ProjectDb.h"
 #include "core/clsProgSettings.h"
-#include "core/project/ProjectStore.h"
 #include "data/ComputedQuantities.h"
 #include "data/SetCursor.h"
 #include "evaluation/Algorithms.h"
 #include "evaluation/EvaluationPass.h"
 #include "output/Export.h"
+#include "project/ProjectStore.h"
 
 #include <benchmark/benchmark.h>
 

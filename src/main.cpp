@@ -11,10 +11,10 @@
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
 #include "core/Texts.h"
+#include "core/clsGraphColours.h"
 #include "core/clsProgSettings.h"
-#include "core/project/FormF1.h"
-#include "core/project/ProjectCommands.h"
-#include "core/project/ProjectStore.h"
+#include "core/clsSymbols.h"
+#include "core/texts/Default.h"
 #include "core/window/FormH2.h"
 #include "core/window/FormLater.h"
 #include "core/window/Help.h"
@@ -22,18 +22,19 @@
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
 #include "core/window/StartScreen.h"
-#include "diagrams/clsGraphColours.h"
-#include "diagrams/clsSymbols.h"
 #include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
 #include "instruments/FormH5.h"
 #include "instruments/PortNames.h"
 #include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
-#include "machine/FormF10.h"
-#include "machine/FormH11.h"
-#include "machine/MotorDatabase.h"
+#include "motors/FormF10.h"
+#include "motors/FormH11.h"
+#include "motors/MotorDatabase.h"
 #include "output/Export.h"
+#include "project/FormF1.h"
+#include "project/ProjectCommands.h"
+#include "project/ProjectStore.h"
 
 #include <QApplication>
 #include <QDir>
@@ -112,7 +113,7 @@ void ConnectMenu(MainWindow& window)
         if (FormH11::ChangeDatabase(&window))
             window.RefreshPage();
     });
-    menu.OnTriggered(QStringLiteral("mnuConvert"), [] { ShowInformation(Texts().laterVersion); });
+    menu.OnTriggered(QStringLiteral("mnuConvert"), [] { ShowInformation(texts::laterVersion); });
     menu.OnRecentFile(OpenRecentProject);
 }
 
@@ -164,7 +165,7 @@ int main(int argc, char* argv[])
     App().ProgSettings = &settings;
     App().sMotorDbPath = settings.MotorDatabase();
     if (damagedStore)
-        ShowError(FillPlaceholders(Texts().settingsDamaged, {*damagedStore}));
+        ShowError(FillPlaceholders(texts::settingsDamaged, {*damagedStore}));
 
     const QString projects = App().sProjectLabel; // a missing logo changes the label
     const QPixmap logo = LoadLogo();

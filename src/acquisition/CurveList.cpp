@@ -3,9 +3,9 @@
 #include "core/Colour.h"
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
-#include "diagrams/clsGraphColours.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsGraphColours.h"
+#include "core/clsSymbols.h"
+#include "core/texts/FormF4.h"
 
 #include <QSignalBlocker>
 
@@ -26,7 +26,7 @@ QIcon ColourIcon(int quantity)
 CurveList::CurveList()
 {
     setObjectName(QStringLiteral("picColour"));
-    setToolTip(Texts().curveHint);
+    setToolTip(texts::curveHint);
     connect(this, &QListWidget::itemChanged, this, [](const QListWidgetItem* item) { Switch(*item); });
 }
 

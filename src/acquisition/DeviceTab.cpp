@@ -3,7 +3,8 @@
 #include "acquisition/MeasurementConfiguration.h"
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/FormF3.h"
+#include "core/texts/FormH7.h"
 #include "core/window/EntryBox.h"
 #include "core/window/Page.h"
 #include "instruments/AddressSearch.h"
@@ -35,7 +36,7 @@ DeviceTab::DeviceTab()
 
 QWidget* DeviceTab::BuildChoice()
 {
-    auto* content = new QGroupBox(Texts().tabDevice);
+    auto* content = new QGroupBox(texts::tabDevice);
     auto* form = new QFormLayout(content);
     deviceBox = new QComboBox;
     deviceBox->setObjectName(QStringLiteral("cboSelect"));
@@ -43,21 +44,21 @@ QWidget* DeviceTab::BuildChoice()
         TakeInstrument();
         emit InstrumentChanged();
     });
-    form->addRow(Texts().labelDevice, deviceBox);
+    form->addRow(texts::labelDevice, deviceBox);
     portBox = new PortBox;
     connect(portBox, &PortBox::Entered, this, [this](const QString& text) {
         EnterPort(text);
         portBox->ShowPort(App().lComPort);
     });
-    auto* caption = new QLabel(Texts().labelPort);
+    auto* caption = new QLabel(texts::labelPort);
     caption->setBuddy(portBox->Box());
     form->addRow(caption, portBox);
-    form->addRow(Texts().labelInterval, BuildInterval());
+    form->addRow(texts::labelInterval, BuildInterval());
     qobject_cast<QLabel*>(form->labelForField(intervalBox->parentWidget()))->setBuddy(intervalBox);
     beatBox = new QCheckBox;
     beatBox->setObjectName(QStringLiteral("chkTakt"));
     connect(beatBox, &QCheckBox::toggled, this, EnterBeat);
-    form->addRow(Texts().labelBeat, beatBox);
+    form->addRow(texts::labelBeat, beatBox);
     return content;
 }
 
@@ -69,13 +70,13 @@ QWidget* DeviceTab::BuildInterval()
     auto* row = new QHBoxLayout(content);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(intervalBox);
-    row->addWidget(new QLabel(Texts().unitSeconds), 1);
+    row->addWidget(new QLabel(texts::unitSeconds), 1);
     return content;
 }
 
 QWidget* DeviceTab::BuildStatus()
 {
-    auto* content = new QGroupBox(Texts().groupStatus);
+    auto* content = new QGroupBox(texts::groupStatus);
     auto* column = new QVBoxLayout(content);
     lamps = new StatusLamps;
     column->addWidget(lamps);
@@ -88,7 +89,7 @@ QWidget* DeviceTab::BuildStatus()
     addressLabel->setObjectName(QStringLiteral("lblModbus"));
     column->addWidget(addressLabel);
     column->addStretch(1);
-    auto* diagnosis = new QPushButton(Texts().buttonDiagnosis);
+    auto* diagnosis = new QPushButton(texts::buttonDiagnosis);
     diagnosis->setObjectName(QStringLiteral("cmdDiag"));
     connect(diagnosis, &QPushButton::clicked, this, &DeviceTab::DiagnosisWanted);
     column->addWidget(diagnosis, 0, Qt::AlignLeft);
@@ -97,7 +98,7 @@ QWidget* DeviceTab::BuildStatus()
 
 QWidget* DeviceTab::BuildWiring()
 {
-    auto* content = new QGroupBox(Texts().wiringTitle);
+    auto* content = new QGroupBox(texts::wiringTitle);
     auto* column = new QVBoxLayout(content);
     wiring = new WiringView;
     column->addWidget(wiring);
@@ -122,7 +123,7 @@ void DeviceTab::ShowInstrument()
     intervalBox->ShowText(NumberText(App().dInterval));
     identityLabel->setText(App().sDeviceId);
     identityLabel->setToolTip(PlainToolTip(App().sDeviceId));
-    addressLabel->setText(FillPlaceholders(Texts().modbusAddress, {QString::number(App().lModbusAddress)}));
+    addressLabel->setText(FillPlaceholders(texts::modbusAddress, {QString::number(App().lModbusAddress)}));
     addressLabel->setVisible(App().sDevice.startsWith(QLatin1String(kFamilyWithAddress)));
     wiring->Refresh();
 }

@@ -5,7 +5,7 @@
 #include "acquisition/ScheduleTab.h"
 #include "acquisition/TransformerTab.h"
 #include "core/Common.h"
-#include "core/Texts.h"
+#include "core/texts/FormF3.h"
 #include "core/window/PageTable.h"
 #include "instruments/DevManaging.h"
 
@@ -19,9 +19,9 @@ FormF3::FormF3(MainWindow& window, const PageEntry& entry)
       scheduleTab(new ScheduleTab)
 {
     tabs->setObjectName(QStringLiteral("tabPage"));
-    AddTab("A", deviceTab, Texts().tabDevice);
-    AddTab("B", transformerTab, Texts().tabTransformers);
-    AddTab("C", scheduleTab, Texts().tabSchedule);
+    AddTab("A", deviceTab, texts::tabDevice);
+    AddTab("B", transformerTab, texts::tabTransformers);
+    AddTab("C", scheduleTab, texts::tabSchedule);
     Body().addWidget(tabs, 1);
     ConnectTabs();
 }

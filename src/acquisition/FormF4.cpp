@@ -10,13 +10,14 @@
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Shell.h"
-#include "core/Texts.h"
+#include "core/clsSymbols.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF4.h"
 #include "core/window/MainWindow.h"
 #include "core/window/StatusLamp.h"
 #include "data/RowQuantities.h"
 #include "data/SampleGrid.h"
 #include "data/ValueTables.h"
-#include "diagrams/clsSymbols.h"
 #include "instruments/Catalogue.h"
 #include "instruments/FormH7.h"
 #include "machine/Algorithms_ASM_Start.h"
@@ -102,20 +103,20 @@ QBoxLayout* FormF4::BuildInstrumentRow()
 {
     auto* row = new QHBoxLayout;
     row->addWidget(lamp);
-    deviceLabel = AddValue(*row, "lblDevice", Texts().deviceShown);
-    ratioLabels[0] = AddValue(*row, "lblDevTrans_0", Texts().voltageTransformer);
-    ratioLabels[1] = AddValue(*row, "lblDevTrans_1", Texts().currentTransformer);
+    deviceLabel = AddValue(*row, "lblDevice", texts::deviceShown);
+    ratioLabels[0] = AddValue(*row, "lblDevTrans_0", texts::voltageTransformer);
+    ratioLabels[1] = AddValue(*row, "lblDevTrans_1", texts::currentTransformer);
     row->addStretch(1);
     timerPicture = new QLabel(QStringLiteral("\u23F0"));
     timerPicture->setObjectName(QStringLiteral("picTimer"));
-    timerPicture->setToolTip(Texts().timedSeries);
-    timerPicture->setAccessibleName(Texts().timedSeries);
+    timerPicture->setToolTip(texts::timedSeries);
+    timerPicture->setAccessibleName(texts::timedSeries);
     timerPicture->setVisible(false);
     row->addWidget(timerPicture);
     countdownLabel = new QLabel;
     countdownLabel->setObjectName(QStringLiteral("lblCountdown"));
     row->addWidget(countdownLabel);
-    auto* info = new QPushButton(Texts().showWiring);
+    auto* info = new QPushButton(texts::showWiring);
     info->setObjectName(QStringLiteral("cmdInfo"));
     connect(info, &QPushButton::clicked, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
     row->addWidget(info);
@@ -125,9 +126,9 @@ QBoxLayout* FormF4::BuildInstrumentRow()
 QBoxLayout* FormF4::BuildCountRow()
 {
     auto* row = new QHBoxLayout;
-    counts[kBeginCount] = AddValue(*row, "lblCount_1", Texts().measurementBegin);
-    counts[kElapsedCount] = AddValue(*row, "lblCount_2", Texts().measurementTerm);
-    counts[kSampleCount] = AddValue(*row, "lblCount_3", Texts().sampleNumber);
+    counts[kBeginCount] = AddValue(*row, "lblCount_1", texts::measurementBegin);
+    counts[kElapsedCount] = AddValue(*row, "lblCount_2", texts::measurementTerm);
+    counts[kSampleCount] = AddValue(*row, "lblCount_3", texts::sampleNumber);
     // What changes every second keeps its place.
     counts[kBeginCount]->setMinimumWidth(fontMetrics().horizontalAdvance(DateTimeText(PresentMoment())) + 20);
     counts[kElapsedCount]->setMinimumWidth(fontMetrics().horizontalAdvance(SecondsToTime(888888, false)) + 10);
@@ -149,12 +150,12 @@ QBoxLayout* FormF4::BuildGraphRow()
     side->setObjectName(QStringLiteral("tabOnline"));
     side->setFixedWidth(kSideWidth);
     side->setDocumentMode(true);
-    side->addTab(curveList, Texts().curves);
+    side->addTab(curveList, texts::curves);
     if (!ExtraQuantities(App().iNetConfIndex).empty()) {
         BuildExtraTable();
-        side->addTab(extraTable, Texts().moreValues);
+        side->addTab(extraTable, texts::moreValues);
     }
-    side->addTab(scheduleGrid, Texts().plannedRecordings);
+    side->addTab(scheduleGrid, texts::plannedRecordings);
     row->addWidget(side);
     return row;
 }
@@ -185,12 +186,12 @@ QBoxLayout* FormF4::BuildButtonRow()
     startButton->setMinimumWidth(150);
     connect(startButton, &QPushButton::clicked, this, [this] { Guarded([this] { PressStart(); }); });
     row->addWidget(startButton);
-    dropButton = new QPushButton(Texts().dropValues);
+    dropButton = new QPushButton(texts::dropValues);
     dropButton->setObjectName(QStringLiteral("cmdDrop"));
     connect(dropButton, &QPushButton::clicked, this, [this] { Guarded([this] { run.Drop(); }); });
     row->addWidget(dropButton);
     row->addStretch(1);
-    engineExtra = new QLabel(Texts().calculationMethod);
+    engineExtra = new QLabel(texts::calculationMethod);
     engineExtra->setObjectName(QStringLiteral("lblEngineExtra"));
     engineExtra->setVisible(false);
     row->addWidget(engineExtra);
@@ -199,7 +200,7 @@ QBoxLayout* FormF4::BuildButtonRow()
     row->addWidget(methodLabel);
     engineBox = new QComboBox;
     engineBox->setObjectName(QStringLiteral("cboEngine"));
-    const std::array methods{Texts().methodSpaceVector, Texts().methodPowerBalance};
+    const std::array methods{texts::methodSpaceVector, texts::methodPowerBalance};
     for (int method = 0; method < static_cast<int>(methods.size()); ++method)
         if (IsMethodUsable(method))
             engineBox->addItem(methods[static_cast<std::size_t>(method)], method);
@@ -305,7 +306,7 @@ void FormF4::LockPage(bool isLocked)
 
 void FormF4::ShowRunning(bool isRunning)
 {
-    startButton->setText((isRunning ? Texts().stopWord : Texts().startWord) + u' ' + Texts().measurementWord);
+    startButton->setText((isRunning ? texts::stopWord : texts::startWord) + u' ' + texts::measurementWord);
 }
 
 void FormF4::ResetStartColour()
@@ -360,7 +361,7 @@ void FormF4::ShowElapsed(const QString& elapsed)
 
 void FormF4::ShowLamp(int colour)
 {
-    lamp->Show(colour, colour == kLampGood ? Texts().sampleGood : Texts().sampleBad);
+    lamp->Show(colour, colour == kLampGood ? texts::sampleGood : texts::sampleBad);
 }
 
 void FormF4::ShowInstrument()
@@ -371,7 +372,7 @@ void FormF4::ShowInstrument()
         ratioLabels[i]->setText(app.bDevConnected && app.bHasDevTrans
                                     ? NumberText(app.dDevTransPrimary[i]) + QStringLiteral(" / ") +
                                           NumberText(app.dDevTransSecondary[i])
-                                    : Texts().noRatio);
+                                    : texts::noRatio);
 }
 
 void FormF4::ShowDropped()

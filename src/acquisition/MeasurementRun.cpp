@@ -10,13 +10,14 @@
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
 #include "core/Shell.h"
-#include "core/Texts.h"
-#include "core/project/ProjectStore.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF4.h"
 #include "data/ComputedQuantities.h"
 #include "data/FileManaging.h"
 #include "data/ValueTables.h"
 #include "instruments/DevManaging.h"
 #include "instruments/SerialPort.h"
+#include "project/ProjectStore.h"
 
 #include <QScopedValueRollback>
 
@@ -49,7 +50,7 @@ void MeasurementRun::StartOrStop()
     if (!CheckIntervalForRun() || !plan.SelectNextEntry())
         return;
     if (StartsInPast()) {
-        ShowError(Texts().startInPast);
+        ShowError(texts::startInPast);
         return;
     }
     if (RefreshSetCount() && !Drop())
@@ -207,7 +208,7 @@ void MeasurementRun::RejectSample()
     --app.MeasuredRow.lSet;
     // Nothing counts the grace down: an instrument that has gone silent for a while must not end a long recording.
     if (app.iGraceLeft <= 0) {
-        ShowError(FillPlaceholders(Texts().runAborted, {QString::number(kGrace)}));
+        ShowError(FillPlaceholders(texts::runAborted, {QString::number(kGrace)}));
         End();
     }
 }
@@ -275,7 +276,7 @@ void MeasurementRun::End()
 bool MeasurementRun::Drop()
 {
     const Answer answer = App().TheShell->ShowBox(
-        {Texts().titleAttention, Texts().reallyDrop, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
+        {texts::titleAttention, texts::reallyDrop, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
     return answer == Answer::Yes && ClearRows();
 }
 
@@ -285,7 +286,7 @@ bool MeasurementRun::ClearRows()
         const ProjectDbScope scope;
         ClearValues();
     } catch (const DbError& error) {
-        ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;
     }
     RefreshSetCount();

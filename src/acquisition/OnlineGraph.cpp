@@ -2,8 +2,8 @@
 
 #include "core/Colour.h"
 #include "core/Common.h"
+#include "core/clsGraphColours.h"
 #include "data/RowQuantities.h"
-#include "diagrams/clsGraphColours.h"
 
 #include <QPaintEvent>
 #include <QPainter>

@@ -4,6 +4,7 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/texts/FormF3.h"
 
 #include <QHeaderView>
 #include <QSignalBlocker>
@@ -19,7 +20,7 @@ namespace {
 struct Column
 {
     int width; ///< pixels, at least
-    TextMember heading;
+    TextRef heading;
     Qt::Alignment alignment;
     QString (*text)(const ScheduleEntry& entry, int index);
 };
@@ -31,28 +32,28 @@ QString NumberOf(const ScheduleEntry&, int index)
 
 QString StartText(const ScheduleEntry& entry, int)
 {
-    return entry.HasStartTime() ? DateTimeText(entry.startTime) : Texts().scheduleManual;
+    return entry.HasStartTime() ? DateTimeText(entry.startTime) : texts::scheduleManual;
 }
 
 QString StopText(const ScheduleEntry& entry, int)
 {
     if (entry.HasStopTime())
         return DateTimeText(entry.stopTime);
-    return entry.stopMode == StopMode::Manual ? Texts().scheduleManual : Texts().scheduleNone;
+    return entry.stopMode == StopMode::Manual ? texts::scheduleManual : texts::scheduleNone;
 }
 
 QString DurationText(const ScheduleEntry& entry, int)
 {
     if (entry.HasStartTime() && entry.stopMode == StopMode::Timed)
         return SecondsToTime(static_cast<double>(entry.startTime.secsTo(entry.stopTime)), false);
-    return entry.stopMode == StopMode::Duration ? SecondsToTime(entry.term, false) : Texts().scheduleNone;
+    return entry.stopMode == StopMode::Duration ? SecondsToTime(entry.term, false) : texts::scheduleNone;
 }
 
 constexpr std::array<Column, 4> kColumns{{
-    {27, &TextTable::scheduleNumber, Qt::AlignRight | Qt::AlignVCenter, NumberOf},
-    {120, &TextTable::scheduleStartTime, Qt::AlignLeft | Qt::AlignVCenter, StartText},
-    {120, &TextTable::scheduleEndTime, Qt::AlignLeft | Qt::AlignVCenter, StopText},
-    {67, &TextTable::scheduleDuration, Qt::AlignRight | Qt::AlignVCenter, DurationText},
+    {27, &texts::scheduleNumber, Qt::AlignRight | Qt::AlignVCenter, NumberOf},
+    {120, &texts::scheduleStartTime, Qt::AlignLeft | Qt::AlignVCenter, StartText},
+    {120, &texts::scheduleEndTime, Qt::AlignLeft | Qt::AlignVCenter, StopText},
+    {67, &texts::scheduleDuration, Qt::AlignRight | Qt::AlignVCenter, DurationText},
 }};
 constexpr int kColumnCount = static_cast<int>(kColumns.size());
 

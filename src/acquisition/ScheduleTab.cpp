@@ -6,6 +6,7 @@
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
 #include "core/Texts.h"
+#include "core/texts/FormF3.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -41,13 +42,13 @@ constexpr int kIndent = 22;
 struct PeriodPart
 {
     int most;
-    TextMember unit;
+    TextRef unit;
 };
 
 constexpr std::array<PeriodPart, 3> kPeriodParts{{
-    {kMostHours, &TextTable::scheduleHours},
-    {kMostMinutes, &TextTable::scheduleMinutes},
-    {kMostSeconds, &TextTable::scheduleSeconds},
+    {kMostHours, &texts::scheduleHours},
+    {kMostMinutes, &texts::scheduleMinutes},
+    {kMostSeconds, &texts::scheduleSeconds},
 }};
 
 const PeriodPart& PartOf(int index)
@@ -94,8 +95,8 @@ ScheduleTab::ScheduleTab(QWidget* parent) : QWidget(parent), grid(new ScheduleGr
 
 QFrame* ScheduleTab::BuildEntry()
 {
-    modes[kStart] = BuildMode(kStart, {Texts().scheduleManual, Texts().scheduleMoment});
-    modes[kStop] = BuildMode(kStop, {Texts().scheduleManual, Texts().scheduleMoment, Texts().scheduleDuration});
+    modes[kStart] = BuildMode(kStart, {texts::scheduleManual, texts::scheduleMoment});
+    modes[kStop] = BuildMode(kStop, {texts::scheduleManual, texts::scheduleMoment, texts::scheduleDuration});
     auto* frame = new QFrame;
     frame->setFrameShape(QFrame::StyledPanel);
     auto* table = new QGridLayout(frame);
@@ -105,10 +106,10 @@ QFrame* ScheduleTab::BuildEntry()
         table->addWidget(mode, row, 1);
         table->addLayout(boxes, row, 2);
     };
-    addRow(0, new QLabel(Texts().scheduleStart), modes[kStart], BuildMoment(kStart, Texts().scheduleStartTime));
-    addRow(1, new QLabel(Texts().scheduleEnd), modes[kStop], BuildMoment(kStop, Texts().scheduleEndTime));
-    periodCaptions[0] = new QLabel(Texts().scheduleTerm);
-    periodRows[0] = BuildPeriod(kTerm, Texts().scheduleTerm);
+    addRow(0, new QLabel(texts::scheduleStart), modes[kStart], BuildMoment(kStart, texts::scheduleStartTime));
+    addRow(1, new QLabel(texts::scheduleEnd), modes[kStop], BuildMoment(kStop, texts::scheduleEndTime));
+    periodCaptions[0] = new QLabel(texts::scheduleTerm);
+    periodRows[0] = BuildPeriod(kTerm, texts::scheduleTerm);
     table->addWidget(periodCaptions[0], 2, 0);
     table->addWidget(periodRows[0], 2, 1, 1, 2);
     table->setColumnStretch(2, 1);
@@ -120,23 +121,23 @@ QFrame* ScheduleTab::BuildCycles()
     auto* frame = new QFrame;
     frame->setFrameShape(QFrame::StyledPanel);
     auto* column = new QVBoxLayout(frame);
-    repeats = new QCheckBox(Texts().scheduleCyclic);
+    repeats = new QCheckBox(texts::scheduleCyclic);
     repeats->setObjectName(QStringLiteral("chkCycle"));
     connect(repeats, &QCheckBox::toggled, this, [this] { TakeEdit(EditedField::Mode); });
-    rules = {new QRadioButton(Texts().scheduleUntil), new QRadioButton(Texts().scheduleCycles)};
+    rules = {new QRadioButton(texts::scheduleUntil), new QRadioButton(texts::scheduleCycles)};
     for (int i = 0; i < 2; ++i) {
         QRadioButton* rule = rules[static_cast<std::size_t>(i)];
         rule->setObjectName(ElementName("optCylce", i));
         connect(rule, &QRadioButton::toggled, this, [this] { TakeEdit(EditedField::Mode); });
     }
     cycles = NumberBox(QStringLiteral("txtCycle"), QString::number(kMostCycles).size());
-    cycles->setAccessibleName(Texts().scheduleCycles);
+    cycles->setAccessibleName(texts::scheduleCycles);
     connect(cycles, &QLineEdit::editingFinished, this,
             [this] { cycles->setText(QString::number(CyclesOf(cycles->text()))); });
 
-    periodCaptions[1] = new QLabel(Texts().scheduleCyclePeriod);
-    periodRows[1] = BuildPeriod(kCyclePeriod, Texts().scheduleCyclePeriod);
-    QHBoxLayout* until = BuildMoment(kUntil, Texts().scheduleUntil);
+    periodCaptions[1] = new QLabel(texts::scheduleCyclePeriod);
+    periodRows[1] = BuildPeriod(kCyclePeriod, texts::scheduleCyclePeriod);
+    QHBoxLayout* until = BuildMoment(kUntil, texts::scheduleUntil);
     until->insertSpacing(0, kIndent);
     auto* count = new QHBoxLayout;
     count->addWidget(rules[1]);
@@ -154,9 +155,9 @@ QFrame* ScheduleTab::BuildCycles()
 QVBoxLayout* ScheduleTab::BuildButtons()
 {
     auto* column = new QVBoxLayout;
-    AddButton(*column, "cmdSaveDates", Texts().scheduleSave, &ScheduleTab::Save);
-    AddButton(*column, "cmdNewDates", Texts().scheduleSaveNew, &ScheduleTab::SaveAsNew);
-    AddButton(*column, "cmdDeleteDates", Texts().scheduleDelete, &ScheduleTab::DeleteCurrent);
+    AddButton(*column, "cmdSaveDates", texts::scheduleSave, &ScheduleTab::Save);
+    AddButton(*column, "cmdNewDates", texts::scheduleSaveNew, &ScheduleTab::SaveAsNew);
+    AddButton(*column, "cmdDeleteDates", texts::scheduleDelete, &ScheduleTab::DeleteCurrent);
     return column;
 }
 
@@ -360,7 +361,7 @@ void ScheduleTab::SaveEntries(std::optional<qint32> replaced)
         return;
     }
     grid->MarkRange(conflict->first, conflict->last);
-    ShowError(Texts().scheduleConflict);
+    ShowError(texts::scheduleConflict);
 }
 
 void ScheduleTab::DeleteCurrent()

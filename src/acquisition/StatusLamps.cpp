@@ -1,6 +1,7 @@
 #include "acquisition/StatusLamps.h"
 
 #include "core/Texts.h"
+#include "core/texts/FormF3.h"
 #include "core/window/StatusLamp.h"
 
 #include <QHBoxLayout>
@@ -13,18 +14,17 @@ namespace {
 struct Lamp
 {
     int colour; ///< low byte red
-    TextMember description;
+    TextRef description;
     LampState litBy;
 };
 
 constexpr std::array<Lamp, 3> kLamps{{
-    {255, &TextTable::colourRed, LampState::NotConnected},
-    {65535, &TextTable::colourYellow, LampState::AtWork},
-    {65280, &TextTable::colourGreen, LampState::Connected},
+    {255, &texts::colourRed, LampState::NotConnected},
+    {65535, &texts::colourYellow, LampState::AtWork},
+    {65280, &texts::colourGreen, LampState::Connected},
 }};
 
-constexpr std::array kWords{&TextTable::stateNotConnected, &TextTable::stateConnected, &TextTable::stateAtWork,
-                            &TextTable::stateOff};
+constexpr std::array kWords{&texts::stateNotConnected, &texts::stateConnected, &texts::stateAtWork, &texts::stateOff};
 
 int ColourNumber(const QColor& colour)
 {
@@ -50,7 +50,7 @@ void StatusLamps::Show(LampState state)
     const int grey = ColourNumber(palette().color(QPalette::Active, QPalette::Button));
     for (std::size_t i = 0; i < lamps.size(); ++i) {
         const bool isLit = kLamps[i].litBy == state;
-        lamps[i]->Show(isLit ? kLamps[i].colour : grey, TextOf(isLit ? kLamps[i].description : &TextTable::colourOff));
+        lamps[i]->Show(isLit ? kLamps[i].colour : grey, TextOf(isLit ? kLamps[i].description : &texts::colourOff));
     }
     words->setText(TextOf(kWords.at(static_cast<std::size_t>(state))));
     words->repaint();

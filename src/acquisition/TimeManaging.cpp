@@ -3,7 +3,7 @@
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/FormF4.h"
 
 #include <algorithm>
 
@@ -34,7 +34,7 @@ void TimeManaging::ShowCountdown()
     if (!entry.HasStartTime())
         return;
     const qint64 seconds = std::max<qint64>(0, PresentMoment().secsTo(entry.startTime));
-    display.ShowCountdown(Texts().countdown + SecondsToTime(static_cast<double>(seconds), false));
+    display.ShowCountdown(texts::countdown + SecondsToTime(static_cast<double>(seconds), false));
 }
 
 void TimeManaging::ArmStop()

@@ -3,8 +3,9 @@
 #include "core/Common.h"
 #include "core/Quantities.h"
 #include "core/Texts.h"
+#include "core/clsSymbols.h"
+#include "core/texts/FormF3.h"
 #include "core/window/EntryBox.h"
-#include "diagrams/clsSymbols.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -21,18 +22,18 @@ namespace {
 struct Typed
 {
     Quantity quantity;
-    TextMember unit;
+    TextRef unit;
     bool needsMachine = false;
 };
 
 /// In the order of the ends; voltage and current, the first two, have transformers and triggers too.
 constexpr std::array<Typed, kScaleEnds> kTypedRows{{
-    {kU, &TextTable::unitVolt},
-    {kI, &TextTable::unitAmpere},
-    {kP, &TextTable::unitKilowatt},
-    {kF, &TextTable::unitHertz},
-    {kM, &TextTable::unitNewtonMetre, true},
-    {kN, &TextTable::unitRpm, true},
+    {kU, &texts::unitVolt},
+    {kI, &texts::unitAmpere},
+    {kP, &texts::unitKilowatt},
+    {kF, &texts::unitHertz},
+    {kM, &texts::unitNewtonMetre, true},
+    {kN, &texts::unitRpm, true},
 }};
 
 QString Caption(const Typed& row)
@@ -74,9 +75,9 @@ QWidget* TransformerTab::BuildTransformers(TransformerSide side)
     auto* grid = new QGridLayout(content);
     grid->setContentsMargins(0, 0, 0, 0);
     SetSpacing(*grid);
-    grid->addWidget(new QLabel(Texts().headPrimary), 0, 1);
-    grid->addWidget(new QLabel(Texts().headSecondary), 0, 3);
-    grid->addWidget(new QLabel(Texts().headRatio), 0, kRatioColumn);
+    grid->addWidget(new QLabel(texts::headPrimary), 0, 1);
+    grid->addWidget(new QLabel(texts::headSecondary), 0, 3);
+    grid->addWidget(new QLabel(texts::headRatio), 0, kRatioColumn);
     grid->setColumnStretch(kRatioColumn, 1);
     for (int pair = 0; pair < 2; ++pair) {
         const int row = pair + 1;
@@ -99,7 +100,7 @@ void TransformerTab::AddTransformer(QGridLayout& grid, TransformerSide side, int
         side == TransformerSide::Program ? QStringLiteral("cboTrans_%1") : QStringLiteral("cboDevTrans_%1");
     const Typed& quantity = kTypedRows.at(static_cast<std::size_t>(index / 2));
     auto* box = new EntryBox(name.arg(index));
-    box->setAccessibleName(Caption(quantity) + u' ' + (index % 2 == 0 ? Texts().headPrimary : Texts().headSecondary));
+    box->setAccessibleName(Caption(quantity) + u' ' + (index % 2 == 0 ? texts::headPrimary : texts::headSecondary));
     box->SetChoices(TransformerChoices(index));
     connect(box, &EntryBox::Committed, this, [this, side, index](const QString& text) {
         EnterTransformer(side, index, text);
@@ -112,7 +113,7 @@ void TransformerTab::AddTransformer(QGridLayout& grid, TransformerSide side, int
 
 QWidget* TransformerTab::BuildProgramSide()
 {
-    auto* group = new QGroupBox(Texts().groupProgramTransformers);
+    auto* group = new QGroupBox(texts::groupProgramTransformers);
     auto* column = new QVBoxLayout(group);
     column->addWidget(BuildTransformers(TransformerSide::Program));
     column->addStretch(1);
@@ -121,12 +122,12 @@ QWidget* TransformerTab::BuildProgramSide()
 
 QWidget* TransformerTab::BuildDeviceSide()
 {
-    auto* group = new QGroupBox(Texts().groupDeviceTransformers);
+    auto* group = new QGroupBox(texts::groupDeviceTransformers);
     auto* column = new QVBoxLayout(group);
     column->addWidget(BuildTransformers(TransformerSide::Instrument));
     auto* grid = new QGridLayout;
     column->addLayout(grid);
-    const std::array captions{Texts().buttonReadTransformers, Texts().buttonWriteTransformers};
+    const std::array captions{texts::buttonReadTransformers, texts::buttonWriteTransformers};
     constexpr std::array kDirections{TransferDirection::Read, TransferDirection::Write};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         const QByteArray name = QByteArray("cmdDevTrans_") + QByteArray::number(static_cast<int>(i));
@@ -134,7 +135,7 @@ QWidget* TransformerTab::BuildDeviceSide()
         connect(transferButtons[i], &QPushButton::clicked, this,
                 [this, direction = kDirections[i]] { emit TransferWanted(direction); });
     }
-    resetButton = AddButton(*grid, 1, 0, "cmdReset", Texts().buttonResetCounters);
+    resetButton = AddButton(*grid, 1, 0, "cmdReset", texts::buttonResetCounters);
     connect(resetButton, &QPushButton::clicked, this, &TransformerTab::ResetWanted);
     return group;
 }
@@ -149,7 +150,7 @@ QPushButton* TransformerTab::AddButton(QGridLayout& grid, int row, int column, c
 
 QWidget* TransformerTab::BuildTriggers()
 {
-    auto* group = new QGroupBox(Texts().groupTrigger);
+    auto* group = new QGroupBox(texts::groupTrigger);
     auto* grid = new QGridLayout(group);
     SetSpacing(*grid);
     for (int i = 0; i < kTriggers; ++i) {
@@ -173,7 +174,7 @@ QWidget* TransformerTab::BuildScaleEnds()
     constexpr int kRows = 2;
     constexpr int kColumnsOfOne = 4; // caption, box, unit and a gap
     constexpr int kGap = 14;
-    auto* group = new QGroupBox(Texts().groupScaleEnds);
+    auto* group = new QGroupBox(texts::groupScaleEnds);
     auto* grid = new QGridLayout(group);
     SetSpacing(*grid);
     for (int i = 0; i < kScaleEnds; ++i) {

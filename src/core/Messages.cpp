@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,29 +16,29 @@ namespace {
 Answer Ask(const QString& question, const QString& path)
 {
     return App().TheShell->ShowBox(
-        {Texts().titleAttention, question + u'\n' + path, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
+        {texts::titleAttention, question + u'\n' + path, BoxIcon::Question, BoxButtons::YesNo, Answer::No});
 }
 
 } // namespace
 
 void ShowError(const QString& text)
 {
-    App().TheShell->ShowBox({Texts().titleError, text, BoxIcon::Exclamation, BoxButtons::Ok, Answer::Ok});
+    App().TheShell->ShowBox({texts::titleError, text, BoxIcon::Exclamation, BoxButtons::Ok, Answer::Ok});
 }
 
 void ShowInformation(const QString& text)
 {
-    App().TheShell->ShowBox({Texts().titleInformation, text, BoxIcon::None, BoxButtons::Ok, Answer::Ok});
+    App().TheShell->ShowBox({texts::titleInformation, text, BoxIcon::None, BoxButtons::Ok, Answer::Ok});
 }
 
 void ShowBadFormat(const QString& path)
 {
-    ShowError(Texts().badFormat + u'\n' + path);
+    ShowError(texts::badFormat + u'\n' + path);
 }
 
 void ShowPathNotFound(const QString& path)
 {
-    ShowError(Texts().notFound + u'\n' + path);
+    ShowError(texts::notFound + u'\n' + path);
 }
 
 void ShowNotFound(const QString& path)
@@ -54,13 +54,13 @@ void ShowNotFound(const QString& path)
 
 void ConfirmDelete(const QString& fileName)
 {
-    if (Ask(Texts().reallyDelete, fileName) != Answer::Yes)
+    if (Ask(texts::reallyDelete, fileName) != Answer::Yes)
         App().bFileError = true;
 }
 
 void ConfirmOverwrite(const QString& path)
 {
-    App().bFileError = Ask(Texts().reallyOverwrite, path) != Answer::Yes;
+    App().bFileError = Ask(texts::reallyOverwrite, path) != Answer::Yes;
 }
 
 void DeleteFile(const QString& path)
@@ -73,7 +73,7 @@ bool CheckNumberRange(QString& value, double minimum, double maximum)
     const RangeCheck check = TestNumberRange(value, minimum, maximum);
     value = check.text;
     if (!check.isAccepted)
-        ShowError(FillPlaceholders(Texts().numberRange, {NumberText(minimum), NumberText(maximum) + u' '}));
+        ShowError(FillPlaceholders(texts::numberRange, {NumberText(minimum), NumberText(maximum) + u' '}));
     return check.isAccepted;
 }
 

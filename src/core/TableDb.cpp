@@ -1,6 +1,6 @@
 #include "core/TableDb.h"
 
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +45,7 @@ TableDb TableDb::Open(const QString& path)
 TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersion)
 {
     if (QFileInfo::exists(path))
-        throw DbError(Texts().fileExists.toStdString());
+        throw DbError(texts::fileExists.toStdString());
     return WithDbErrors([&] {
         TableDb db(SQLite::Database(path.toStdString(), kReadWrite | SQLite::OPEN_CREATE, kBusyTimeoutMs));
         db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));

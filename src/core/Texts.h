@@ -1,5 +1,6 @@
-// The texts that the user sees, as variables. `language/` fills them: with the German defaults, then with what a
-// language file says. The table itself is vocabulary, for the messages of this room need it as much as every page.
+// The texts that the user sees, as variables in `korvanel::texts`. Each section of a language file has its lines in one
+// file of `core/texts/` and a header of its own, so that a new text concerns only who uses its section. `language/`
+// fills the variables: with the German defaults, then with what a language file says.
 #pragma once
 
 #include <QString>
@@ -8,62 +9,30 @@
 
 namespace korvanel {
 
-/// Sections of a language file.
-enum class TextSection
-{
-    Main,
-    Default,
-    ValueNames,
-    Dialogues,
-    PrintExport,
-    FormF1,
-    FormF2,
-    FormF3,
-    FormF4,
-    FormF6,
-    FormF10,
-    FormH3,
-    FormH5,
-    FormH6,
-    FormH7,
-    FormH8,
-    FormH9,
-    FormH10,
-    FormH11,
-    FormH15,
-};
-
-struct TextTable
-{
-#define TEXT(variable, section, number, german) QString variable;
-#include "core/TextTable.inc"
-#undef TEXT
-};
-
 /// A text by its variable, for tables that name one.
-using TextMember = QString TextTable::*;
+using TextRef = const QString*;
 
-/// One line of the table.
-struct TextEntry
+inline const QString& TextOf(TextRef text)
 {
-    TextMember variable;
-    TextSection section;
+    return *text;
+}
+
+/// One line of a section.
+struct TextLine
+{
+    QString* variable;
     int number; ///< within the section, from 1
     const char* german;
 };
 
-std::span<const TextEntry> TextEntries();
-
-/// Name of a section as it stands in a language file.
-const char* SectionName(TextSection section);
-
-/// The texts in use.
-TextTable& Texts();
-
-inline const QString& TextOf(TextMember member)
+/// A section of a language file.
+struct TextSection
 {
-    return Texts().*member;
-}
+    const char* name; ///< as it stands there
+    std::span<const TextLine> lines;
+};
+
+std::span<const TextSection> TextSections();
 
 /// Sets every text to its German default.
 void SetBuiltInTexts();

@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 #include "data/EstimateUpdater.h"
 #include "data/FileManaging.h"
 #include "data/PassOverSets.h"
@@ -163,7 +163,7 @@ bool RecomputeEveryRow()
 
 void TellCannotWrite(const DbError& error)
 {
-    ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+    ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
 }
 
 } // namespace

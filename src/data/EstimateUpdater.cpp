@@ -1,7 +1,7 @@
 #include "data/EstimateUpdater.h"
 
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <sqlite3.h>
 
@@ -77,7 +77,7 @@ void EstimateUpdater::Store(const SampledSet& set, const LoadEstimate& estimate,
     sqlite3_bind_int64(statement, ++position, set.set);
     Run(storing);
     if (sqlite3_changes(handle) != 1)
-        throw DbError(FillPlaceholders(Texts().noSuchSet, {QString::number(set.set)}).toStdString());
+        throw DbError(FillPlaceholders(texts::noSuchSet, {QString::number(set.set)}).toStdString());
 }
 
 void EstimateUpdater::MarkBlock(int mark)

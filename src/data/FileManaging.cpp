@@ -5,7 +5,7 @@
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 #include "data/ComputedQuantities.h"
 #include "data/RowWriter.h"
 #include "data/SetCursor.h"
@@ -63,7 +63,7 @@ void OpenSimulatedRecordset()
 bool AppendMeasuredRow()
 {
     EstimateRow(App().MeasuredRow); // a fault in arithmetic ends the run, not only this row
-    return RowOperation(Texts().cannotWriteFile, [] {
+    return RowOperation(texts::cannotWriteFile, [] {
         ApplicationBlock& app = App();
         app.bEvaluated = 0;
         tMeasuredRow& row = app.MeasuredRow;
@@ -82,7 +82,7 @@ bool AppendMeasuredRow()
 
 bool AppendRow(qint32 set)
 {
-    return RowOperation(Texts().cannotWriteFile, [set] {
+    return RowOperation(texts::cannotWriteFile, [set] {
         App().bEvaluated = 0;
         tValueRow row = App().CurrentRow;
         row.dWp = row.dWpPlus = row.dWpMinus = row.dWq = 0;
@@ -93,7 +93,7 @@ bool AppendRow(qint32 set)
 
 bool UpdateRow(qint32 set)
 {
-    return RowOperation(Texts().cannotWriteFile, [set] {
+    return RowOperation(texts::cannotWriteFile, [set] {
         App().bEvaluated = 0;
         Prepared<RowUpdater>(RecordsetSlot::Update, App().iNetConfIndex).Update(App().CurrentRow, set);
     });
@@ -101,7 +101,7 @@ bool UpdateRow(qint32 set)
 
 bool ReadRow(qint32 set, bool fromTemp)
 {
-    return RowOperation(Texts().cannotReadFile, [set, fromTemp] {
+    return RowOperation(texts::cannotReadFile, [set, fromTemp] {
         SetQuery& query = PreparedQuery(fromTemp ? SetSource::Scratch : SetSource::Measured);
         query.Seek(set);
         if (query.Step()) {
@@ -115,13 +115,13 @@ bool ReadRow(qint32 set, bool fromTemp)
 
 bool AppendSimulatedRow(qint32 set)
 {
-    return RowOperation(Texts().cannotWriteFile,
+    return RowOperation(texts::cannotWriteFile,
                         [set] { Prepared<SimulatedRowWriter>(RecordsetSlot::Write).Append(App().SimulatedRow, set); });
 }
 
 bool ReadSimulatedRow(qint32 set)
 {
-    return RowOperation(Texts().cannotReadFile, [set] {
+    return RowOperation(texts::cannotReadFile, [set] {
         SetQuery& query = PreparedQuery(SetSource::Simulated);
         query.Seek(set);
         if (query.Step())

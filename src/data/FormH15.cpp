@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/FormH15.h"
 #include "core/window/DialogButtons.h"
 
 #include <QHBoxLayout>
@@ -20,20 +20,20 @@ FormH15::FormH15(QWidget* parent) : QDialog(parent), box(new QLineEdit)
     constexpr int kLongestText = 20;
     constexpr int kWidth = 120;
     setObjectName(QStringLiteral("FormH15"));
-    setWindowTitle(Texts().findSetTitle);
+    setWindowTitle(texts::findSetTitle);
     box->setObjectName(QStringLiteral("txtSet"));
     box->setMaxLength(kLongestText);
     box->setMinimumWidth(kWidth);
     box->setText(QString::number(std::min(App().iCurrentSet, App().iSetCount)));
     box->selectAll();
-    auto* caption = new QLabel(FillPlaceholders(Texts().findSetNumber, {QString::number(App().iSetCount)}));
+    auto* caption = new QLabel(FillPlaceholders(texts::findSetNumber, {QString::number(App().iSetCount)}));
     caption->setBuddy(box);
     auto* entry = new QHBoxLayout;
     entry->addWidget(caption);
     entry->addWidget(box, 1);
 
     const DialogButtons buttons =
-        BuildDialogButtons(*this, "cmdOK", Texts().findSetOk, "cmdCancel", [this] { TakeOver(); });
+        BuildDialogButtons(*this, "cmdOK", texts::findSetOk, "cmdCancel", [this] { TakeOver(); });
 
     auto* column = new QVBoxLayout(this);
     column->addLayout(entry);

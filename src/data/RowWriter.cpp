@@ -1,7 +1,7 @@
 #include "data/RowWriter.h"
 
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <cmath>
 #include <cstdint>
@@ -84,7 +84,7 @@ qint64 WholeSeconds(double seconds)
     // Beyond these limits a double has no whole-number twin; such a time is no time.
     constexpr double kLimit = 9e15;
     if (!(std::abs(seconds) < kLimit))
-        throw DbError(Texts().timeOutOfRange.toStdString());
+        throw DbError(texts::timeOutOfRange.toStdString());
     return static_cast<qint64>(std::nearbyint(seconds));
 }
 
@@ -152,7 +152,7 @@ void RowUpdater::Update(tValueRow& row, qint32 set)
             const int changed = change.statement.exec();
             change.statement.tryReset();
             if (changed != 1)
-                throw DbError(FillPlaceholders(Texts().noSuchSet, {QString::number(set)}).toStdString());
+                throw DbError(FillPlaceholders(texts::noSuchSet, {QString::number(set)}).toStdString());
         }
         transaction.Commit();
     });

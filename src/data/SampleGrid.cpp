@@ -2,8 +2,8 @@
 
 #include "core/Colour.h"
 #include "core/Common.h"
-#include "core/Texts.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsSymbols.h"
+#include "core/texts/FormF4.h"
 
 #include <QGridLayout>
 #include <QHeaderView>
@@ -52,7 +52,7 @@ void SampleGrid::FillHead()
     for (QTableWidget* part : {head, &Table()})
         part->setColumnCount(static_cast<int>(headings.size()));
     head->setHorizontalHeaderLabels(headings);
-    head->setVerticalHeaderLabels({Texts().presentValue});
+    head->setVerticalHeaderLabels({texts::presentValue});
 }
 
 /// Columns keep their width whatever stands in them.
@@ -61,7 +61,7 @@ void SampleGrid::SetWidths()
     constexpr int kPadding = 14;
     constexpr const char* kWidestNumber = "88888888*";
     const QFontMetrics metrics = fontMetrics();
-    const int numberWidth = std::max(metrics.horizontalAdvance(Texts().presentValue),
+    const int numberWidth = std::max(metrics.horizontalAdvance(texts::presentValue),
                                      metrics.horizontalAdvance(QLatin1String(kWidestNumber))) +
                             kPadding;
     for (QTableWidget* part : {head, &Table()}) {

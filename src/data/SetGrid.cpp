@@ -4,11 +4,11 @@
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
+#include "core/clsSymbols.h"
 #include "core/window/FormH3.h"
 #include "data/FileManaging.h"
 #include "data/RowQuantities.h"
 #include "data/ValueTables.h"
-#include "diagrams/clsSymbols.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -3,9 +3,9 @@
 #include "core/Colour.h"
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/clsSymbols.h"
+#include "core/texts/FormF6.h"
 #include "data/RowQuantities.h"
-#include "diagrams/clsSymbols.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -91,7 +91,7 @@ SetList::SetList(SetJudge setJudge)
     const int rowHeight = values.verticalHeader()->defaultSectionSize();
     values.setMinimumHeight((kLeastRows + 1) * rowHeight + values.horizontalScrollBar()->sizeHint().height());
 
-    setToolTip(Texts().resultsOrderTip);
+    setToolTip(texts::resultsOrderTip);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, [this] { AskForOrder(); });
     for (QWidget* withMenu : {static_cast<QWidget*>(&Bar()), static_cast<QWidget*>(values.horizontalScrollBar())})
@@ -134,7 +134,7 @@ bool SetList::eventFilter(QObject* watched, QEvent* event)
 
 void SetList::FillHead()
 {
-    QStringList headings{Texts().headSet, ColumnHeading(kColumnTime)};
+    QStringList headings{texts::headSet, ColumnHeading(kColumnTime)};
     for (const qint16 column : App().ColumnLayout)
         headings << ColumnHeading(column);
     Table().setColumnCount(static_cast<int>(headings.size()));
@@ -149,7 +149,7 @@ void SetList::SetWidths()
 {
     constexpr const char* kWidestNumber = "88888888*";
     const QFontMetrics metrics = fontMetrics();
-    fixed->setColumnWidth(kNumberColumn, std::max(metrics.horizontalAdvance(Texts().headSet),
+    fixed->setColumnWidth(kNumberColumn, std::max(metrics.horizontalAdvance(texts::headSet),
                                                   metrics.horizontalAdvance(QLatin1String(kWidestNumber))) +
                                              kPadding);
     fixed->setColumnWidth(kTimeTextColumn, WidthOf(kColumnTime));

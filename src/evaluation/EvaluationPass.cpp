@@ -1,7 +1,7 @@
 #include "evaluation/EvaluationPass.h"
 
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 #include "data/RowQuantities.h"
 #include "evaluation/RatedData.h"
 #include "evaluation/TimeWindow.h"
@@ -61,7 +61,7 @@ void RequireFinite(const Tables&... tables)
 void RequireInterval(double dt)
 {
     if (!(dt > 0 && std::isfinite(dt)))
-        throw std::invalid_argument(FillPlaceholders(Texts().noInterval, {NumberText(dt)}).toStdString());
+        throw std::invalid_argument(FillPlaceholders(texts::noInterval, {NumberText(dt)}).toStdString());
 }
 
 /// A quantity that the sets don't hold counts as 0 in every one of them.

@@ -3,8 +3,10 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF6.h"
+#include "core/texts/FormH15.h"
 #include "core/window/PendingInput.h"
 #include "data/FormH15.h"
 #include "data/SetList.h"
@@ -63,8 +65,8 @@ QBoxLayout* FormF6::BuildHead()
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(14);
-    row->addWidget(AddPanelBox(kResultsPanel, Texts().resultsShowTables));
-    row->addWidget(AddPanelBox(kSetsPanel, Texts().resultsShowSets));
+    row->addWidget(AddPanelBox(kResultsPanel, texts::resultsShowTables));
+    row->addWidget(AddPanelBox(kSetsPanel, texts::resultsShowSets));
     row->addStretch(1);
     cyclesLabel = AddLabel(*row, "lblCycles");
     windowLabel = AddLabel(*row, "lblTWindow");
@@ -84,13 +86,13 @@ void FormF6::BuildTabs()
 {
     const int netConf = App().iNetConfIndex;
     tabs->setObjectName(QStringLiteral("TabEvaluation"));
-    AddTab(u'A', overview = new OverviewSheet, Texts().resultsOverview);
-    AddTab(u'B', extremes = new ResultGrid("flxExtrem"), Texts().resultsExtremes);
+    AddTab(u'A', overview = new OverviewSheet, texts::resultsOverview);
+    AddTab(u'B', extremes = new ResultGrid("flxExtrem"), texts::resultsExtremes);
     if (netConf != kVoltagesOnly)
-        AddTab(u'C', energies = new ResultGrid("flxEnergy"), Texts().resultsEnergy);
+        AddTab(u'C', energies = new ResultGrid("flxEnergy"), texts::resultsEnergy);
     if (HasMachine(netConf)) {
-        AddTab(u'D', utilisation = new ResultGrid("flxASM"), Texts().resultsUtilisation);
-        AddTab(u'E', BuildSecondMachine(), Texts().resultsSecondMachine);
+        AddTab(u'D', utilisation = new ResultGrid("flxASM"), texts::resultsUtilisation);
+        AddTab(u'E', BuildSecondMachine(), texts::resultsSecondMachine);
     }
     connect(tabs, &QTabWidget::currentChanged, this,
             [this] { App().ResultPage.tab = tabs->currentWidget()->objectName().back(); });
@@ -113,7 +115,7 @@ QWidget* FormF6::BuildSecondMachine()
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new QLabel(Texts().laterVersion));
+    column->addWidget(new QLabel(texts::laterVersion));
     auto* table = new QTableWidget;
     table->setObjectName(QStringLiteral("flxSimul"));
     column->addWidget(table, 1);
@@ -123,15 +125,15 @@ QWidget* FormF6::BuildSecondMachine()
 QBoxLayout* FormF6::BuildButtons()
 {
     auto* row = new QHBoxLayout;
-    AddButton(*row, "cmdOptions_1", Texts().resultsOptions, [this] { ChangeOptions(kCostOptions); });
-    AddButton(*row, "cmdOptions_2", Texts().resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
-    AddButton(*row, "cmdExcel", Texts().resultsExport, [this] {
+    AddButton(*row, "cmdOptions_1", texts::resultsOptions, [this] { ChangeOptions(kCostOptions); });
+    AddButton(*row, "cmdOptions_2", texts::resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
+    AddButton(*row, "cmdExcel", texts::resultsExport, [this] {
         Locked(exportSets);
     })->setEnabled(exportSets != nullptr);
     row->addStretch(1);
     correctedLabel = AddLabel(*row, "lblCorrected");
     row->addSpacing(14);
-    AddButton(*row, "cmdSet", Texts().findSetTitle, [this] { FindSet(); });
+    AddButton(*row, "cmdSet", texts::findSetTitle, [this] { FindSet(); });
     return row;
 }
 
@@ -180,10 +182,10 @@ void FormF6::ShowResults(qint32 firstSet)
         energies->Show(EnergyTable());
     if (utilisation)
         utilisation->Show(UtilisationTable());
-    windowLabel->setText(FillPlaceholders(Texts().resultsWindow, {TimeWindowText()}));
-    cyclesLabel->setText(FillPlaceholders(Texts().resultsCycles, {QString::number(App().ProgSettings->Cycles())}));
+    windowLabel->setText(FillPlaceholders(texts::resultsWindow, {TimeWindowText()}));
+    cyclesLabel->setText(FillPlaceholders(texts::resultsCycles, {QString::number(App().ProgSettings->Cycles())}));
     correctedLabel->setText(
-        FillPlaceholders(Texts().resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
+        FillPlaceholders(texts::resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
     list->Select(App().iCurrentSet);
     list->Rebuild(firstSet);
 }

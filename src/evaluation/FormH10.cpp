@@ -5,6 +5,8 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormH10.h"
 #include "core/window/DialogButtons.h"
 
 #include <QFormLayout>
@@ -23,8 +25,8 @@ namespace {
 constexpr int kLongestText = 40;
 constexpr int kBoxWidth = 120;
 
-constexpr std::array<TextMember, 3> kPriceCaptions{&TextTable::optionsDrawnEnergy, &TextTable::optionsDeliveredEnergy,
-                                                   &TextTable::optionsReactiveEnergy};
+constexpr std::array<TextRef, 3> kPriceCaptions{&texts::optionsDrawnEnergy, &texts::optionsDeliveredEnergy,
+                                                &texts::optionsReactiveEnergy};
 
 } // namespace
 
@@ -34,7 +36,7 @@ FormH10::FormH10(QWidget* parent)
       cycles(App().ProgSettings->Cycles())
 {
     setObjectName(QStringLiteral("FormH10"));
-    setWindowTitle(Texts().optionsTitle);
+    setWindowTitle(texts::optionsTitle);
     auto* column = new QVBoxLayout(this);
     column->addWidget(BuildCosts());
     column->addWidget(BuildOther());
@@ -44,7 +46,7 @@ FormH10::FormH10(QWidget* parent)
 
 QGroupBox* FormH10::BuildCosts()
 {
-    auto* group = new QGroupBox(Texts().optionsCosts);
+    auto* group = new QGroupBox(texts::optionsCosts);
     auto* form = new QFormLayout(group);
     for (std::size_t i = 0; i < prices.size(); ++i) {
         priceBoxes.at(i) = AddNumberBox(QStringLiteral("txtKosten_%1").arg(i), prices.at(i));
@@ -55,21 +57,21 @@ QGroupBox* FormH10::BuildCosts()
 
 QGroupBox* FormH10::BuildOther()
 {
-    auto* group = new QGroupBox(Texts().optionsOther);
+    auto* group = new QGroupBox(texts::optionsOther);
     auto* form = new QFormLayout(group);
     currencyBox = new QLineEdit(App().ProgSettings->UsedCurrency());
     currencyBox->setObjectName(QStringLiteral("txtWaehrung"));
     currencyBox->setMaxLength(kLongestText);
     currencyBox->setMinimumWidth(kBoxWidth);
-    form->addRow(Texts().optionsCurrency, currencyBox);
+    form->addRow(texts::optionsCurrency, currencyBox);
     cyclesBox = AddNumberBox(QStringLiteral("txtZyklen"), cycles);
-    form->addRow(Texts().optionsCycles, cyclesBox);
+    form->addRow(texts::optionsCycles, cyclesBox);
     return group;
 }
 
 QHBoxLayout* FormH10::BuildButtons()
 {
-    return BuildDialogButtons(*this, "cmdOK", Texts().buttonOk, "cmdAbort", [this] { Store(); }).row;
+    return BuildDialogButtons(*this, "cmdOK", texts::buttonOk, "cmdAbort", [this] { Store(); }).row;
 }
 
 QLineEdit* FormH10::AddNumberBox(const QString& name, double& number)

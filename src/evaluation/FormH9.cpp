@@ -6,6 +6,9 @@
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormH9.h"
+#include "core/texts/ValueNames.h"
 #include "core/window/DialogButtons.h"
 #include "data/FileManaging.h"
 #include "evaluation/TimeWindow.h"
@@ -32,12 +35,12 @@ struct TimePart
 {
     double limit;
     double seconds;
-    TextMember unit;
+    TextRef unit;
 };
 constexpr std::array<TimePart, 3> kTimeParts{{
-    {99, 3600, &TextTable::windowHours},
-    {59, 60, &TextTable::windowMinutes},
-    {59, 1, &TextTable::windowSeconds},
+    {99, 3600, &texts::windowHours},
+    {59, 60, &texts::windowMinutes},
+    {59, 1, &texts::windowSeconds},
 }};
 
 std::optional<double> NumberIn(const QLineEdit& box)
@@ -62,19 +65,19 @@ FormH9::FormH9(QWidget* parent) : QDialog(parent)
 {
     ResolveTimeWindow();
     setObjectName(QStringLiteral("FormH9"));
-    setWindowTitle(Texts().windowTitle);
+    setWindowTitle(texts::windowTitle);
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(10);
-    grid->addWidget(AddOption(kByHand, Texts().windowByHand), 0, 0);
+    grid->addWidget(AddOption(kByHand, texts::windowByHand), 0, 0);
     grid->addLayout(BuildTime(), 0, 1);
-    wholeButton = new QPushButton(Texts().windowWholeTerm);
+    wholeButton = new QPushButton(texts::windowWholeTerm);
     wholeButton->setObjectName(QStringLiteral("cmdGetAll"));
     wholeButton->setAutoDefault(false);
     connect(wholeButton, &QPushButton::clicked, this,
             [this] { RunGuarded(objectName(), [this] { TakeWholeTerm(); }); });
     grid->addWidget(wholeButton, 1, 1, Qt::AlignLeft);
-    grid->addWidget(AddOption(kThermal, Texts().windowThermal), 2, 0);
+    grid->addWidget(AddOption(kThermal, texts::windowThermal), 2, 0);
     grid->addLayout(BuildThermal(), 2, 1);
     grid->setRowStretch(3, 1);
     grid->addLayout(BuildButtons(), 4, 0, 1, 2);
@@ -136,9 +139,9 @@ QHBoxLayout* FormH9::BuildThermal()
     factorBox->setMaxLength(kLongestText);
     factorBox->setFixedWidth(kWidth);
     factorBox->setAlignment(Qt::AlignRight);
-    factorBox->setAccessibleName(Texts().windowThermal);
+    factorBox->setAccessibleName(texts::windowThermal);
     connect(factorBox, &QLineEdit::editingFinished, this, &FormH9::CheckFactor);
-    factorUnit = new QLabel(Texts().timesTimeConstant);
+    factorUnit = new QLabel(texts::timesTimeConstant);
     factorUnit->setObjectName(QStringLiteral("lblWhat"));
     row->addWidget(factorBox);
     row->addWidget(factorUnit);
@@ -148,7 +151,7 @@ QHBoxLayout* FormH9::BuildThermal()
 
 QHBoxLayout* FormH9::BuildButtons()
 {
-    return BuildDialogButtons(*this, "cmdOK", Texts().buttonOk, "cmdAbort", [this] { Store(); }).row;
+    return BuildDialogButtons(*this, "cmdOK", texts::buttonOk, "cmdAbort", [this] { Store(); }).row;
 }
 
 void FormH9::EnableChosen()

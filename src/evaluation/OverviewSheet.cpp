@@ -4,7 +4,7 @@
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/FormF6.h"
 #include "core/window/Page.h"
 #include "evaluation/Rating.h"
 #include "evaluation/SuitabilityBar.h"
@@ -19,12 +19,12 @@ namespace {
 
 QString MomentText(const QDateTime& moment)
 {
-    return moment == ZeroDate() ? Texts().resultsNotSet : DateTimeText(moment);
+    return moment == ZeroDate() ? texts::resultsNotSet : DateTimeText(moment);
 }
 
 QString Known(const QString& text)
 {
-    return text.isEmpty() ? Texts().resultsNotSet : text;
+    return text.isEmpty() ? texts::resultsNotSet : text;
 }
 
 QString ClassText(int rating)
@@ -32,7 +32,7 @@ QString ClassText(int rating)
     const EvaluationResults& results = App().Evaluation;
     const qint32 count = results.lRowClassCount.at(static_cast<std::size_t>(rating));
     const double share = results.lSets == 0 ? 0 : static_cast<double>(count) / results.lSets;
-    return FillPlaceholders(Texts().resultsClass, {RatingWord(rating), QString::number(count), SuitabilityText(share)});
+    return FillPlaceholders(texts::resultsClass, {RatingWord(rating), QString::number(count), SuitabilityText(share)});
 }
 
 QFormLayout* AddForm(QHBoxLayout& row)
@@ -54,14 +54,14 @@ OverviewSheet::OverviewSheet()
     all->addLayout(row);
     all->addStretch(1);
     auto* left = AddForm(*row);
-    project = AddValue(*left, "lblProject", Texts().resultsProject);
-    device = AddValue(*left, "lblDevice", Texts().resultsDevice);
-    begin = AddValue(*left, "lblBegin", Texts().resultsBegin);
-    end = AddValue(*left, "lblEnd", Texts().resultsEnd);
-    term = AddValue(*left, "lblTerm", Texts().resultsTerm);
+    project = AddValue(*left, "lblProject", texts::resultsProject);
+    device = AddValue(*left, "lblDevice", texts::resultsDevice);
+    begin = AddValue(*left, "lblBegin", texts::resultsBegin);
+    end = AddValue(*left, "lblEnd", texts::resultsEnd);
+    term = AddValue(*left, "lblTerm", texts::resultsTerm);
     auto* right = AddForm(*row);
-    interval = AddValue(*right, "lblInterval", Texts().resultsInterval);
-    sets = AddValue(*right, "lblSets", Texts().resultsSets);
+    interval = AddValue(*right, "lblInterval", texts::resultsInterval);
+    sets = AddValue(*right, "lblSets", texts::resultsSets);
     if (HasMachine(App().iNetConfIndex))
         AddMachine(*right);
 }
@@ -78,10 +78,10 @@ QLabel* OverviewSheet::AddValue(QFormLayout& form, const char* name, const QStri
 
 void OverviewSheet::AddMachine(QFormLayout& form)
 {
-    machine = AddValue(form, "lblMachine", Texts().resultsMachine);
+    machine = AddValue(form, "lblMachine", texts::resultsMachine);
     for (std::size_t i = 0; i < classes.size(); ++i) {
         const int rating = static_cast<int>(i) + 1;
-        classes.at(i) = AddValue(form, "", i == 0 ? Texts().resultsSuitability : QString());
+        classes.at(i) = AddValue(form, "", i == 0 ? texts::resultsSuitability : QString());
         classes.at(i)->setObjectName(QStringLiteral("lblClass_%1").arg(rating));
         QPalette colours = classes.at(i)->palette();
         colours.setColor(QPalette::WindowText, ColourOf(RatingColour(rating)));
@@ -100,7 +100,7 @@ void OverviewSheet::Refresh()
     begin->setText(MomentText(app.dtMeasurementBegin));
     end->setText(MomentText(app.dtMeasurementEnd));
     term->setText(Known(app.sMeasurementTerm));
-    interval->setText(FillPlaceholders(Texts().resultsIntervalValue, {NumberText(app.dInterval)}));
+    interval->setText(FillPlaceholders(texts::resultsIntervalValue, {NumberText(app.dInterval)}));
     sets->setText(QString::number(app.iSetCount));
     if (machine)
         ShowMachine();
@@ -111,7 +111,7 @@ void OverviewSheet::ShowMachine()
     const MachineRecord& record = App().MachineI;
     const QString name = Known(record.Hersteller.simplified());
     machine->setText(record.Pmech
-                         ? FillPlaceholders(Texts().resultsMachineValue, {RoundValue(*record.Pmech / 1000, 1000), name})
+                         ? FillPlaceholders(texts::resultsMachineValue, {RoundValue(*record.Pmech / 1000, 1000), name})
                          : name);
     machine->setToolTip(PlainToolTip(machine->text()));
     for (std::size_t i = 0; i < classes.size(); ++i)

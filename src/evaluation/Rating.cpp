@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Quantities.h"
 #include "core/Texts.h"
+#include "core/texts/ValueNames.h"
 #include "data/RowQuantities.h"
 
 #include <algorithm>
@@ -179,8 +180,8 @@ qint32 RatingColour(int rating)
 
 const QString& RatingWord(int rating)
 {
-    static constexpr std::array<TextMember, kRatingCount> kWords{&TextTable::ratingNone, &TextTable::ratingGood,
-                                                                 &TextTable::ratingMedium, &TextTable::ratingBad};
+    static constexpr std::array<TextRef, kRatingCount> kWords{&texts::ratingNone, &texts::ratingGood,
+                                                              &texts::ratingMedium, &texts::ratingBad};
     return TextOf(kWords.at(static_cast<std::size_t>(rating)));
 }
 

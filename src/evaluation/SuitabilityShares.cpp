@@ -1,7 +1,7 @@
 #include "evaluation/SuitabilityShares.h"
 
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Main.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,7 +45,7 @@ QString SuitabilityText(double share)
 {
     constexpr double kTenthsOfPercent = 1000;
     constexpr double kTenths = 10;
-    return FillPlaceholders(Texts().percentPanel, {NumberText(std::nearbyint(share * kTenthsOfPercent) / kTenths)});
+    return FillPlaceholders(texts::percentPanel, {NumberText(std::nearbyint(share * kTenthsOfPercent) / kTenths)});
 }
 
 } // namespace korvanel

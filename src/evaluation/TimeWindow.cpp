@@ -2,8 +2,8 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/texts/ValueNames.h"
 
 #include <cmath>
 
@@ -34,7 +34,7 @@ QString TimeWindowText()
 {
     const clsProgSettings& options = *App().ProgSettings;
     return options.TWindowSelection() == kThermal
-               ? NumberText(options.TWindowFactor()) + u' ' + Texts().timesTimeConstant
+               ? NumberText(options.TWindowFactor()) + u' ' + texts::timesTimeConstant
                : SecondsToTime(options.TWindowSize(), false);
 }
 

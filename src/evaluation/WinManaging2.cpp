@@ -4,7 +4,9 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsSymbols.h"
+#include "core/texts/FormF3.h"
+#include "core/texts/FormF6.h"
 #include "evaluation/TimeWindow.h"
 
 #include <span>
@@ -12,8 +14,6 @@
 namespace korvanel {
 
 namespace {
-
-using T = TextTable;
 
 constexpr double kPerHour = 3600;
 constexpr double kPerKilo = 1000;
@@ -71,8 +71,8 @@ constexpr ExtremRow kMachineRows[] = {
 /// A block of the table: where its values stand, and how its sets are written.
 struct ExtremBlock
 {
-    TextMember heading;
-    TextMember kind; ///< of the mean; none of single sets
+    TextRef heading;
+    TextRef kind; ///< of the mean; none of single sets
     const ExtremEntry& (*minimum)(int quantity);
     const ExtremEntry& (*maximum)(int quantity);
     bool isOfWindow;
@@ -87,9 +87,9 @@ const ExtremEntry& EntryOf(int quantity)
 
 using R = EvaluationResults;
 constexpr ExtremBlock kExtremBlocks[] = {
-    {&T::blockExtremes, nullptr, EntryOf<&R::tExtremMin>, EntryOf<&R::tExtremMax>, false, false},
-    {&T::blockRms, &T::kindRms, EntryOf<&R::tRmsMin>, EntryOf<&R::tRmsMax>, true, true},
-    {&T::blockAvg, &T::kindAvg, EntryOf<&R::tAvgMin>, EntryOf<&R::tAvgMax>, true, false},
+    {&texts::blockExtremes, nullptr, EntryOf<&R::tExtremMin>, EntryOf<&R::tExtremMax>, false, false},
+    {&texts::blockRms, &texts::kindRms, EntryOf<&R::tRmsMin>, EntryOf<&R::tRmsMax>, true, true},
+    {&texts::blockAvg, &texts::kindAvg, EntryOf<&R::tAvgMin>, EntryOf<&R::tAvgMax>, true, false},
 };
 
 QString ExtremText(const ExtremRow& row, double value)
@@ -121,9 +121,9 @@ void AddExtremRows(ResultTable& table, const ExtremBlock& block, std::span<const
 
 struct EnergyTableRow
 {
-    TextMember name;
-    TextMember group;
-    TextMember unit; ///< none of a ratio
+    TextRef name;
+    TextRef group;
+    TextRef unit; ///< none of a ratio
     int entry;
     double divisor;
     double factor;
@@ -131,14 +131,17 @@ struct EnergyTableRow
 };
 
 constexpr EnergyTableRow kEnergyRows[] = {
-    {&T::rowActiveEnergy, &T::groupMotorGenerator, &T::unitWattHour, kEnergyActive, kPerHour, 1000, true},
-    {&T::rowReactiveEnergy, &T::groupInductiveCapacitive, &T::unitVarHour, kEnergyReactive, kPerHour, 1000, true},
-    {&T::rowCurrent, &T::groupMotorGenerator, &T::unitAmpereHour, kEnergyCurrent, kPerHour, 1000, false},
-    {&T::rowApparentEnergy, &T::groupMotorGenerator, &T::unitVoltAmpereHour, kEnergyApparent, kPerHour, 1000, true},
+    {&texts::rowActiveEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyActive, kPerHour, 1000, true},
+    {&texts::rowReactiveEnergy, &texts::groupInductiveCapacitive, &texts::unitVarHour, kEnergyReactive, kPerHour, 1000,
+     true},
+    {&texts::rowCurrent, &texts::groupMotorGenerator, &texts::unitAmpereHour, kEnergyCurrent, kPerHour, 1000, false},
+    {&texts::rowApparentEnergy, &texts::groupMotorGenerator, &texts::unitVoltAmpereHour, kEnergyApparent, kPerHour,
+     1000, true},
 };
 constexpr EnergyTableRow kMechanicalRows[] = {
-    {&T::rowMechanicalEnergy, &T::groupMotorGenerator, &T::unitWattHour, kEnergyMechanical, kPerHour, 1000, true},
-    {&T::rowEfficiency, &T::groupMotorGenerator, nullptr, kEnergyEfficiency, 1, 100, false},
+    {&texts::rowMechanicalEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyMechanical, kPerHour, 1000,
+     true},
+    {&texts::rowEfficiency, &texts::groupMotorGenerator, nullptr, kEnergyEfficiency, 1, 100, false},
 };
 
 const EnergyEntry& EnergyOf(int entry)
@@ -172,35 +175,36 @@ void AddCostRows(ResultTable& table, int offset)
     const EnergyEntry& active = EnergyOf(kCostsActive + offset);
     const EnergyEntry& reactive = EnergyOf(kCostsReactive + offset);
     table.rows.push_back(
-        {.kind = ResultRowKind::Head, .cells = {{}, {}, Texts().headCosts, Texts().headCredit, Texts().headTotal}});
-    AddRow(table, {Texts().rowActiveEnergy, Texts().groupMotorGenerator, CostText(active.dPlus),
-                   CostText(active.dMinus), CostText(active.dTotal)});
-    AddRow(table, {Texts().rowReactiveEnergy, Texts().groupInductiveCapacitive, CostText(reactive.dPlus), {}, {}});
+        {.kind = ResultRowKind::Head, .cells = {{}, {}, texts::headCosts, texts::headCredit, texts::headTotal}});
+    AddRow(table, {texts::rowActiveEnergy, texts::groupMotorGenerator, CostText(active.dPlus), CostText(active.dMinus),
+                   CostText(active.dTotal)});
+    AddRow(table, {texts::rowReactiveEnergy, texts::groupInductiveCapacitive, CostText(reactive.dPlus), {}, {}});
 }
 
 // Utilisation.
 
 struct UtilisationTableRow
 {
-    TextMember name;
-    TextMember kind;
-    TextMember unit;
+    TextRef name;
+    TextRef kind;
+    TextRef unit;
     int entry; ///< in the window; the whole recording has the same in the same order
     double divisor;
     double factor;
-    TextMember reference;
+    TextRef reference;
     bool needsRatedSpeed = false;
 };
 
 constexpr UtilisationTableRow kMostTorqueRows[] = {
-    {&T::rowTorque, nullptr, &T::unitNewtonMetre, kMostTorque, 1, 100, &T::ratedStallTorque},
+    {&texts::rowTorque, nullptr, &texts::unitNewtonMetre, kMostTorque, 1, 100, &texts::ratedStallTorque},
 };
 constexpr UtilisationTableRow kMeanRows[] = {
-    {&T::rowCurrent, &T::kindRms, &T::unitAmpere, kWindowCurrent, 1, 1000, &T::ratedCurrent},
-    {&T::rowTorque, &T::kindRms, &T::unitNewtonMetre, kWindowTorque, 1, 100, &T::ratedTorque},
-    {&T::rowPower, &T::kindRms, &T::unitKilowatt, kWindowPower, kPerKilo, 1000, &T::ratedPower},
-    {&T::rowPowerOfTorque, nullptr, &T::unitKilowatt, kWindowPowerOfTorque, kPerKilo, 1000, &T::ratedPower, true},
-    {&T::rowLoss, &T::kindAvg, &T::unitKilowatt, kWindowLoss, kPerKilo, 1000, &T::ratedLoss},
+    {&texts::rowCurrent, &texts::kindRms, &texts::unitAmpere, kWindowCurrent, 1, 1000, &texts::ratedCurrent},
+    {&texts::rowTorque, &texts::kindRms, &texts::unitNewtonMetre, kWindowTorque, 1, 100, &texts::ratedTorque},
+    {&texts::rowPower, &texts::kindRms, &texts::unitKilowatt, kWindowPower, kPerKilo, 1000, &texts::ratedPower},
+    {&texts::rowPowerOfTorque, nullptr, &texts::unitKilowatt, kWindowPowerOfTorque, kPerKilo, 1000, &texts::ratedPower,
+     true},
+    {&texts::rowLoss, &texts::kindAvg, &texts::unitKilowatt, kWindowLoss, kPerKilo, 1000, &texts::ratedLoss},
 };
 
 enum class Reach
@@ -212,16 +216,16 @@ enum class Reach
 
 struct UtilisationBlock
 {
-    TextMember heading;
+    TextRef heading;
     std::span<const UtilisationTableRow> rows;
     int offset;
     Reach reach;
 };
 
 constexpr UtilisationBlock kUtilisationBlocks[] = {
-    {&T::blockMostTorque, kMostTorqueRows, 0, Reach::OneSet},
-    {&T::blockWindow, kMeanRows, 0, Reach::Window},
-    {&T::blockWhole, kMeanRows, kWholeCurrent - kWindowCurrent, Reach::WholeRecording},
+    {&texts::blockMostTorque, kMostTorqueRows, 0, Reach::OneSet},
+    {&texts::blockWindow, kMeanRows, 0, Reach::Window},
+    {&texts::blockWhole, kMeanRows, kWholeCurrent - kWindowCurrent, Reach::WholeRecording},
 };
 
 const UtilisationEntry& UtilisationOf(int entry)
@@ -245,8 +249,8 @@ QString UtilisationSet(double set, Reach reach)
 QString ShareText(const UtilisationTableRow& row, std::optional<double> share)
 {
     if (!share)
-        return Texts().resultNone;
-    return FillPlaceholders(Texts().resultShare,
+        return texts::resultNone;
+    return FillPlaceholders(texts::resultShare,
                             {RoundValue(*share * kPercentFactor, kPercentFactor), TextOf(row.reference)});
 }
 
@@ -269,8 +273,8 @@ void AddUtilisationRows(ResultTable& table, const UtilisationBlock& block)
 
 ResultTable ExtremTable()
 {
-    const TextTable& texts = Texts();
-    ResultTable table{{texts.headQuantity, {}, texts.headMinimum, texts.headSet, texts.headMaximum, texts.headSet}, {}};
+    ResultTable table{{texts::headQuantity, {}, texts::headMinimum, texts::headSet, texts::headMaximum, texts::headSet},
+                      {}};
     if (App().Evaluation.lSets == 0)
         return table;
     for (const ExtremBlock& block : kExtremBlocks) {
@@ -285,31 +289,29 @@ ResultTable ExtremTable()
 ResultTable EnergyTable()
 {
     constexpr int kMachineOfCycles = 2; // of many cycles the shaft is told for the symmetric load alone
-    const TextTable& texts = Texts();
-    ResultTable table{{texts.headQuantity, {}, texts.headPlus, texts.headMinus, texts.headTotal}, {}};
+    ResultTable table{{texts::headQuantity, {}, texts::headPlus, texts::headMinus, texts::headTotal}, {}};
     if (App().Evaluation.lSets == 0)
         return table;
     const QString cycles = QString::number(App().ProgSettings->Cycles());
-    AddHeading(table, texts.blockEnergy);
+    AddHeading(table, texts::blockEnergy);
     AddEnergyRows(table, kEnergyRows, 0);
     if (IsMachineShown())
         AddEnergyRows(table, kMechanicalRows, 0);
-    AddHeading(table, texts.blockCosts);
+    AddHeading(table, texts::blockCosts);
     AddCostRows(table, 0);
-    AddHeading(table, FillPlaceholders(texts.blockEnergyOfCycles, {cycles}));
+    AddHeading(table, FillPlaceholders(texts::blockEnergyOfCycles, {cycles}));
     AddEnergyRows(table, kEnergyRows, kEnergyOfCycles);
     if (App().iNetConfIndex == kMachineOfCycles)
         AddEnergyRows(table, kMechanicalRows, kEnergyOfCycles);
-    AddHeading(table, FillPlaceholders(texts.blockCostsOfCycles, {cycles}));
+    AddHeading(table, FillPlaceholders(texts::blockCostsOfCycles, {cycles}));
     AddCostRows(table, kEnergyOfCycles);
     return table;
 }
 
 ResultTable UtilisationTable()
 {
-    const TextTable& texts = Texts();
     ResultTable table{
-        {texts.headQuantity, {}, texts.headMaximum, texts.headRelative, texts.headSet, texts.headSuitability}, {}};
+        {texts::headQuantity, {}, texts::headMaximum, texts::headRelative, texts::headSet, texts::headSuitability}, {}};
     if (App().Evaluation.lSets == 0 || !IsMachineShown())
         return table;
     for (const UtilisationBlock& block : kUtilisationBlocks) {

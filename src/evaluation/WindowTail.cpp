@@ -1,7 +1,7 @@
 #include "evaluation/WindowTail.h"
 
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 #include "data/RowQuantities.h"
 
 namespace korvanel {
@@ -41,7 +41,7 @@ WindowValues RereadTail::Pop()
     if (!cursor)
         cursor.emplace(db, netConf, source, kChannels);
     if (!cursor->Next(row))
-        throw DbError(FillPlaceholders(Texts().noSuchSet, {QString::number(cursor->Set())}).toStdString());
+        throw DbError(FillPlaceholders(texts::noSuchSet, {QString::number(cursor->Set())}).toStdString());
     return WindowValuesOf(row);
 }
 

@@ -1,14 +1,14 @@
 #include "instruments/Catalogue.h"
 
 #include "core/Common.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF2.h"
 
 #include <algorithm>
 
 namespace korvanel {
 
 namespace {
-
-using T = TextTable;
 
 constexpr const char* kSinglePhase[] = {"ISKRA MI71XX 1Ø2W (1b)", "NANOVIP-PLUS 1Ø2W", "NORMA D4355 1Ø2W",
                                         "YOKOGAWA WT130 1Ø2W", "YOKOGAWA 2535 1Ø2W"};
@@ -22,32 +22,36 @@ constexpr const char* kMachineRecorder[] = {"ISKRA MI71XX 3Ø4W (4u) Rec L-L"};
 constexpr const char* kVoltageMeter[] = {"ISKRA MI71XX 3Ø4W U "};
 
 constexpr std::array<NetConfiguration, kNetConfCount> kNetConfigurations{{
-    {NetTab::SinglePhase, &T::netConfSemiSequential, kSinglePhase},
-    {NetTab::ThreePhase, &T::netConfSemiSequential, kThreePhase},
-    {NetTab::Machine, &T::netConfMachine, kThreePhase},
-    {NetTab::SinglePhase, &T::netConfSequential, kRecorder},
-    {NetTab::ThreePhase, &T::netConfPhases, kPhaseRecorder},
-    {NetTab::Machine, &T::netConfMachinePhases, kMachineRecorder},
-    {NetTab::Voltage, &T::netConfVoltage, kVoltageMeter},
+    {NetTab::SinglePhase, &texts::netConfSemiSequential, kSinglePhase},
+    {NetTab::ThreePhase, &texts::netConfSemiSequential, kThreePhase},
+    {NetTab::Machine, &texts::netConfMachine, kThreePhase},
+    {NetTab::SinglePhase, &texts::netConfSequential, kRecorder},
+    {NetTab::ThreePhase, &texts::netConfPhases, kPhaseRecorder},
+    {NetTab::Machine, &texts::netConfMachinePhases, kMachineRecorder},
+    {NetTab::Voltage, &texts::netConfVoltage, kVoltageMeter},
 }};
 
 /// Net, U, I, P, wattmeter method.
-using Wiring = std::array<TextMember, 5>;
+using Wiring = std::array<TextRef, 5>;
 
-constexpr Wiring kOnePhase{&T::wiringN1, &T::wiringV1, &T::wiringV1, &T::wiringP1, &T::wiringW1};
-constexpr Wiring kSymmetric{&T::wiringN2, &T::wiringV2, &T::wiringC1, &T::wiringP1, &T::wiringW1};
-constexpr Wiring kSymmetricThreeWire{&T::wiringN5, &T::wiringV2, &T::wiringC1, &T::wiringP1, &T::wiringW1};
-constexpr Wiring kNanovipThreeWire{&T::wiringN5, &T::wiringV3, &T::wiringV1, &T::wiringP1, &T::wiringW1};
-constexpr Wiring kAron{&T::wiringN3, &T::wiringV3, &T::wiringC2, &T::wiringP2, &T::wiringW2};
-constexpr Wiring kFourWire{&T::wiringN4, &T::wiringV4, &T::wiringC3, &T::wiringP3, &T::wiringW3};
-constexpr Wiring kPhaseToPhase{&T::wiringN4, &T::wiringV4, &T::wiringC4, &T::wiringP3, &T::wiringW3};
-constexpr Wiring kVoltageOnly{&T::wiringN2, &T::wiringV2, &T::wiringC3, &T::wiringNone, &T::wiringNone};
+constexpr Wiring kOnePhase{&texts::wiringN1, &texts::wiringV1, &texts::wiringV1, &texts::wiringP1, &texts::wiringW1};
+constexpr Wiring kSymmetric{&texts::wiringN2, &texts::wiringV2, &texts::wiringC1, &texts::wiringP1, &texts::wiringW1};
+constexpr Wiring kSymmetricThreeWire{&texts::wiringN5, &texts::wiringV2, &texts::wiringC1, &texts::wiringP1,
+                                     &texts::wiringW1};
+constexpr Wiring kNanovipThreeWire{&texts::wiringN5, &texts::wiringV3, &texts::wiringV1, &texts::wiringP1,
+                                   &texts::wiringW1};
+constexpr Wiring kAron{&texts::wiringN3, &texts::wiringV3, &texts::wiringC2, &texts::wiringP2, &texts::wiringW2};
+constexpr Wiring kFourWire{&texts::wiringN4, &texts::wiringV4, &texts::wiringC3, &texts::wiringP3, &texts::wiringW3};
+constexpr Wiring kPhaseToPhase{&texts::wiringN4, &texts::wiringV4, &texts::wiringC4, &texts::wiringP3,
+                               &texts::wiringW3};
+constexpr Wiring kVoltageOnly{&texts::wiringN2, &texts::wiringV2, &texts::wiringC3, &texts::wiringNone,
+                              &texts::wiringNone};
 
 struct Instrument
 {
     const char* entry;
     Wiring wiring;
-    TextMember remark = nullptr;
+    TextRef remark = nullptr;
     qint16 minInterval = 1;
     bool hasDeviceFunctions = false;
     /// Wiring of a single-phase meter in a three-phase net, which is net configuration 1 alone.
@@ -58,7 +62,7 @@ constexpr Instrument Iskra(const char* entry, const Wiring& wiring, qint16 minIn
 {
     return {.entry = entry,
             .wiring = wiring,
-            .remark = &T::wiringR2,
+            .remark = &texts::wiringR2,
             .minInterval = minInterval,
             .hasDeviceFunctions = true};
 }
@@ -84,9 +88,12 @@ constexpr Instrument kInstruments[] = {
     {.entry = "YOKOGAWA WT130 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric},
     {.entry = "YOKOGAWA WT130 3Ø3W", .wiring = kAron},
     {.entry = "YOKOGAWA WT130 3Ø4W", .wiring = kFourWire},
-    {.entry = "YOKOGAWA 2535 1Ø2W", .wiring = kOnePhase, .remark = &T::wiringR1, .wiringInThreePhaseNet = &kSymmetric},
-    {.entry = "YOKOGAWA 2535 3Ø3W", .wiring = kAron, .remark = &T::wiringR1},
-    {.entry = "YOKOGAWA 2535 3Ø4W", .wiring = kFourWire, .remark = &T::wiringR1},
+    {.entry = "YOKOGAWA 2535 1Ø2W",
+     .wiring = kOnePhase,
+     .remark = &texts::wiringR1,
+     .wiringInThreePhaseNet = &kSymmetric},
+    {.entry = "YOKOGAWA 2535 3Ø3W", .wiring = kAron, .remark = &texts::wiringR1},
+    {.entry = "YOKOGAWA 2535 3Ø4W", .wiring = kFourWire, .remark = &texts::wiringR1},
 };
 
 constexpr int kThreePhaseNet = 1;

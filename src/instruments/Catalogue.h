@@ -26,7 +26,7 @@ enum class NetTab
 struct NetConfiguration
 {
     NetTab tab;
-    TextMember heading;
+    TextRef heading;
     std::span<const char* const> entries; ///< instruments in list order
 };
 

@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/Messages.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 #include "instruments/Catalogue.h"
 #include "instruments/IskraDriver.h"
 #include "instruments/SerialPort.h"
@@ -35,7 +35,7 @@ bool DevCommand(quint8 command)
     app.sDevError.clear();
     try {
         if (!RunDriver(app.sDevice, command))
-            app.sDevError = Texts().devUnknown + app.sDevice;
+            app.sDevError = texts::devUnknown + app.sDevice;
     } catch (const PortError& error) {
         app.sDevError = QString::fromUtf8(error.what());
     }

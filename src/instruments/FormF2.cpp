@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/texts/FormF2.h"
 #include "instruments/NetConfigurationChange.h"
 #include "instruments/QuantityLists.h"
 
@@ -25,15 +26,15 @@ struct TabEntry
 {
     NetTab tab;
     const char* key;
-    TextMember title;
+    TextRef title;
 };
 
 /// In the order on the page.
 constexpr std::array<TabEntry, 4> kTabs{{
-    {NetTab::SinglePhase, "A", &TextTable::tabSinglePhase},
-    {NetTab::ThreePhase, "B", &TextTable::tabThreePhase},
-    {NetTab::Voltage, "D", &TextTable::tabVoltage},
-    {NetTab::Machine, "C", &TextTable::tabMachine},
+    {NetTab::SinglePhase, "A", &texts::tabSinglePhase},
+    {NetTab::ThreePhase, "B", &texts::tabThreePhase},
+    {NetTab::Voltage, "D", &texts::tabVoltage},
+    {NetTab::Machine, "C", &texts::tabMachine},
 }};
 
 } // namespace
@@ -50,13 +51,13 @@ FormF2::FormF2(MainWindow& window, const PageEntry& entry)
     }
     tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     Body().addWidget(tabs);
-    auto* note = new QLabel(Texts().noteNotAllDevices);
+    auto* note = new QLabel(texts::noteNotAllDevices);
     note->setObjectName(QStringLiteral("lblNote"));
     Body().addWidget(note);
 
     auto* row = new QHBoxLayout;
-    row->addWidget(BuildList(0, "lblMeasured", Texts().measuredQuantities));
-    row->addWidget(BuildList(1, "lblCalculated", Texts().calculatedQuantities));
+    row->addWidget(BuildList(0, "lblMeasured", texts::measuredQuantities));
+    row->addWidget(BuildList(1, "lblCalculated", texts::calculatedQuantities));
     Body().addLayout(row, 1);
     connect(options, &QButtonGroup::idToggled, this, [this](int netConf, bool isChecked) {
         if (isChecked && !isChoosing)
@@ -99,7 +100,7 @@ QWidget* FormF2::BuildOption(int netConf)
     options->addButton(option, netConf);
     column->addWidget(option);
     auto* devices =
-        new QLabel(FillPlaceholders(Texts().supportedDevices, {InstrumentEntries(netConf).join(QStringLiteral(", "))}));
+        new QLabel(FillPlaceholders(texts::supportedDevices, {InstrumentEntries(netConf).join(QStringLiteral(", "))}));
     devices->setObjectName(QStringLiteral("lblDevices_%1").arg(netConf));
     devices->setWordWrap(true);
     devices->setIndent(kIndent);

@@ -4,6 +4,9 @@
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF3.h"
+#include "core/texts/FormH5.h"
 #include "core/window/PendingInput.h"
 #include "instruments/PortBox.h"
 
@@ -29,13 +32,13 @@ constexpr int kInterval = 1;
 /// What the two ways of searching say.
 struct Words
 {
-    TextMember outOfRange;
-    TextMember tryOther;
+    TextRef outOfRange;
+    TextRef tryOther;
 };
 
 constexpr std::array<Words, 2> kWords{{
-    {&TextTable::modbusAddressRange, &TextTable::modbusOtherAddress},
-    {&TextTable::modbusIntervalRange, &TextTable::modbusOtherInterval},
+    {&texts::modbusAddressRange, &texts::modbusOtherAddress},
+    {&texts::modbusIntervalRange, &texts::modbusOtherInterval},
 }};
 
 } // namespace
@@ -47,14 +50,14 @@ FormH5::FormH5(QWidget* parent) : QDialog(parent), formerPort(App().lComPort)
     if (App().lModbusAddress == 0)
         App().lModbusAddress = kUsualAddress;
     setObjectName(QStringLiteral("FormH5"));
-    setWindowTitle(Texts().modbusTitle);
+    setWindowTitle(texts::modbusTitle);
     setMinimumWidth(kWidth);
     auto* column = new QVBoxLayout(this);
     column->addWidget(BuildTop());
     tabs = new QTabWidget;
     tabs->setObjectName(QStringLiteral("tabMODBUS"));
-    tabs->addTab(BuildAddressTab(), Texts().modbusTabAddress);
-    tabs->addTab(BuildIntervalTab(), Texts().modbusTabInterval);
+    tabs->addTab(BuildAddressTab(), texts::modbusTabAddress);
+    tabs->addTab(BuildIntervalTab(), texts::modbusTabInterval);
     column->addWidget(tabs, 1);
     column->addLayout(BuildButtons());
 }
@@ -66,14 +69,14 @@ QWidget* FormH5::BuildTop()
     deviceBox = new QComboBox;
     deviceBox->setObjectName(QStringLiteral("cboDevice"));
     deviceBox->addItem(QLatin1String(kFamilyWithAddress));
-    form->addRow(Texts().labelDevice, deviceBox);
+    form->addRow(texts::labelDevice, deviceBox);
     portBox = new PortBox;
     portBox->ShowPort(App().lComPort);
     connect(portBox, &PortBox::Entered, this, [this](const QString& text) {
         App().lComPort = TypedWholeNumber(text, 1);
         portBox->ShowPort(App().lComPort);
     });
-    auto* caption = new QLabel(Texts().labelPort);
+    auto* caption = new QLabel(texts::labelPort);
     caption->setBuddy(portBox->Box());
     form->addRow(caption, portBox);
     return top;
@@ -84,11 +87,11 @@ QWidget* FormH5::BuildAddressTab()
     auto* tab = new QWidget;
     tab->setObjectName(QStringLiteral("tabMODBUS_A"));
     auto* form = new QFormLayout;
-    AddAddressBox(*form, 0, Texts().modbusLabelAddress, App().lModbusAddress);
+    AddAddressBox(*form, 0, texts::modbusLabelAddress, App().lModbusAddress);
     auto* column = new QVBoxLayout(tab);
     column->addLayout(form);
-    column->addWidget(AddSearchButton(kSingle, Texts().modbusTest), 0, Qt::AlignLeft);
-    column->addWidget(AddInfo(kSingle, Texts().modbusEnterAddress), 1);
+    column->addWidget(AddSearchButton(kSingle, texts::modbusTest), 0, Qt::AlignLeft);
+    column->addWidget(AddInfo(kSingle, texts::modbusEnterAddress), 1);
     return tab;
 }
 
@@ -97,29 +100,29 @@ QWidget* FormH5::BuildIntervalTab()
     auto* tab = new QWidget;
     tab->setObjectName(QStringLiteral("tabMODBUS_B"));
     auto* form = new QFormLayout;
-    AddAddressBox(*form, 1, Texts().modbusLabelFrom, kLeastBusAddress);
-    AddAddressBox(*form, 2, Texts().modbusLabelTo, kGreatestBusAddress);
+    AddAddressBox(*form, 1, texts::modbusLabelFrom, kLeastBusAddress);
+    AddAddressBox(*form, 2, texts::modbusLabelTo, kGreatestBusAddress);
     progressBar = new QProgressBar;
     progressBar->setObjectName(QStringLiteral("ProgressBar1"));
     progressBar->setTextVisible(false);
     auto* row = new QHBoxLayout;
-    row->addWidget(AddSearchButton(kInterval, Texts().modbusSearch));
+    row->addWidget(AddSearchButton(kInterval, texts::modbusSearch));
     row->addWidget(progressBar, 1);
     auto* column = new QVBoxLayout(tab);
     column->addLayout(form);
     column->addLayout(row);
-    column->addWidget(AddInfo(kInterval, Texts().modbusEnterInterval), 1);
+    column->addWidget(AddInfo(kInterval, texts::modbusEnterInterval), 1);
     return tab;
 }
 
 QLayout* FormH5::BuildButtons()
 {
-    okButton = new QPushButton(Texts().buttonOk);
+    okButton = new QPushButton(texts::buttonOk);
     okButton->setObjectName(QStringLiteral("cmdOK"));
     okButton->setEnabled(false);
     okButton->setAutoDefault(false);
     connect(okButton, &QPushButton::clicked, this, &FormH5::TakeOver);
-    cancelButton = new QPushButton(Texts().buttonCancel);
+    cancelButton = new QPushButton(texts::buttonCancel);
     cancelButton->setObjectName(QStringLiteral("cmdCancel"));
     cancelButton->setAutoDefault(false);
     connect(cancelButton, &QPushButton::clicked, this, &FormH5::reject);
@@ -174,7 +177,7 @@ int FormH5::TypedAddress(int index) const
 void FormH5::Search(int index)
 {
     if (deviceBox->currentText() != QLatin1String(kFamilyWithAddress)) {
-        infos.at(static_cast<std::size_t>(index))->setText(Texts().modbusUnknownDevice);
+        infos.at(static_cast<std::size_t>(index))->setText(texts::modbusUnknownDevice);
         return;
     }
     portBox->Commit();
@@ -202,7 +205,7 @@ SearchResult FormH5::RunSearch(int index)
 void FormH5::ShowTested(int index, int address)
 {
     QLabel& info = *infos.at(static_cast<std::size_t>(index));
-    info.setText(FillPlaceholders(Texts().modbusTesting, {QString::number(address)}));
+    info.setText(FillPlaceholders(texts::modbusTesting, {QString::number(address)}));
     info.repaint();
     if (index == kInterval)
         progressBar->setValue(address);
@@ -218,15 +221,15 @@ void FormH5::ShowResult(int index, const SearchResult& result)
         info.setText(TextOf(words.outOfRange));
         break;
     case SearchOutcome::NotFound:
-        info.setText(Texts().modbusNotFound + u'\n' + TextOf(words.tryOther));
+        info.setText(texts::modbusNotFound + u'\n' + TextOf(words.tryOther));
         break;
     case SearchOutcome::Found:
         iFoundAddress = static_cast<qint16>(result.address);
         foundDeviceId = result.deviceId;
         addressBoxes[0]->setText(QString::number(result.address));
         const QString found =
-            index == kSingle ? Texts().modbusFound : Texts().modbusFirstFound + QString::number(result.address);
-        info.setText(found + u'\n' + Texts().modbusPressOk);
+            index == kSingle ? texts::modbusFound : texts::modbusFirstFound + QString::number(result.address);
+        info.setText(found + u'\n' + texts::modbusPressOk);
         break;
     }
 }

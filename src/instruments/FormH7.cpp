@@ -1,6 +1,7 @@
 #include "instruments/FormH7.h"
 
-#include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormH7.h"
 #include "instruments/WiringView.h"
 
 #include <QPushButton>
@@ -12,11 +13,11 @@ FormH7::FormH7(QWidget* parent) : QDialog(parent)
 {
     constexpr int kWidth = 540;
     setObjectName(QStringLiteral("FormH7"));
-    setWindowTitle(Texts().wiringTitle);
+    setWindowTitle(texts::wiringTitle);
     setMinimumWidth(kWidth);
     auto* wiring = new WiringView;
     wiring->Refresh();
-    auto* ok = new QPushButton(Texts().buttonOk);
+    auto* ok = new QPushButton(texts::buttonOk);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);

@@ -2,6 +2,8 @@
 
 #include "core/Common.h"
 #include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormH5.h"
 #include "instruments/DevManaging.h"
 #include "instruments/Frames.h"
 #include "instruments/IskraSample.h"
@@ -17,8 +19,6 @@ namespace korvanel {
 
 namespace {
 
-using T = TextTable;
-
 constexpr double kRegisterWait = 0.15;
 constexpr int kDataBits = 8;
 constexpr const char* kBaseEntry = "ISKRA MI71XX 1Ø2W (1b)";
@@ -27,20 +27,20 @@ struct Mode
 {
     const char* entry;
     quint16 connection; ///< value of the register of the connection mode
-    TextMember refusal;
+    TextRef refusal;
     IskraPlan plan;
 };
 
 constexpr Mode kModes[] = {
-    {kBaseEntry, 1, &T::devNotSinglePhase, IskraPlan::SinglePhase},
-    {"ISKRA MI71XX 1Ø2W (1b) Rec", 1, &T::devNotSinglePhase, IskraPlan::SinglePhaseRecorder},
-    {"ISKRA MI71XX 3Ø3W (3u)", 5, &T::devNotThreeWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W (4u)", 7, &T::devNotFourWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", 7, &T::devNotFourWire, IskraPlan::PhaseRecorderToNeutral},
-    {"ISKRA MI71XX 3Ø4W (4u) Rec L-L", 7, &T::devNotFourWire, IskraPlan::PhaseRecorderToPhase},
-    {"ISKRA MI71XX 3Ø3W (3b)", 9, &T::devNotThreeWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W (4b)", 25, &T::devNotFourWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W U ", 25, &T::devNotFourWire, IskraPlan::Voltages},
+    {kBaseEntry, 1, &texts::devNotSinglePhase, IskraPlan::SinglePhase},
+    {"ISKRA MI71XX 1Ø2W (1b) Rec", 1, &texts::devNotSinglePhase, IskraPlan::SinglePhaseRecorder},
+    {"ISKRA MI71XX 3Ø3W (3u)", 5, &texts::devNotThreeWire, IskraPlan::ThreePhase},
+    {"ISKRA MI71XX 3Ø4W (4u)", 7, &texts::devNotFourWire, IskraPlan::ThreePhase},
+    {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", 7, &texts::devNotFourWire, IskraPlan::PhaseRecorderToNeutral},
+    {"ISKRA MI71XX 3Ø4W (4u) Rec L-L", 7, &texts::devNotFourWire, IskraPlan::PhaseRecorderToPhase},
+    {"ISKRA MI71XX 3Ø3W (3b)", 9, &texts::devNotThreeWire, IskraPlan::ThreePhase},
+    {"ISKRA MI71XX 3Ø4W (4b)", 25, &texts::devNotFourWire, IskraPlan::ThreePhase},
+    {"ISKRA MI71XX 3Ø4W U ", 25, &texts::devNotFourWire, IskraPlan::Voltages},
 };
 
 enum Function : quint8
@@ -100,7 +100,7 @@ void Open()
 {
     constexpr qint32 kGreatestAddress = 247;
     if (App().lModbusAddress < 1 || App().lModbusAddress > kGreatestAddress) {
-        App().sDevError = Texts().modbusAddressRange;
+        App().sDevError = texts::modbusAddressRange;
         return;
     }
     LinkSettings(kDataBits);
@@ -115,12 +115,12 @@ void Identify(const Mode& mode)
     app.bConfigDue = true;
     const QByteArray reply = Ask(Request(kReadInput, kModelText, 3));
     if (reply.isEmpty()) {
-        app.sDevError = Texts().devTimeout;
+        app.sDevError = texts::devTimeout;
     } else if (HasValidCrc(reply) && reply.mid(3, 4) == "MI71") {
         app.bDevConnected = true;
         app.sDevFound = QString::fromUtf8(mode.entry);
     } else {
-        app.sDevError = Texts().devNotFound;
+        app.sDevError = texts::devNotFound;
     }
 }
 
@@ -137,7 +137,7 @@ void ReadTransformers()
     const auto read = [&app](quint16 reg, auto decode) {
         const std::optional<quint16> value = ReadRegister(kReadHolding, reg);
         if (!value)
-            app.sDevError = Texts().devTransNotRead;
+            app.sDevError = texts::devTransNotRead;
         const double decoded = value ? decode(*value) : 0;
         return decoded > 0 ? decoded : 1;
     };
@@ -161,14 +161,14 @@ void WriteTransformers()
     };
     for (const auto& [reg, value] : writings)
         if (!WriteRegister(reg, value))
-            app.sDevError = Texts().devTransNotWritten;
+            app.sDevError = texts::devTransNotWritten;
 }
 
 void ResetCounters()
 {
     constexpr quint16 kAll = 0xFFFF;
     if (!WriteRegister(kCounterReset, kAll))
-        App().sDevError = Texts().devResetFailed;
+        App().sDevError = texts::devResetFailed;
 }
 
 void ReadInfo()
@@ -181,7 +181,7 @@ void ReadInfo()
     // Asked whatever came before, so that an address without an instrument costs the same as one with it.
     const std::optional<quint16> number = ReadRegister(kReadInput, kDeviceNumber);
     if (!isModel || !number) {
-        app.sDevError = Texts().devInfoFailed;
+        app.sDevError = texts::devInfoFailed;
         app.sDeviceId.clear();
         return;
     }
@@ -230,7 +230,7 @@ bool RunIskraDriver(const QString& entry, quint8 command)
         ReadInfo();
         break;
     default:
-        App().sDevError = Texts().devUnknownCommand + QString::number(command);
+        App().sDevError = texts::devUnknownCommand + QString::number(command);
     }
     return true;
 }

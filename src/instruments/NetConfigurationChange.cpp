@@ -4,9 +4,10 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
-#include "core/Texts.h"
-#include "core/project/ProjectStore.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF2.h"
 #include "data/ValueTables.h"
+#include "project/ProjectStore.h"
 
 namespace korvanel {
 
@@ -19,10 +20,10 @@ bool MayLoseSamples()
         if (!HasSamples())
             return true;
     } catch (const DbError& error) {
-        ShowError(Texts().cannotReadFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        ShowError(texts::cannotReadFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;
     }
-    return App().TheShell->ShowBox({App().sProgramTitle.trimmed(), Texts().changeDeletesValues, BoxIcon::Question,
+    return App().TheShell->ShowBox({App().sProgramTitle.trimmed(), texts::changeDeletesValues, BoxIcon::Question,
                                     BoxButtons::YesNo, Answer::No}) == Answer::Yes;
 }
 
@@ -60,7 +61,7 @@ bool ChangeNetConfiguration(int netConf)
         app.iNetConfIndex = formerNetConf;
         app.bASMSim = wasSimulated;
         app.dtProjectSaved = formerlySaved;
-        ShowError(Texts().cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;
     }
     app.bModelValid = app.bModelValid && HasMachine(netConf);

@@ -2,7 +2,8 @@
 
 #include "core/Common.h"
 #include "core/Texts.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsSymbols.h"
+#include "core/texts/ValueNames.h"
 
 #include <QStringList>
 
@@ -13,58 +14,58 @@ namespace korvanel {
 
 namespace {
 
-using T = TextTable;
-
 struct ListLine
 {
     Quantity quantity;
-    TextMember name;
-    TextMember suffix = nullptr;
+    TextRef name;
+    TextRef suffix = nullptr;
     bool isOptional = false;
 };
 
 using Lines = std::span<const ListLine>;
 
 constexpr ListLine kMeasuredSums[] = {
-    {kU, &T::nameVoltage},
-    {kI, &T::nameCurrent},
-    {kF, &T::nameFrequency},
-    {kP, &T::nameActivePower},
-    {.quantity = kPhi, .name = &T::namePhaseAngle, .isOptional = true},
+    {kU, &texts::nameVoltage},
+    {kI, &texts::nameCurrent},
+    {kF, &texts::nameFrequency},
+    {kP, &texts::nameActivePower},
+    {.quantity = kPhi, .name = &texts::namePhaseAngle, .isOptional = true},
 };
 constexpr ListLine kRecordedSums[] = {
-    {kS, &T::nameApparentPower}, {kQ, &T::nameReactivePower},   {kCosPhi, &T::namePowerFactor},
-    {kWp, &T::nameActiveEnergy}, {kWq, &T::nameReactiveEnergy},
+    {kS, &texts::nameApparentPower}, {kQ, &texts::nameReactivePower},   {kCosPhi, &texts::namePowerFactor},
+    {kWp, &texts::nameActiveEnergy}, {kWq, &texts::nameReactiveEnergy},
 };
 constexpr ListLine kMeasuredPhases[] = {
-    {kU, &T::nameVoltage, &T::suffixMean},
-    {kI, &T::nameCurrent, &T::suffixTotal},
-    {kINeutral, &T::nameNeutralCurrent},
-    {kF, &T::nameFrequency},
-    {kP, &T::nameActivePower, &T::suffixTotal},
-    {kPhi, &T::namePhaseAngle, &T::suffixMean, true},
-    {kS, &T::nameApparentPower, &T::suffixTotal},
-    {kQ, &T::nameReactivePower, &T::suffixTotal},
-    {kCosPhi, &T::namePowerFactor, &T::suffixMean},
-    {kWpPlusAbs, &T::nameAbsPositiveActive},
-    {kWpMinusAbs, &T::nameAbsNegativeActive},
-    {kWqPlusAbs, &T::nameAbsPositiveReactive},
-    {kWqMinusAbs, &T::nameAbsNegativeReactive},
+    {kU, &texts::nameVoltage, &texts::suffixMean},
+    {kI, &texts::nameCurrent, &texts::suffixTotal},
+    {kINeutral, &texts::nameNeutralCurrent},
+    {kF, &texts::nameFrequency},
+    {kP, &texts::nameActivePower, &texts::suffixTotal},
+    {kPhi, &texts::namePhaseAngle, &texts::suffixMean, true},
+    {kS, &texts::nameApparentPower, &texts::suffixTotal},
+    {kQ, &texts::nameReactivePower, &texts::suffixTotal},
+    {kCosPhi, &texts::namePowerFactor, &texts::suffixMean},
+    {kWpPlusAbs, &texts::nameAbsPositiveActive},
+    {kWpMinusAbs, &texts::nameAbsNegativeActive},
+    {kWqPlusAbs, &texts::nameAbsPositiveReactive},
+    {kWqMinusAbs, &texts::nameAbsNegativeReactive},
 };
-constexpr ListLine kMeasuredVoltage[] = {{kU, &T::nameVoltage, &T::suffixMean}, {kF, &T::nameFrequency}};
+constexpr ListLine kMeasuredVoltage[] = {{kU, &texts::nameVoltage, &texts::suffixMean}, {kF, &texts::nameFrequency}};
 
-constexpr ListLine kCalculatedMachine[] = {
-    {kN, &T::nameSpeed}, {kM, &T::nameTorque}, {kPmech, &T::nameShaftPower}, {kEta, &T::nameEfficiency}};
+constexpr ListLine kCalculatedMachine[] = {{kN, &texts::nameSpeed},
+                                           {kM, &texts::nameTorque},
+                                           {kPmech, &texts::nameShaftPower},
+                                           {kEta, &texts::nameEfficiency}};
 constexpr ListLine kCalculatedSums[] = {
-    {kS, &T::nameApparentPower},   {kQ, &T::nameReactivePower},       {kCosPhi, &T::namePowerFactor},
-    {kWp, &T::nameActiveEnergy},   {kWpPlus, &T::namePositiveEnergy}, {kWpMinus, &T::nameNegativeEnergy},
-    {kWq, &T::nameReactiveEnergy},
+    {kS, &texts::nameApparentPower},   {kQ, &texts::nameReactivePower},       {kCosPhi, &texts::namePowerFactor},
+    {kWp, &texts::nameActiveEnergy},   {kWpPlus, &texts::namePositiveEnergy}, {kWpMinus, &texts::nameNegativeEnergy},
+    {kWq, &texts::nameReactiveEnergy},
 };
 constexpr ListLine kCalculatedRelative[] = {
-    {kWpPlusRel, &T::nameRelPositiveActive},
-    {kWpMinusRel, &T::nameRelNegativeActive},
-    {kWqPlusRel, &T::nameRelPositiveReactive},
-    {kWqMinusRel, &T::nameRelNegativeReactive},
+    {kWpPlusRel, &texts::nameRelPositiveActive},
+    {kWpMinusRel, &texts::nameRelNegativeActive},
+    {kWqPlusRel, &texts::nameRelPositiveReactive},
+    {kWqMinusRel, &texts::nameRelNegativeReactive},
 };
 
 struct Lists

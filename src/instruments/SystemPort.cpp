@@ -2,6 +2,7 @@
 
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <QFileInfo>
 #include <QSerialPort>
@@ -16,26 +17,26 @@ namespace {
 // More than any instrument sends; whoever floods the line must not hold the program.
 constexpr qint64 kLargestReply = 65536;
 
-[[noreturn]] void Throw(TextMember text, const QString& device)
+[[noreturn]] void Throw(TextRef text, const QString& device)
 {
     throw PortError(FillPlaceholders(TextOf(text), {device}).toStdString());
 }
 
 /// Why a device could not be opened, in the user's words.
-TextMember ReasonOf(QSerialPort::SerialPortError error, const QString& device)
+TextRef ReasonOf(QSerialPort::SerialPortError error, const QString& device)
 {
     const QFileInfo file(device);
 #ifndef Q_OS_WIN
     if (!file.exists())
-        return &TextTable::portMissing;
+        return &texts::portMissing;
 #endif
     switch (error) {
     case QSerialPort::DeviceNotFoundError:
-        return &TextTable::portMissing;
+        return &texts::portMissing;
     case QSerialPort::PermissionError: // the toolkit tells a port in use and one without permission alike
-        return file.isReadable() && file.isWritable() ? &TextTable::portBusy : &TextTable::portDenied;
+        return file.isReadable() && file.isWritable() ? &texts::portBusy : &texts::portDenied;
     default:
-        return &TextTable::portFailed;
+        return &texts::portFailed;
     }
 }
 
@@ -60,7 +61,7 @@ void SystemPort::Open()
     port->setStopBits(QSerialPort::OneStop);
     port->setFlowControl(QSerialPort::NoFlowControl);
     if (!port->open(QIODevice::ReadWrite)) {
-        const TextMember reason = ReasonOf(port->error(), device);
+        const TextRef reason = ReasonOf(port->error(), device);
         port.reset();
         Throw(reason, device);
     }
@@ -129,7 +130,7 @@ void SystemPort::ThrowLost()
 {
     const QString gone = device;
     Close();
-    Throw(&TextTable::portLost, gone);
+    Throw(&texts::portLost, gone);
 }
 
 } // namespace korvanel

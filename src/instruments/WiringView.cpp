@@ -3,6 +3,8 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormH7.h"
 #include "instruments/Catalogue.h"
 
 #include <QGridLayout>
@@ -12,13 +14,13 @@ namespace korvanel {
 
 namespace {
 
-constexpr std::array kCaptions{&TextTable::wiringName, &TextTable::wiringNet, &TextTable::wiringVoltage,
-                               &TextTable::wiringCurrent, &TextTable::wiringPower};
+constexpr std::array kCaptions{&texts::wiringName, &texts::wiringNet, &texts::wiringVoltage, &texts::wiringCurrent,
+                               &texts::wiringPower};
 
 /// Where nothing is measured the method is the same dash as the measurement, and one says it.
 QString PowerText(const QString& power, const QString& method)
 {
-    return power == method ? power : FillPlaceholders(Texts().wiringPowerByMethod, {power, method});
+    return power == method ? power : FillPlaceholders(texts::wiringPowerByMethod, {power, method});
 }
 
 } // namespace

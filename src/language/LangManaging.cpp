@@ -26,10 +26,12 @@ QString LanguageFolder()
 /// A section that the file lacks keeps the built-in texts; an entry that its section lacks is empty.
 void ApplyTexts(const LanguageSections& sections)
 {
-    for (const TextEntry& entry : TextEntries()) {
-        const auto section = sections.find(QLatin1String(SectionName(entry.section)));
-        if (section != sections.end())
-            Texts().*entry.variable = section->second.value(entry.number - 1);
+    for (const TextSection& section : TextSections()) {
+        const auto entries = sections.find(QLatin1String(section.name));
+        if (entries == sections.end())
+            continue;
+        for (const TextLine& line : section.lines)
+            *line.variable = entries->second.value(line.number - 1);
     }
 }
 

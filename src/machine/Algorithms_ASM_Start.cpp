@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/Texts.h"
+#include "core/texts/Default.h"
 #include "machine/Algorithms_ASM_Leistung.h"
 #include "machine/Algorithms_ASM_RZM.h"
 #include "machine/ModelSteps.h"
@@ -19,18 +20,14 @@ constexpr int kSpaceVectorStep = 20;
 /// Lines of the messages, by their numbers from 1.
 struct MessageLines
 {
-    TextMember first;
-    TextMember second;
+    TextRef first;
+    TextRef second;
 };
 constexpr MessageLines kMessages[kModelMessageCount] = {
-    {&TextTable::modelProblem, &TextTable::modelCheckRating},
-    {&TextTable::modelProblem, &TextTable::modelInvalidSpeed},
-    {&TextTable::modelProblem, &TextTable::modelCheckNoLoad},
-    {&TextTable::modelProblem, &TextTable::modelNoLoadBeyondRating},
-    {&TextTable::modelProblem, &TextTable::modelCheckPolePairs},
-    {&TextTable::modelNoLoadFailed, &TextTable::modelRepeat},
-    {&TextTable::modelNoLoadScattered, &TextTable::modelRepeat},
-    {&TextTable::modelProblem, &TextTable::modelNoLoadFrequency},
+    {&texts::modelProblem, &texts::modelCheckRating},    {&texts::modelProblem, &texts::modelInvalidSpeed},
+    {&texts::modelProblem, &texts::modelCheckNoLoad},    {&texts::modelProblem, &texts::modelNoLoadBeyondRating},
+    {&texts::modelProblem, &texts::modelCheckPolePairs}, {&texts::modelNoLoadFailed, &texts::modelRepeat},
+    {&texts::modelNoLoadScattered, &texts::modelRepeat}, {&texts::modelProblem, &texts::modelNoLoadFrequency},
 };
 
 void PutIntoBlock(const MachineInTheMaking& machine)
@@ -70,7 +67,7 @@ void EstimatePresentSample(bool bySpaceVector)
 
 } // namespace
 
-ArithmeticFault::ArithmeticFault() : std::runtime_error(Texts().notFinite.toStdString()) {}
+ArithmeticFault::ArithmeticFault() : std::runtime_error(texts::notFinite.toStdString()) {}
 
 QString ModelMessages(int number)
 {

@@ -7,10 +7,13 @@
 #include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
+#include "core/clsSymbols.h"
+#include "core/texts/Dialogues.h"
+#include "core/texts/FormF6.h"
+#include "core/texts/PrintExport.h"
 #include "data/PassOverSets.h"
 #include "data/RowQuantities.h"
 #include "data/SetCursor.h"
-#include "diagrams/clsSymbols.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WinManaging2.h"
 #include "output/ExportItems.h"
@@ -75,7 +78,7 @@ public:
 
     void WriteHead()
     {
-        text.AddText(Texts().headSet);
+        text.AddText(texts::headSet);
         for (const ExportColumn& column : columns)
             text.AddText(ColumnHeading(column.quantity));
         if (hasMachine) {
@@ -188,7 +191,7 @@ FileQuestion ExportQuestion()
     const QString directory = !last.isEmpty() && QFileInfo(last).isDir() ? last : App().sProgramDir;
     const QString name = QFileInfo(FileNameOf(App().sProjectPath)).completeBaseName();
     const QString file = (name.isEmpty() ? QStringLiteral("PROJECT1") : name) + kExtension;
-    return {Texts().titleSaveAs, JoinPath(directory, file), Texts().filterExport, {}, kExtension};
+    return {texts::titleSaveAs, JoinPath(directory, file), texts::filterExport, {}, kExtension};
 }
 
 /// A name without any dot takes the extension, as in the dialog that asks whether to overwrite.
@@ -202,7 +205,7 @@ QString WithDefaultExtension(const QString& path)
 void ExportEvaluation(const QString& path)
 {
     if (IsOwnFile(path))
-        throw std::runtime_error((path + u'\n' + Texts().exportOwnFile).toStdString());
+        throw std::runtime_error((path + u'\n' + texts::exportOwnFile).toStdString());
     ExportText text(path);
     WriteSets(text);
     text.EndLine();

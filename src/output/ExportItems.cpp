@@ -3,6 +3,8 @@
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
+#include "core/texts/FormF10.h"
+#include "core/texts/PrintExport.h"
 #include "evaluation/TimeWindow.h"
 #include "instruments/Catalogue.h"
 #include "output/ExportText.h"
@@ -14,7 +16,6 @@ namespace korvanel {
 
 namespace {
 
-using T = TextTable;
 using A = ApplicationBlock;
 using R = MachineRecord;
 
@@ -65,7 +66,7 @@ QString Transformer()
 QString MachineKind()
 {
     const std::optional<double>& Pmech = App().MachineI.Pmech;
-    return !Pmech ? QString() : *Pmech < 0 ? Texts().machineGenerator : Texts().machineMotor;
+    return !Pmech ? QString() : *Pmech < 0 ? texts::machineGenerator : texts::machineMotor;
 }
 
 QString PolePairs()
@@ -76,53 +77,53 @@ QString PolePairs()
 
 QString Friction()
 {
-    return App().MachineI.Mreib ? Texts().machineFrictionZero : QString();
+    return App().MachineI.Mreib ? texts::machineFrictionZero : QString();
 }
 
 constexpr ExportItem kProjectItems[] = {
-    {&T::exportProjectName, OfBlock<&A::sProjectName>},
-    {&T::exportCompany, OfBlock<&A::sCompany>},
-    {&T::exportEditor, OfBlock<&A::sEditor>},
-    {&T::exportDescription, OfBlock<&A::sDescription>},
-    {&T::exportCreated, OfBlock<&A::dtProjectCreated>},
-    {&T::exportSaved, OfBlock<&A::dtProjectSaved>},
-    {&T::exportDevice, OfBlock<&A::sDevice>},
-    {&T::exportDeviceId, OfBlock<&A::sDeviceId>},
-    {&T::exportNetConfiguration, [] { return TextOf(NetConfigurationOf(App().iNetConfIndex).heading); }},
-    {&T::exportVoltageTransformer, Transformer<0>, &T::exportUnitVolt},
-    {&T::exportCurrentTransformer, Transformer<1>, &T::exportUnitAmpere},
-    {&T::exportBegin, OfBlock<&A::dtMeasurementBegin>},
-    {&T::exportEnd, OfBlock<&A::dtMeasurementEnd>},
-    {&T::exportTerm, OfBlock<&A::sMeasurementTerm>},
-    {&T::exportInterval, OfBlock<&A::dInterval>},
-    {&T::exportSets, OfBlock<&A::iSetCount>},
-    {&T::exportCorrectedSets, [] { return NumberText(App().Evaluation.lCorrectedRows); }},
-    {&T::exportWindow, TimeWindowText},
+    {&texts::exportProjectName, OfBlock<&A::sProjectName>},
+    {&texts::exportCompany, OfBlock<&A::sCompany>},
+    {&texts::exportEditor, OfBlock<&A::sEditor>},
+    {&texts::exportDescription, OfBlock<&A::sDescription>},
+    {&texts::exportCreated, OfBlock<&A::dtProjectCreated>},
+    {&texts::exportSaved, OfBlock<&A::dtProjectSaved>},
+    {&texts::exportDevice, OfBlock<&A::sDevice>},
+    {&texts::exportDeviceId, OfBlock<&A::sDeviceId>},
+    {&texts::exportNetConfiguration, [] { return TextOf(NetConfigurationOf(App().iNetConfIndex).heading); }},
+    {&texts::exportVoltageTransformer, Transformer<0>, &texts::exportUnitVolt},
+    {&texts::exportCurrentTransformer, Transformer<1>, &texts::exportUnitAmpere},
+    {&texts::exportBegin, OfBlock<&A::dtMeasurementBegin>},
+    {&texts::exportEnd, OfBlock<&A::dtMeasurementEnd>},
+    {&texts::exportTerm, OfBlock<&A::sMeasurementTerm>},
+    {&texts::exportInterval, OfBlock<&A::dInterval>},
+    {&texts::exportSets, OfBlock<&A::iSetCount>},
+    {&texts::exportCorrectedSets, [] { return NumberText(App().Evaluation.lCorrectedRows); }},
+    {&texts::exportWindow, TimeWindowText},
 };
 
 constexpr ExportItem kMachineItems[] = {
-    {&T::exportMachineKind, MachineKind},
-    {&T::exportMachineRemark, OfMachine<&R::Hersteller>},
-    {&T::exportPmech, OfMachine<&R::Pmech, kPerKilo>, &T::exportUnitKilowatt},
-    {&T::exportU, OfMachine<&R::U>, &T::exportUnitVolt},
-    {&T::exportI, OfMachine<&R::I>, &T::exportUnitAmpere},
-    {&T::exportF, OfMachine<&R::f>, &T::exportUnitHertz},
-    {&T::exportN, OfMachine<&R::n>, &T::exportUnitRpm},
-    {&T::exportM, OfMachine<&R::M>, &T::exportUnitNewtonMetre},
-    {&T::exportCosphi, OfMachine<&R::cosphi>},
-    {&T::exportEta, OfMachine<&R::eta>},
-    {&T::exportPo, OfMachine<&R::Po, kPerKilo>, &T::exportUnitKilowatt},
-    {&T::exportUo, OfMachine<&R::Uo>, &T::exportUnitVolt},
-    {&T::exportIo, OfMachine<&R::Io>, &T::exportUnitAmpere},
-    {&T::exportFo, OfMachine<&R::fo>, &T::exportUnitHertz},
-    {&T::exportPolePairs, PolePairs},
-    {&T::exportConnection, OfMachine<&R::Schaltungsart>},
-    {&T::exportResistance, OfMachine<&R::Rs>, &T::exportUnitOhm},
-    {&T::exportStallRatio, OfMachine<&R::Mkipp_Mn>},
-    {&T::exportThermalTime, OfMachine<&R::Tth, kSecondsPerMinute>, &T::exportUnitMinute},
-    {&T::exportInsulation, OfMachine<&R::I_CL>},
-    {&T::exportMass, OfMachine<&R::Masse>, &T::exportUnitKilogram},
-    {&T::exportFriction, Friction},
+    {&texts::exportMachineKind, MachineKind},
+    {&texts::exportMachineRemark, OfMachine<&R::Hersteller>},
+    {&texts::exportPmech, OfMachine<&R::Pmech, kPerKilo>, &texts::exportUnitKilowatt},
+    {&texts::exportU, OfMachine<&R::U>, &texts::exportUnitVolt},
+    {&texts::exportI, OfMachine<&R::I>, &texts::exportUnitAmpere},
+    {&texts::exportF, OfMachine<&R::f>, &texts::exportUnitHertz},
+    {&texts::exportN, OfMachine<&R::n>, &texts::exportUnitRpm},
+    {&texts::exportM, OfMachine<&R::M>, &texts::exportUnitNewtonMetre},
+    {&texts::exportCosphi, OfMachine<&R::cosphi>},
+    {&texts::exportEta, OfMachine<&R::eta>},
+    {&texts::exportPo, OfMachine<&R::Po, kPerKilo>, &texts::exportUnitKilowatt},
+    {&texts::exportUo, OfMachine<&R::Uo>, &texts::exportUnitVolt},
+    {&texts::exportIo, OfMachine<&R::Io>, &texts::exportUnitAmpere},
+    {&texts::exportFo, OfMachine<&R::fo>, &texts::exportUnitHertz},
+    {&texts::exportPolePairs, PolePairs},
+    {&texts::exportConnection, OfMachine<&R::Schaltungsart>},
+    {&texts::exportResistance, OfMachine<&R::Rs>, &texts::exportUnitOhm},
+    {&texts::exportStallRatio, OfMachine<&R::Mkipp_Mn>},
+    {&texts::exportThermalTime, OfMachine<&R::Tth, kSecondsPerMinute>, &texts::exportUnitMinute},
+    {&texts::exportInsulation, OfMachine<&R::I_CL>},
+    {&texts::exportMass, OfMachine<&R::Masse>, &texts::exportUnitKilogram},
+    {&texts::exportFriction, Friction},
 };
 
 } // namespace

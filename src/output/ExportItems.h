@@ -12,9 +12,9 @@ namespace korvanel {
 
 struct ExportItem
 {
-    TextMember label;
-    QString (*value)();        ///< of the block, in local formats; empty if it is not known
-    TextMember unit = nullptr; ///< none
+    TextRef label;
+    QString (*value)();     ///< of the block, in local formats; empty if it is not known
+    TextRef unit = nullptr; ///< none
 };
 
 /// The project: its header, the recording and how it was made.

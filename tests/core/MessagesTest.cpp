@@ -1,5 +1,6 @@
 // The message shell: each box with its title, icon and buttons, and what an answer does to the block.
 #include "core/Messages.h"
+#include "core/texts/Default.h"
 
 #include "support/Fixture.h"
 
@@ -218,8 +219,8 @@ TEST_F(MessagesTest, RunGuarded_ReportsWhatEscapes)
 
 TEST_F(MessagesTest, Boxes_FollowTheTextTable)
 {
-    Texts().titleError = "Error";
-    Texts().badFormat = "Bad format:";
+    texts::titleError = "Error";
+    texts::badFormat = "Bad format:";
     ShowBadFormat("x");
     ExpectBox("Error", "Bad format:\nx", BoxIcon::Exclamation, BoxButtons::Ok);
 }

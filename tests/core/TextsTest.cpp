@@ -1,7 +1,18 @@
 // The table of texts: its numbering, and the German texts to the letter.
 #include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/Dialogues.h"
+#include "core/texts/FormF1.h"
+#include "core/texts/FormF10.h"
+#include "core/texts/FormF2.h"
+#include "core/texts/FormF3.h"
+#include "core/texts/FormH3.h"
+#include "core/texts/FormH5.h"
+#include "core/texts/FormH7.h"
+#include "core/texts/Main.h"
 
 #include "support/Fixture.h"
+#include "support/TestPaths.h"
 
 #include <set>
 #include <string>
@@ -12,7 +23,7 @@ namespace {
 
 struct Quoted
 {
-    TextMember text;
+    TextRef text;
     const char* german;
 };
 
@@ -26,38 +37,50 @@ protected:
     }
 };
 
-using T = TextTable;
-
 } // namespace
 
 TEST_F(TextsTest, EveryText_HasItsOwnSectionAndNumber)
 {
     std::set<std::pair<std::string, int>> places;
-    for (const TextEntry& entry : TextEntries())
-        EXPECT_TRUE(places.emplace(SectionName(entry.section), entry.number).second)
-            << SectionName(entry.section) << ' ' << entry.number << ": " << entry.german;
+    for (const TextSection& section : TextSections())
+        for (const TextLine& line : section.lines)
+            EXPECT_TRUE(places.emplace(section.name, line.number).second)
+                << section.name << ' ' << line.number << ": " << line.german;
 }
 
 TEST_F(TextsTest, EveryText_HasANumberOfThreeDigitsFromOneOn)
 {
-    for (const TextEntry& entry : TextEntries()) {
-        EXPECT_GE(entry.number, 1) << entry.german;
-        EXPECT_LE(entry.number, 999) << entry.german;
-    }
+    for (const TextSection& section : TextSections())
+        for (const TextLine& line : section.lines) {
+            EXPECT_GE(line.number, 1) << line.german;
+            EXPECT_LE(line.number, 999) << line.german;
+        }
 }
 
 TEST_F(TextsTest, EveryText_HasAGermanDefault)
 {
-    for (const TextEntry& entry : TextEntries())
-        EXPECT_FALSE(QString(entry.german).trimmed().isEmpty()) << SectionName(entry.section) << ' ' << entry.number;
+    for (const TextSection& section : TextSections())
+        for (const TextLine& line : section.lines)
+            EXPECT_FALSE(QString(line.german).trimmed().isEmpty()) << section.name << ' ' << line.number;
 }
 
 TEST_F(TextsTest, EveryText_IsVariableOfOneEntryOnly)
 {
     std::set<const QString*> variables;
-    for (const TextEntry& entry : TextEntries())
-        EXPECT_TRUE(variables.insert(&(Texts().*entry.variable)).second) << entry.german;
-    EXPECT_EQ(variables.size() * sizeof(QString), sizeof(TextTable)); // and no variable is without an entry
+    for (const TextSection& section : TextSections())
+        for (const TextLine& line : section.lines)
+            EXPECT_TRUE(variables.insert(line.variable).second) << line.german;
+}
+
+/// A file of texts that no section of the table takes in would declare variables that nobody ever fills.
+TEST_F(TextsTest, EveryFileOfTexts_IsASectionOfTheTable)
+{
+    const QStringList files = QDir(QStringLiteral(KORVANEL_SOURCES "/core/texts")).entryList({QStringLiteral("*.inc")});
+    EXPECT_EQ(static_cast<std::size_t>(files.size()), TextSections().size());
+    for (const QString& file : files)
+        EXPECT_TRUE(
+            QFileInfo::exists(QStringLiteral(KORVANEL_SOURCES "/core/texts/") + file.chopped(4) + QStringLiteral(".h")))
+            << file.toStdString();
 }
 
 TEST_F(TextsTest, EverySection_IsOneThatALanguageFileHas)
@@ -66,33 +89,36 @@ TEST_F(TextsTest, EverySection_IsOneThatALanguageFileHas)
                                "FORMF3",  "FORMF4",  "FORMF5",      "FORMF6",    "FORMF8",       "FORMF9",  "FORMF10",
                                "FORMH3",  "FORMH5",  "FORMH6",      "FORMH7",    "FORMH9",       "FORMH10", "FORMH11",
                                "FORMH12", "FORMH13", "FORMH14",     "FORMH15",   "FORMH16",      "FORMH17"};
-    for (const TextEntry& entry : TextEntries())
-        EXPECT_TRUE(sections.contains(SectionName(entry.section))) << SectionName(entry.section);
+    for (const TextSection& section : TextSections())
+        EXPECT_TRUE(sections.contains(section.name)) << section.name;
 }
 
 TEST_F(TextsTest, SetBuiltInTexts_SetsEveryTextToItsDefault)
 {
-    Texts() = TextTable();
+    for (const TextSection& section : TextSections())
+        for (const TextLine& line : section.lines)
+            line.variable->clear();
     SetBuiltInTexts();
-    for (const TextEntry& entry : TextEntries())
-        EXPECT_EQ(TextOf(entry.variable), entry.german);
+    for (const TextSection& section : TextSections())
+        for (const TextLine& line : section.lines)
+            EXPECT_EQ(*line.variable, line.german);
 }
 
 TEST_F(TextsTest, Messages_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::titleError, "Fehlermeldung"},
-        {&T::titleInformation, "Information"},
-        {&T::titleAttention, "Achtung"},
-        {&T::badFormat, "Ungültiges Dateiformat:"},
-        {&T::notFound, "Konnte Pfad/Datei nicht finden: "},
-        {&T::reallyDelete, "Datei wirklich löschen?"},
-        {&T::reallyOverwrite, "Überschreiben der Datei"},
-        {&T::numberRange, "Der eingegebene Wert muss sich\nzwischen # und # befinden."},
-        {&T::languageChange, "Die Änderung der Sprache tritt erst beim nächsten Programmstart in Kraft.\n"
-                             "Möchten sie jetzt einen Neustart von KORVANEL durchführen?"},
-        {&T::noMachineChosen, "Sie haben keine bzw. eine für die Messreihe ungültige Asynchron-Maschine aus der "
-                              "Datenbank gewählt."},
+        {&texts::titleError, "Fehlermeldung"},
+        {&texts::titleInformation, "Information"},
+        {&texts::titleAttention, "Achtung"},
+        {&texts::badFormat, "Ungültiges Dateiformat:"},
+        {&texts::notFound, "Konnte Pfad/Datei nicht finden: "},
+        {&texts::reallyDelete, "Datei wirklich löschen?"},
+        {&texts::reallyOverwrite, "Überschreiben der Datei"},
+        {&texts::numberRange, "Der eingegebene Wert muss sich\nzwischen # und # befinden."},
+        {&texts::languageChange, "Die Änderung der Sprache tritt erst beim nächsten Programmstart in Kraft.\n"
+                                 "Möchten sie jetzt einen Neustart von KORVANEL durchführen?"},
+        {&texts::noMachineChosen, "Sie haben keine bzw. eine für die Messreihe ungültige Asynchron-Maschine aus der "
+                                  "Datenbank gewählt."},
     };
     Expect(quoted);
 }
@@ -100,62 +126,62 @@ TEST_F(TextsTest, Messages_ToTheLetter)
 TEST_F(TextsTest, ProjectTexts_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::defaultProjectName, "Neues Projekt"},
-        {&T::defaultCompany, "Ihre Firma"},
-        {&T::defaultEditor, "Ihr Name"},
-        {&T::defaultDescription, "Hersteller:\nStandort:\nEinbaulage:\nweitere Angaben:"},
-        {&T::titleNewProject, "Neues Projekt erstellen unter"},
-        {&T::titleOpen, "Öffnen"},
-        {&T::titleSaveAs, "Speichern unter"},
-        {&T::titleDelete, "Löschen"},
-        {&T::filterDelete, "KORVANEL Projekte (*.MDB)|*.MDB|KVL Projekte (*.KVL)|*.KVL|"},
-        {&T::noFileChosen, "Keine Datei ausgewählt!"},
-        {&T::oldFileVersion, "Ungültige Dateiversion! Möglicherweise wurde die Datei in VELDRIK erstellt.\n"
-                             "Benutzen Sie hierzu die Konvertierungsfunktion im Menüpunkt 'Optionen'."},
-        {&T::saveChanges, "Möchten Sie Änderungen am aktuellen Projekt speichern?"},
-        {&T::titleSaveProject, "Aktuelles Projekt sichern"},
-        {&T::labelCreated, "Erstellt am:"},
-        {&T::labelSaved, "Gesichert am:"},
-        {&T::currentProject, "Aktuelles Projekt:"},
+        {&texts::defaultProjectName, "Neues Projekt"},
+        {&texts::defaultCompany, "Ihre Firma"},
+        {&texts::defaultEditor, "Ihr Name"},
+        {&texts::defaultDescription, "Hersteller:\nStandort:\nEinbaulage:\nweitere Angaben:"},
+        {&texts::titleNewProject, "Neues Projekt erstellen unter"},
+        {&texts::titleOpen, "Öffnen"},
+        {&texts::titleSaveAs, "Speichern unter"},
+        {&texts::titleDelete, "Löschen"},
+        {&texts::filterDelete, "KORVANEL Projekte (*.MDB)|*.MDB|KVL Projekte (*.KVL)|*.KVL|"},
+        {&texts::noFileChosen, "Keine Datei ausgewählt!"},
+        {&texts::oldFileVersion, "Ungültige Dateiversion! Möglicherweise wurde die Datei in VELDRIK erstellt.\n"
+                                 "Benutzen Sie hierzu die Konvertierungsfunktion im Menüpunkt 'Optionen'."},
+        {&texts::saveChanges, "Möchten Sie Änderungen am aktuellen Projekt speichern?"},
+        {&texts::titleSaveProject, "Aktuelles Projekt sichern"},
+        {&texts::labelCreated, "Erstellt am:"},
+        {&texts::labelSaved, "Gesichert am:"},
+        {&texts::currentProject, "Aktuelles Projekt:"},
     };
     Expect(quoted);
-    EXPECT_EQ(QString(Texts().saveUnderOtherName).remove('&'), "Unter anderem Namen speichern");
+    EXPECT_EQ(QString(texts::saveUnderOtherName).remove('&'), "Unter anderem Namen speichern");
 }
 
 TEST_F(TextsTest, Menu_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::mnuFile, "&Datei"},
-        {&T::mnuNew, "&Neu"},
-        {&T::mnuOpen, "Ö&ffnen"},
-        {&T::mnuSave, "&Speichern"},
-        {&T::mnuSaveAs, "Speichern &unter"},
-        {&T::mnuClose, "S&chließen"},
-        {&T::mnuPrint, "&Drucken"},
-        {&T::mnuDelete, "&Löschen"},
-        {&T::mnuEnd, "&Beenden"},
-        {&T::mnuProjectData, "&Projekt"},
-        {&T::mnuGeneralData, "Allgemeine &Daten"},
-        {&T::mnuConfiguration, "Netz - &Konfiguration"},
-        {&T::mnuEngine, "Motor/&Generator"},
-        {&T::mnuDatabase, "Daten&bank"},
-        {&T::mnuDevice, "&Messen/Auswerten"},
-        {&T::mnuDeviceConf, "&Konfiguration"},
-        {&T::mnuOnlineDevice, "Messen über &Schnittstelle"},
-        {&T::mnuOfflineDevice, "Messwert&editor"},
-        {&T::mnuResTable, "Auswertung &tabellarisch"},
-        {&T::mnuResGraph, "Auswertung &grafisch"},
-        {&T::mnuResPrint, "Auswertung &drucken"},
-        {&T::mnuoptions, "&Optionen"},
-        {&T::mnuModbus, "&MODBUS Adresse..."},
-        {&T::mnuDatabaseOpt, "&Datenbank..."},
-        {&T::mnuConvert, "&Dateikonvertierung..."},
-        {&T::mnuLang, "&Sprache"},
-        {&T::mnuHelp, "&?"},
-        {&T::mnuBook, "N&achschlagen"},
-        {&T::mnuInternet, "&Internet"},
-        {&T::mnuInfo, "I&nfo"},
-        {&T::manualFile, "Documentation_deu.pdf"},
+        {&texts::mnuFile, "&Datei"},
+        {&texts::mnuNew, "&Neu"},
+        {&texts::mnuOpen, "Ö&ffnen"},
+        {&texts::mnuSave, "&Speichern"},
+        {&texts::mnuSaveAs, "Speichern &unter"},
+        {&texts::mnuClose, "S&chließen"},
+        {&texts::mnuPrint, "&Drucken"},
+        {&texts::mnuDelete, "&Löschen"},
+        {&texts::mnuEnd, "&Beenden"},
+        {&texts::mnuProjectData, "&Projekt"},
+        {&texts::mnuGeneralData, "Allgemeine &Daten"},
+        {&texts::mnuConfiguration, "Netz - &Konfiguration"},
+        {&texts::mnuEngine, "Motor/&Generator"},
+        {&texts::mnuDatabase, "Daten&bank"},
+        {&texts::mnuDevice, "&Messen/Auswerten"},
+        {&texts::mnuDeviceConf, "&Konfiguration"},
+        {&texts::mnuOnlineDevice, "Messen über &Schnittstelle"},
+        {&texts::mnuOfflineDevice, "Messwert&editor"},
+        {&texts::mnuResTable, "Auswertung &tabellarisch"},
+        {&texts::mnuResGraph, "Auswertung &grafisch"},
+        {&texts::mnuResPrint, "Auswertung &drucken"},
+        {&texts::mnuoptions, "&Optionen"},
+        {&texts::mnuModbus, "&MODBUS Adresse..."},
+        {&texts::mnuDatabaseOpt, "&Datenbank..."},
+        {&texts::mnuConvert, "&Dateikonvertierung..."},
+        {&texts::mnuLang, "&Sprache"},
+        {&texts::mnuHelp, "&?"},
+        {&texts::mnuBook, "N&achschlagen"},
+        {&texts::mnuInternet, "&Internet"},
+        {&texts::mnuInfo, "I&nfo"},
+        {&texts::manualFile, "Documentation_deu.pdf"},
     };
     Expect(quoted);
 }
@@ -163,13 +189,13 @@ TEST_F(TextsTest, Menu_ToTheLetter)
 TEST_F(TextsTest, ColumnOrder_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::columnOrderTitle, "Reihenfolge ändern"},
-        {&T::columnMethod, "Methode"},
-        {&T::columnModel, "Modell"},
-        {&T::columnTimeStamp, "Zeitstempel"},
-        {&T::columnTime, "t Sample"},
-        {&T::buttonOk, "OK"},
-        {&T::buttonCancel, "Abbrechen"},
+        {&texts::columnOrderTitle, "Reihenfolge ändern"},
+        {&texts::columnMethod, "Methode"},
+        {&texts::columnModel, "Modell"},
+        {&texts::columnTimeStamp, "Zeitstempel"},
+        {&texts::columnTime, "t Sample"},
+        {&texts::buttonOk, "OK"},
+        {&texts::buttonCancel, "Abbrechen"},
     };
     Expect(quoted);
 }
@@ -177,21 +203,21 @@ TEST_F(TextsTest, ColumnOrder_ToTheLetter)
 TEST_F(TextsTest, NetConfiguration_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::tabSinglePhase, "1-Phasen-Netz"},
-        {&T::tabThreePhase, "3-Phasen-Netz"},
-        {&T::tabMachine, "Asynchronmaschine"},
-        {&T::tabVoltage, "3-Phasen-Spannungsmessung"},
-        {&T::noteNotAllDevices, "* nicht bei allen Messgeräten verfügbar"},
-        {&T::measuredQuantities, "Gemessene Größen:"},
-        {&T::calculatedQuantities, "Berechnete Größen:"},
-        {&T::changeDeletesValues, "Durch diese Änderung werden die bereits aufgezeichneten Messwerte gelöscht.\n"
-                                  "Fortfahren?"},
-        {&T::wiringName, "Bezeichnung:"},
-        {&T::wiringNet, "Netz:"},
-        {&T::wiringVoltage, "U-Messung:"},
-        {&T::wiringCurrent, "I-Messung:"},
-        {&T::wiringPower, "P-Messung:"},
-        {&T::wiringL2L3, "L2-L3"},
+        {&texts::tabSinglePhase, "1-Phasen-Netz"},
+        {&texts::tabThreePhase, "3-Phasen-Netz"},
+        {&texts::tabMachine, "Asynchronmaschine"},
+        {&texts::tabVoltage, "3-Phasen-Spannungsmessung"},
+        {&texts::noteNotAllDevices, "* nicht bei allen Messgeräten verfügbar"},
+        {&texts::measuredQuantities, "Gemessene Größen:"},
+        {&texts::calculatedQuantities, "Berechnete Größen:"},
+        {&texts::changeDeletesValues, "Durch diese Änderung werden die bereits aufgezeichneten Messwerte gelöscht.\n"
+                                      "Fortfahren?"},
+        {&texts::wiringName, "Bezeichnung:"},
+        {&texts::wiringNet, "Netz:"},
+        {&texts::wiringVoltage, "U-Messung:"},
+        {&texts::wiringCurrent, "I-Messung:"},
+        {&texts::wiringPower, "P-Messung:"},
+        {&texts::wiringL2L3, "L2-L3"},
     };
     Expect(quoted);
 }
@@ -199,13 +225,13 @@ TEST_F(TextsTest, NetConfiguration_ToTheLetter)
 TEST_F(TextsTest, MeasuringConfiguration_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::titlePage3, "Messgerät - Konfiguration"},
-        {&T::buttonDiagnosis, "Selbst&diagnose"},
-        {&T::labelBeat, "Akustischer Takt:"},
-        {&T::buttonReadTransformers, "Von Messgerät lesen"},
-        {&T::buttonWriteTransformers, "In Messgerät speichern"},
-        {&T::buttonResetCounters, "Zähler zurücksetzen"},
-        {&T::wiringTitle, "Schaltung"},
+        {&texts::titlePage3, "Messgerät - Konfiguration"},
+        {&texts::buttonDiagnosis, "Selbst&diagnose"},
+        {&texts::labelBeat, "Akustischer Takt:"},
+        {&texts::buttonReadTransformers, "Von Messgerät lesen"},
+        {&texts::buttonWriteTransformers, "In Messgerät speichern"},
+        {&texts::buttonResetCounters, "Zähler zurücksetzen"},
+        {&texts::wiringTitle, "Schaltung"},
     };
     Expect(quoted);
 }
@@ -213,41 +239,41 @@ TEST_F(TextsTest, MeasuringConfiguration_ToTheLetter)
 TEST_F(TextsTest, MachinePage_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::titlePage10, "Motor/Generator - Datenbank"},
-        {&T::machineKnown, "bekannt"},
-        {&T::machineGroupRating, "Bemessungsgrößen (S1-Betrieb)"},
-        {&T::machinePmech, "Pmech [kW]:"},
-        {&T::machineU, "U [V]:"},
-        {&T::machineF, "f [Hz]:"},
-        {&T::machineN, "n [rpm]:"},
-        {&T::machineI, "I [A]:"},
-        {&T::machineCosphi, "cosphi:"},
-        {&T::machinePo, "Po [kW]:"},
-        {&T::machineUo, "Uo [V]:"},
-        {&T::machineIo, "Io [A]:"},
-        {&T::machineFo, "fo [Hz]:"},
-        {&T::machineRs, "R [Ohm]:"},
-        {&T::machineStallRatio, "Mmax/Mn:"},
-        {&T::machineTth, "Tth [min]:"},
-        {&T::machineMass, "m [kg]:"},
-        {&T::machineOnline, "Über Schnittstelle ermitteln"},
-        {&T::noLoadStart, "Leerlaufdaten ermitteln"},
-        {&T::noLoadStop, "Messung beenden"},
-        {&T::machineGroupPolePairs, "Polpaarzahl"},
-        {&T::machineGroupConnection, "Schaltungsart"},
-        {&T::machineGroupRs, "Ständerwiderstand"},
-        {&T::machineGroupStallRatio, "Kipp-/Nennmoment"},
-        {&T::machineGroupTth, "Erwärmungszeitkonstante"},
-        {&T::machineGroupInsulation, "Wärmebeständigkeitsklasse"},
-        {&T::machineGroupMass, "Gewicht"},
-        {&T::machineGroupFriction, "Inneres Reibmoment"},
-        {&T::machineFrictionZero, "gegen Null setzen"},
-        {&T::machineComment, "Bemerkungen:"},
-        {&T::machineLeast, "Es muss mindestens eine Maschine vorhanden sein."},
-        {&T::machineReallyDelete, "Wollen Sie diesen Motor/Generator wirklich löschen?"},
-        {&T::machineDuplicate, "Es existiert bereits ein Satz mit gleichen Angaben.\n"
-                               "Ändern Sie die Angabe unter Bemerkungen, um sie dennoch aufzunehmen."},
-        {&T::searchNothing, "Keine Datensätze gefunden!"},
+        {&texts::titlePage10, "Motor/Generator - Datenbank"},
+        {&texts::machineKnown, "bekannt"},
+        {&texts::machineGroupRating, "Bemessungsgrößen (S1-Betrieb)"},
+        {&texts::machinePmech, "Pmech [kW]:"},
+        {&texts::machineU, "U [V]:"},
+        {&texts::machineF, "f [Hz]:"},
+        {&texts::machineN, "n [rpm]:"},
+        {&texts::machineI, "I [A]:"},
+        {&texts::machineCosphi, "cosphi:"},
+        {&texts::machinePo, "Po [kW]:"},
+        {&texts::machineUo, "Uo [V]:"},
+        {&texts::machineIo, "Io [A]:"},
+        {&texts::machineFo, "fo [Hz]:"},
+        {&texts::machineRs, "R [Ohm]:"},
+        {&texts::machineStallRatio, "Mmax/Mn:"},
+        {&texts::machineTth, "Tth [min]:"},
+        {&texts::machineMass, "m [kg]:"},
+        {&texts::machineOnline, "Über Schnittstelle ermitteln"},
+        {&texts::noLoadStart, "Leerlaufdaten ermitteln"},
+        {&texts::noLoadStop, "Messung beenden"},
+        {&texts::machineGroupPolePairs, "Polpaarzahl"},
+        {&texts::machineGroupConnection, "Schaltungsart"},
+        {&texts::machineGroupRs, "Ständerwiderstand"},
+        {&texts::machineGroupStallRatio, "Kipp-/Nennmoment"},
+        {&texts::machineGroupTth, "Erwärmungszeitkonstante"},
+        {&texts::machineGroupInsulation, "Wärmebeständigkeitsklasse"},
+        {&texts::machineGroupMass, "Gewicht"},
+        {&texts::machineGroupFriction, "Inneres Reibmoment"},
+        {&texts::machineFrictionZero, "gegen Null setzen"},
+        {&texts::machineComment, "Bemerkungen:"},
+        {&texts::machineLeast, "Es muss mindestens eine Maschine vorhanden sein."},
+        {&texts::machineReallyDelete, "Wollen Sie diesen Motor/Generator wirklich löschen?"},
+        {&texts::machineDuplicate, "Es existiert bereits ein Satz mit gleichen Angaben.\n"
+                                   "Ändern Sie die Angabe unter Bemerkungen, um sie dennoch aufzunehmen."},
+        {&texts::searchNothing, "Keine Datensätze gefunden!"},
     };
     Expect(quoted);
 }
@@ -255,22 +281,23 @@ TEST_F(TextsTest, MachinePage_ToTheLetter)
 TEST_F(TextsTest, AddressSearch_ToTheLetter)
 {
     const Quoted quoted[] = {
-        {&T::modbusTitle, "MODBUS Geräteadresse"},
-        {&T::modbusEnterAddress, "Bitte wählen Sie ein Messgerät, geben dessen Adresse ein und drücken 'Überprüfung'"},
-        {&T::modbusEnterInterval,
+        {&texts::modbusTitle, "MODBUS Geräteadresse"},
+        {&texts::modbusEnterAddress,
+         "Bitte wählen Sie ein Messgerät, geben dessen Adresse ein und drücken 'Überprüfung'"},
+        {&texts::modbusEnterInterval,
          "Bitte wählen Sie ein Messgerät, setzen ein Suchintervall fest und drücken 'Suche starten'"},
-        {&T::modbusTest, "Überprüfung"},
-        {&T::modbusSearch, "Suche starten"},
-        {&T::modbusUnknownDevice, "Unbekanntes Messgerät"},
-        {&T::modbusAddressRange, "Die Adresse darf nur zwischen 1 und 247 liegen."},
-        {&T::modbusIntervalRange, "Das Interval darf nur zwischen 1 und 247 liegen."},
-        {&T::modbusTesting, "Prüfe Adresse # ..."},
-        {&T::modbusNotFound, "Messgerät nicht gefunden!"},
-        {&T::modbusOtherAddress, "Bitte versuchen Sie eine andere Adresse."},
-        {&T::modbusOtherInterval, "Bitte versuchen Sie ein anderes Intervall."},
-        {&T::modbusFound, "Messgerät gefunden"},
-        {&T::modbusFirstFound, "1. gefundene Geräteadresse ist: "},
-        {&T::modbusPressOk, "Um den Vorgang abzuschließen drücken Sie 'OK'"},
+        {&texts::modbusTest, "Überprüfung"},
+        {&texts::modbusSearch, "Suche starten"},
+        {&texts::modbusUnknownDevice, "Unbekanntes Messgerät"},
+        {&texts::modbusAddressRange, "Die Adresse darf nur zwischen 1 und 247 liegen."},
+        {&texts::modbusIntervalRange, "Das Interval darf nur zwischen 1 und 247 liegen."},
+        {&texts::modbusTesting, "Prüfe Adresse # ..."},
+        {&texts::modbusNotFound, "Messgerät nicht gefunden!"},
+        {&texts::modbusOtherAddress, "Bitte versuchen Sie eine andere Adresse."},
+        {&texts::modbusOtherInterval, "Bitte versuchen Sie ein anderes Intervall."},
+        {&texts::modbusFound, "Messgerät gefunden"},
+        {&texts::modbusFirstFound, "1. gefundene Geräteadresse ist: "},
+        {&texts::modbusPressOk, "Um den Vorgang abzuschließen drücken Sie 'OK'"},
     };
     Expect(quoted);
 }

@@ -4,9 +4,9 @@
 #include "core/Common.h"
 #include "core/ProjectDb.h"
 #include "core/Texts.h"
-#include "core/project/ProjectStore.h"
 #include "data/FileManaging.h"
 #include "data/ValueTables.h"
+#include "project/ProjectStore.h"
 #include "support/RecordingShell.h"
 
 #include <QCoreApplication>

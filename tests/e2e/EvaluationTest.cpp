@@ -1,6 +1,6 @@
 // A recorded cycle in the real program: evaluated on entering the page, shown on every tab, written through the button.
 #include "e2e/RecordingFixture.h"
-#include "machine/MotorDatabase.h"
+#include "motors/MotorDatabase.h"
 #include "support/ProjectFixture.h"
 #include "support/WorkedExample.h"
 

@@ -1,6 +1,6 @@
 // Options and intervals that no dialog would let pass, as they may stand in the settings or in a project file.
-#include "core/project/ProjectCommands.h"
 #include "evaluation/HostileEvaluationFixture.h"
+#include "project/ProjectCommands.h"
 
 #include <limits>
 

@@ -2,6 +2,7 @@
 #include "instruments/QuantityLists.h"
 
 #include "core/Quantities.h"
+#include "core/texts/ValueNames.h"
 #include "support/Fixture.h"
 
 #include <stdexcept>
@@ -73,8 +74,8 @@ TEST_F(QuantityListsTest, CalculatedList_OfTheVoltageMeasurementIsEmpty)
 
 TEST_F(QuantityListsTest, Lists_TakeNamesFromTheTextTableAndKeepTheSymbols)
 {
-    Texts().nameVoltage = "Voltage";
-    Texts().suffixMean = " (mean)";
+    texts::nameVoltage = "Voltage";
+    texts::suffixMean = " (mean)";
     EXPECT_EQ(MeasuredList(6), "Voltage (mean) - U\nFrequenz - f");
 }
 

@@ -3,6 +3,9 @@
 
 #include "core/SettingsStore.h"
 #include "core/clsProgSettings.h"
+#include "core/texts/Default.h"
+#include "core/texts/Main.h"
+#include "core/texts/ValueNames.h"
 #include "support/Fixture.h"
 
 #include <memory>
@@ -45,8 +48,9 @@ protected:
     }
     static void ExpectBuiltInTexts()
     {
-        for (const TextEntry& entry : TextEntries())
-            EXPECT_EQ(TextOf(entry.variable), entry.german);
+        for (const TextSection& section : TextSections())
+            for (const TextLine& line : section.lines)
+                EXPECT_EQ(*line.variable, line.german);
     }
 
     std::unique_ptr<clsProgSettings> settings;
@@ -104,7 +108,7 @@ TEST_F(LangManagingTest, FindLanguages_OffersAFileThatIsBrokenFurtherOn)
 
 TEST_F(LangManagingTest, LoadLanguage_OfStandardSetsTheBuiltInTexts)
 {
-    Texts().mnuFile = "changed";
+    texts::mnuFile = "changed";
     const Languages languages = LoadLanguage();
     ExpectBuiltInTexts();
     EXPECT_EQ(languages.LangNames, QStringList{"standard"});
@@ -117,9 +121,9 @@ TEST_F(LangManagingTest, LoadLanguage_ReadsTheSectionsOverTheBuiltInTexts)
     WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=2\n001 &File\n002 &New\n[DEFAULT]\nsize=1\n001 Error\n");
     UseLanguage("eng.lng");
     const Languages languages = LoadLanguage();
-    EXPECT_EQ(Texts().mnuFile, "&File");
-    EXPECT_EQ(Texts().mnuNew, "&New");
-    EXPECT_EQ(Texts().titleError, "Error");
+    EXPECT_EQ(texts::mnuFile, "&File");
+    EXPECT_EQ(texts::mnuNew, "&New");
+    EXPECT_EQ(texts::titleError, "Error");
     EXPECT_TRUE(shell.boxes.empty());
     EXPECT_EQ(SavedLanguage(), "eng.lng");
     EXPECT_EQ(languages.LangFiles, (QStringList{"standard", "eng.lng"}));
@@ -130,7 +134,7 @@ TEST_F(LangManagingTest, LoadLanguage_EntryWithADoubledTildeHasTwoLines)
     WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=1\n001 one~~two\n");
     UseLanguage("eng.lng");
     LoadLanguage();
-    EXPECT_EQ(Texts().mnuFile, "one\ntwo");
+    EXPECT_EQ(texts::mnuFile, "one\ntwo");
 }
 
 TEST_F(LangManagingTest, LoadLanguage_AMissingSectionKeepsTheBuiltInTexts)
@@ -138,8 +142,8 @@ TEST_F(LangManagingTest, LoadLanguage_AMissingSectionKeepsTheBuiltInTexts)
     WriteLanguage("eng.lng", "lang=English\n[DEFAULT]\nsize=1\n001 Error\n");
     UseLanguage("eng.lng");
     LoadLanguage();
-    EXPECT_EQ(Texts().mnuFile, "&Datei");
-    EXPECT_EQ(Texts().nameVoltage, "Spannung");
+    EXPECT_EQ(texts::mnuFile, "&Datei");
+    EXPECT_EQ(texts::nameVoltage, "Spannung");
 }
 
 TEST_F(LangManagingTest, LoadLanguage_ASectionThatIsTooShortLeavesEmptyCaptions)
@@ -147,7 +151,7 @@ TEST_F(LangManagingTest, LoadLanguage_ASectionThatIsTooShortLeavesEmptyCaptions)
     WriteLanguage("eng.lng", "lang=English\n[MAIN]\nsize=1\n001 &File\n");
     UseLanguage("eng.lng");
     LoadLanguage();
-    EXPECT_EQ(Texts().mnuNew, "");
+    EXPECT_EQ(texts::mnuNew, "");
     EXPECT_TRUE(shell.boxes.empty());
 }
 
@@ -159,8 +163,8 @@ TEST_F(LangManagingTest, LoadLanguage_ForeignSectionsAndSurplusEntriesAreHarmles
     WriteLanguage("eng.lng", content);
     UseLanguage("eng.lng");
     LoadLanguage();
-    EXPECT_EQ(Texts().mnuFile, "text 001");
-    EXPECT_EQ(Texts().titleError, "Fehlermeldung");
+    EXPECT_EQ(texts::mnuFile, "text 001");
+    EXPECT_EQ(texts::titleError, "Fehlermeldung");
     EXPECT_TRUE(shell.boxes.empty());
 }
 

@@ -5,7 +5,7 @@
 #include "core/Clock.h"
 #include "core/Common.h"
 #include "core/Texts.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsSymbols.h"
 #include "support/RecordingShell.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // A motor database in the test's own folder, made with plain SQL, and machines to put into it.
 #pragma once
 
-#include "machine/MotorDatabase.h"
+#include "motors/MotorDatabase.h"
 #include "support/ProjectFixture.h"
 
 namespace korvanel::test {

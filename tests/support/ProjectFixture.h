@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/ProjectDb.h"
-#include "core/project/ProjectStore.h"
+#include "project/ProjectStore.h"
 #include "support/Fixture.h"
 
 #include <SQLiteCpp/Database.h>

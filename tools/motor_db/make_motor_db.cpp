@@ -1,9 +1,9 @@
 // Makes the motor database that stands beside the executable.
 //   make_motor_db PATH
 #include "core/TableDb.h"
-#include "machine/MotorColumns.h"
-#include "machine/MotorDatabase.h"
 #include "motor_db/MotorTables.h"
+#include "motors/MotorColumns.h"
+#include "motors/MotorDatabase.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "core/window/DialogButtons.h"
 
 #include "core/Messages.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <QDialog>
 #include <QHBoxLayout>
@@ -17,7 +17,7 @@ DialogButtons BuildDialogButtons(QDialog& dialog, const char* aheadName, const Q
     ahead->setDefault(true);
     QObject::connect(ahead, &QPushButton::clicked, &dialog,
                      [&dialog, goAhead] { RunGuarded(dialog.objectName(), goAhead); });
-    auto* cancel = new QPushButton(Texts().buttonCancel);
+    auto* cancel = new QPushButton(texts::buttonCancel);
     cancel->setObjectName(QLatin1String(cancelName));
     cancel->setAutoDefault(false);
     QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);

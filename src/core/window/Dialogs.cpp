@@ -2,6 +2,8 @@
 
 #include "core/Paths.h"
 #include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/Dialogues.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -21,14 +23,14 @@ struct BoxButton
 {
     Answer answer;
     QMessageBox::StandardButton button;
-    TextMember text;
+    TextRef text;
 };
 
 constexpr std::array<BoxButton, 4> kButtons{{
-    {Answer::Ok, QMessageBox::Ok, &TextTable::buttonOk},
-    {Answer::Yes, QMessageBox::Yes, &TextTable::buttonYes},
-    {Answer::No, QMessageBox::No, &TextTable::buttonNo},
-    {Answer::Cancel, QMessageBox::Cancel, &TextTable::buttonCancel},
+    {Answer::Ok, QMessageBox::Ok, &texts::buttonOk},
+    {Answer::Yes, QMessageBox::Yes, &texts::buttonYes},
+    {Answer::No, QMessageBox::No, &texts::buttonNo},
+    {Answer::Cancel, QMessageBox::Cancel, &texts::buttonCancel},
 }};
 
 QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons)
@@ -78,8 +80,8 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question, QFileDialog::Acc
     const bool isSaving = mode == QFileDialog::AcceptSave;
     dialog.setAcceptMode(mode);
     dialog.setFileMode(isSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setLabelText(QFileDialog::Accept, isSaving ? Texts().titleSave : question.title);
-    dialog.setLabelText(QFileDialog::Reject, Texts().buttonCancel);
+    dialog.setLabelText(QFileDialog::Accept, isSaving ? texts::titleSave : question.title);
+    dialog.setLabelText(QFileDialog::Reject, texts::buttonCancel);
 }
 
 /// Whoever chooses another type of file means its extension. The dialog changes that of a name which has one; a name

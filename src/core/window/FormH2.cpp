@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/Paths.h"
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <QLabel>
 #include <QPixmap>
@@ -15,7 +15,7 @@ FormH2::FormH2(QWidget* parent) : QDialog(parent)
 {
     constexpr double kLarge = 1.6;
     setObjectName(QStringLiteral("FormH2"));
-    setWindowTitle(Texts().aboutTitle);
+    setWindowTitle(texts::aboutTitle);
     auto* column = new QVBoxLayout(this);
     const auto add = [column](const char* name, const QString& text) {
         auto* label = new QLabel(text);
@@ -33,8 +33,8 @@ FormH2::FormH2(QWidget* parent) : QDialog(parent)
     large.setBold(true);
     name->setFont(large);
     add("lblAbout_1", App().sVersion);
-    add("lblAbout_2", Texts().aboutText);
-    auto* ok = new QPushButton(Texts().buttonOk);
+    add("lblAbout_2", texts::aboutText);
+    auto* ok = new QPushButton(texts::buttonOk);
     ok->setObjectName(QStringLiteral("cmdOK"));
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     column->addWidget(ok, 0, Qt::AlignCenter);

@@ -1,8 +1,9 @@
 #include "core/window/FormH3.h"
 
 #include "core/Common.h"
-#include "core/Texts.h"
-#include "diagrams/clsSymbols.h"
+#include "core/clsSymbols.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormH3.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -16,7 +17,7 @@ namespace korvanel {
 FormH3::FormH3(QWidget* parent) : QDialog(parent), list(new QListWidget)
 {
     setObjectName(QStringLiteral("FormH3"));
-    setWindowTitle(Texts().columnOrderTitle);
+    setWindowTitle(texts::columnOrderTitle);
     list->setObjectName(QStringLiteral("lstOrder"));
     list->setDragDropMode(QAbstractItemView::InternalMove);
     for (const qint16 column : App().ColumnLayout) {
@@ -27,16 +28,16 @@ FormH3::FormH3(QWidget* parent) : QDialog(parent), list(new QListWidget)
     list->setCurrentRow(0);
 
     auto* buttons = new QVBoxLayout;
-    const std::array captions{Texts().moveFirst, Texts().moveUp, Texts().moveDown, Texts().moveLast};
+    const std::array captions{texts::moveFirst, texts::moveUp, texts::moveDown, texts::moveLast};
     for (std::size_t i = 0; i < captions.size(); ++i)
         AddMoveButton(*buttons, static_cast<int>(i), captions[i]);
     buttons->addStretch(1);
-    auto* ok = new QPushButton(Texts().buttonOk);
+    auto* ok = new QPushButton(texts::buttonOk);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     buttons->addWidget(ok);
-    auto* cancel = new QPushButton(Texts().buttonCancel);
+    auto* cancel = new QPushButton(texts::buttonCancel);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     buttons->addWidget(cancel);

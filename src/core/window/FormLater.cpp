@@ -1,6 +1,6 @@
 #include "core/window/FormLater.h"
 
-#include "core/Texts.h"
+#include "core/texts/Default.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -9,7 +9,7 @@ namespace korvanel {
 
 FormLater::FormLater(MainWindow& window, const PageEntry& entry) : Page(window, entry)
 {
-    auto* note = new QLabel(Texts().laterVersion);
+    auto* note = new QLabel(texts::laterVersion);
     note->setObjectName(QStringLiteral("lblLater"));
     note->setAlignment(Qt::AlignCenter);
     Body().addWidget(note);

@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/Paths.h"
-#include "core/Texts.h"
+#include "core/texts/Main.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
@@ -13,7 +13,7 @@ namespace korvanel {
 
 void OpenManual()
 {
-    const QString path = JoinPath(JoinPath(App().sProgramDir, QStringLiteral("LANGUAGES")), Texts().manualFile);
+    const QString path = JoinPath(JoinPath(App().sProgramDir, QStringLiteral("LANGUAGES")), texts::manualFile);
     if (!QFileInfo(path).isFile() || !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
         ShowPathNotFound(path);
 }

@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/Texts.h"
+#include "core/texts/Main.h"
 
 #include <QAction>
 #include <QApplication>
@@ -17,13 +18,11 @@ namespace korvanel {
 
 namespace {
 
-using T = TextTable;
-
 struct MenuEntry
 {
     const char* parent; ///< object name of the menu above; none for the menu bar
     const char* name;
-    TextMember caption;
+    TextRef caption;
     bool isMenu = false;
     QKeySequence::StandardKey shortcut = QKeySequence::UnknownKey;
     bool hasSeparator = false; ///< a line stands above the entry
@@ -32,45 +31,45 @@ struct MenuEntry
 constexpr const char* kRecentFiles = "mnuFileMRU";
 
 constexpr MenuEntry kEntries[] = {
-    {.parent = nullptr, .name = "mnuFile", .caption = &T::mnuFile, .isMenu = true},
-    {.parent = "mnuFile", .name = "mnuNew", .caption = &T::mnuNew, .shortcut = QKeySequence::New},
-    {.parent = "mnuFile", .name = "mnuOpen", .caption = &T::mnuOpen, .shortcut = QKeySequence::Open},
-    {.parent = "mnuFile", .name = "mnuSave", .caption = &T::mnuSave, .shortcut = QKeySequence::Save},
-    {.parent = "mnuFile", .name = "mnuSaveAs", .caption = &T::mnuSaveAs},
-    {.parent = "mnuFile", .name = "mnuClose", .caption = &T::mnuClose, .shortcut = QKeySequence::Close},
+    {.parent = nullptr, .name = "mnuFile", .caption = &texts::mnuFile, .isMenu = true},
+    {.parent = "mnuFile", .name = "mnuNew", .caption = &texts::mnuNew, .shortcut = QKeySequence::New},
+    {.parent = "mnuFile", .name = "mnuOpen", .caption = &texts::mnuOpen, .shortcut = QKeySequence::Open},
+    {.parent = "mnuFile", .name = "mnuSave", .caption = &texts::mnuSave, .shortcut = QKeySequence::Save},
+    {.parent = "mnuFile", .name = "mnuSaveAs", .caption = &texts::mnuSaveAs},
+    {.parent = "mnuFile", .name = "mnuClose", .caption = &texts::mnuClose, .shortcut = QKeySequence::Close},
     {.parent = "mnuFile",
      .name = "mnuPrint",
-     .caption = &T::mnuPrint,
+     .caption = &texts::mnuPrint,
      .shortcut = QKeySequence::Print,
      .hasSeparator = true},
-    {.parent = "mnuFile", .name = "mnuDelete", .caption = &T::mnuDelete},
+    {.parent = "mnuFile", .name = "mnuDelete", .caption = &texts::mnuDelete},
     {.parent = "mnuFile", .name = kRecentFiles, .caption = nullptr},
     {.parent = "mnuFile",
      .name = "mnuEnd",
-     .caption = &T::mnuEnd,
+     .caption = &texts::mnuEnd,
      .shortcut = QKeySequence::Quit,
      .hasSeparator = true},
-    {.parent = nullptr, .name = "mnuProjectData", .caption = &T::mnuProjectData, .isMenu = true},
-    {.parent = "mnuProjectData", .name = "mnuGeneralData", .caption = &T::mnuGeneralData},
-    {.parent = "mnuProjectData", .name = "mnuConfiguration", .caption = &T::mnuConfiguration},
-    {.parent = nullptr, .name = "mnuEngine", .caption = &T::mnuEngine, .isMenu = true},
-    {.parent = "mnuEngine", .name = "mnuDatabase", .caption = &T::mnuDatabase},
-    {.parent = nullptr, .name = "mnuDevice", .caption = &T::mnuDevice, .isMenu = true},
-    {.parent = "mnuDevice", .name = "mnuDeviceConf", .caption = &T::mnuDeviceConf},
-    {.parent = "mnuDevice", .name = "mnuOnlineDevice", .caption = &T::mnuOnlineDevice},
-    {.parent = "mnuDevice", .name = "mnuOfflineDevice", .caption = &T::mnuOfflineDevice},
-    {.parent = "mnuDevice", .name = "mnuResTable", .caption = &T::mnuResTable},
-    {.parent = "mnuDevice", .name = "mnuResGraph", .caption = &T::mnuResGraph},
-    {.parent = "mnuDevice", .name = "mnuResPrint", .caption = &T::mnuResPrint},
-    {.parent = nullptr, .name = "mnuoptions", .caption = &T::mnuoptions, .isMenu = true},
-    {.parent = "mnuoptions", .name = "mnuModbus", .caption = &T::mnuModbus},
-    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &T::mnuDatabaseOpt},
-    {.parent = "mnuoptions", .name = "mnuConvert", .caption = &T::mnuConvert},
-    {.parent = "mnuoptions", .name = "mnuLang", .caption = &T::mnuLang, .isMenu = true},
-    {.parent = nullptr, .name = "mnuHelp", .caption = &T::mnuHelp, .isMenu = true},
-    {.parent = "mnuHelp", .name = "mnuBook", .caption = &T::mnuBook, .shortcut = QKeySequence::HelpContents},
-    {.parent = "mnuHelp", .name = "mnuInternet", .caption = &T::mnuInternet},
-    {.parent = "mnuHelp", .name = "mnuInfo", .caption = &T::mnuInfo},
+    {.parent = nullptr, .name = "mnuProjectData", .caption = &texts::mnuProjectData, .isMenu = true},
+    {.parent = "mnuProjectData", .name = "mnuGeneralData", .caption = &texts::mnuGeneralData},
+    {.parent = "mnuProjectData", .name = "mnuConfiguration", .caption = &texts::mnuConfiguration},
+    {.parent = nullptr, .name = "mnuEngine", .caption = &texts::mnuEngine, .isMenu = true},
+    {.parent = "mnuEngine", .name = "mnuDatabase", .caption = &texts::mnuDatabase},
+    {.parent = nullptr, .name = "mnuDevice", .caption = &texts::mnuDevice, .isMenu = true},
+    {.parent = "mnuDevice", .name = "mnuDeviceConf", .caption = &texts::mnuDeviceConf},
+    {.parent = "mnuDevice", .name = "mnuOnlineDevice", .caption = &texts::mnuOnlineDevice},
+    {.parent = "mnuDevice", .name = "mnuOfflineDevice", .caption = &texts::mnuOfflineDevice},
+    {.parent = "mnuDevice", .name = "mnuResTable", .caption = &texts::mnuResTable},
+    {.parent = "mnuDevice", .name = "mnuResGraph", .caption = &texts::mnuResGraph},
+    {.parent = "mnuDevice", .name = "mnuResPrint", .caption = &texts::mnuResPrint},
+    {.parent = nullptr, .name = "mnuoptions", .caption = &texts::mnuoptions, .isMenu = true},
+    {.parent = "mnuoptions", .name = "mnuModbus", .caption = &texts::mnuModbus},
+    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &texts::mnuDatabaseOpt},
+    {.parent = "mnuoptions", .name = "mnuConvert", .caption = &texts::mnuConvert},
+    {.parent = "mnuoptions", .name = "mnuLang", .caption = &texts::mnuLang, .isMenu = true},
+    {.parent = nullptr, .name = "mnuHelp", .caption = &texts::mnuHelp, .isMenu = true},
+    {.parent = "mnuHelp", .name = "mnuBook", .caption = &texts::mnuBook, .shortcut = QKeySequence::HelpContents},
+    {.parent = "mnuHelp", .name = "mnuInternet", .caption = &texts::mnuInternet},
+    {.parent = "mnuHelp", .name = "mnuInfo", .caption = &texts::mnuInfo},
 };
 
 /// Entries that need an open project. `mnuEngine` needs a net configuration with a machine besides.

@@ -5,9 +5,10 @@
 #include "core/NumberText.h"
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
-#include "core/Texts.h"
 #include "core/clsProgSettings.h"
 #include "core/clsWaitCursor.h"
+#include "core/texts/Default.h"
+#include "core/texts/FormF10.h"
 #include "core/window/Dialogs.h"
 #include "core/window/MainMenu.h"
 #include "core/window/Page.h"
@@ -105,7 +106,7 @@ bool MainWindow::CheckPageAllowed()
         return isMachinePageAllowed();
     if (MayShowWithoutMachine(*entry, App().iNetConfIndex, App().bModelValid))
         return true;
-    ShowError(Texts().noMachineChosen);
+    ShowError(texts::noMachineChosen);
     App().iCurrentPage = kPageMachine;
     ShowPage();
     return true;
@@ -163,7 +164,7 @@ void MainWindow::SetPageButtons(bool areEnabled)
 
 void MainWindow::ShowDatabase(const QString& name)
 {
-    panels->ShowDatabase(name.isEmpty() ? name : FillPlaceholders(Texts().machineDatabasePanel, {name}));
+    panels->ShowDatabase(name.isEmpty() ? name : FillPlaceholders(texts::machineDatabasePanel, {name}));
 }
 
 void MainWindow::RefreshStatusBar()
@@ -272,7 +273,7 @@ void MainWindow::EndProgram()
 void MainWindow::ChooseLanguage(const QString& languageFile)
 {
     const Answer answer = ShowBox(
-        {App().sProgramTitle.trimmed(), Texts().languageChange, BoxIcon::Question, BoxButtons::YesNo, Answer::Yes});
+        {App().sProgramTitle.trimmed(), texts::languageChange, BoxIcon::Question, BoxButtons::YesNo, Answer::Yes});
     if (answer != Answer::Yes)
         return;
     App().ProgSettings->SetLanguageFile(languageFile);
@@ -297,7 +298,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         UnloadPage();
         recentFiles.StoreSettings(kSettingsApplication, kRecentSection);
         if (IsAnyValueLost())
-            ShowError(Texts().settingsNotStored);
+            ShowError(texts::settingsNotStored);
         for (QWidget* other : QApplication::topLevelWidgets())
             if (other != this && other->isVisible())
                 other->close();

@@ -5,6 +5,7 @@
 #include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
+#include "core/texts/Default.h"
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
 #include "core/window/PendingInput.h"
@@ -41,10 +42,10 @@ void Page::AddBottomRow()
     if (pageEntry.showsDeviceId)
         AddDeviceLabel(*row);
     row->addStretch(1);
-    QPushButton* back = AddButton(*row, "cmdBack", Texts().buttonBack);
+    QPushButton* back = AddButton(*row, "cmdBack", texts::buttonBack);
     connect(back, &QPushButton::clicked, this,
             [this] { Guarded([this] { frameWindow.UnloadAndOpen(PageBefore(pageEntry, App().iNetConfIndex)); }); });
-    QPushButton* forward = AddButton(*row, "cmdForw", Texts().buttonForward);
+    QPushButton* forward = AddButton(*row, "cmdForw", texts::buttonForward);
     forward->setEnabled(pageEntry.forward != kNoPageOnShow);
     connect(forward, &QPushButton::clicked, this, [this] {
         Guarded([this] {

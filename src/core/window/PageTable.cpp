@@ -1,6 +1,7 @@
 #include "core/window/PageTable.h"
 
 #include "core/Quantities.h"
+#include "core/texts/Main.h"
 
 #include <algorithm>
 
@@ -8,63 +9,61 @@ namespace korvanel {
 
 namespace {
 
-using T = TextTable;
-
 constexpr PageEntry kPages[] = {
     {.number = kPageGeneralData,
      .name = "FormF1",
-     .title = &T::titlePage1,
+     .title = &texts::titlePage1,
      .back = kNoPage,
      .forward = kPageNetConfiguration},
     {.number = kPageNetConfiguration,
      .name = "FormF2",
-     .title = &T::titlePage2,
+     .title = &texts::titlePage2,
      .back = kPageGeneralData,
      .forward = kPageDevice,
      .usesMachinePage = true},
     {.number = kPageDevice,
      .name = "FormF3",
-     .title = &T::titlePage3,
+     .title = &texts::titlePage3,
      .back = kPageNetConfiguration,
      .forward = kPageMeasure,
      .usesMachinePage = true},
     {.number = kPageMeasure,
      .name = "FormF4",
-     .title = &T::titlePage4,
+     .title = &texts::titlePage4,
      .back = kPageDevice,
      .forward = kPageEditor,
      .needsMachine = true},
     {.number = kPageEditor,
      .name = "FormF5",
-     .title = &T::titlePage5,
+     .title = &texts::titlePage5,
      .back = kPageMeasure,
      .forward = kPageResultTable,
      .needsMachine = true,
      .showsDeviceId = true},
     {.number = kPageResultTable,
      .name = "FormF6",
-     .title = &T::titlePage6,
+     .title = &texts::titlePage6,
      .back = kPageEditor,
      .forward = kPageResultGraph,
      .needsMachine = true,
      .showsDeviceId = true},
     {.number = kPageResultGraph,
      .name = "FormF8",
-     .title = &T::titlePage8,
+     .title = &texts::titlePage8,
      .back = kPageResultTable,
      .forward = kPagePrint,
      .needsMachine = true,
      .showsDeviceId = true},
     {.number = kPagePrint,
      .name = "FormF9",
-     .title = &T::titlePage9,
+     .title = &texts::titlePage9,
      .back = kPageResultGraph,
      .forward = kNoPageOnShow,
      .needsMachine = true,
      .showsDeviceId = true},
     {.number = kPageMachine,
      .name = "FormF10",
-     .title = &T::titlePage10,
+     .title = &texts::titlePage10,
      .back = kPageNetConfiguration,
      .forward = kPageDevice},
 };

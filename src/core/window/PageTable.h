@@ -27,7 +27,7 @@ struct PageEntry
 {
     int number;
     const char* name; ///< object name of the page
-    TextMember title;
+    TextRef title;
     int back;                     ///< page that cmdBack leads to
     int forward;                  ///< page that cmdForw leads to; kNoPageOnShow: the button is disabled
     bool needsMachine = false;    ///< in the configurations with a machine, only with a valid one

@@ -1,7 +1,7 @@
 #include "core/window/StatusPanels.h"
 
 #include "core/NumberText.h"
-#include "core/Texts.h"
+#include "core/texts/Main.h"
 #include "core/window/Page.h"
 
 #include <QLabel>
@@ -64,7 +64,7 @@ bool StatusPanels::Advance(double share)
     if (!progressBar || !(share >= 0 && share < 1))
         return false;
     const int percent = static_cast<int>(std::floor(share * 100));
-    percentPanel->setText(FillPlaceholders(Texts().percentPanel, {QString::number(std::round(share * 100))}));
+    percentPanel->setText(FillPlaceholders(texts::percentPanel, {QString::number(std::round(share * 100))}));
     const bool hasMoved = percent != progressBar->value();
     progressBar->setValue(percent);
     return hasMoved;

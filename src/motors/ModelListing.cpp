@@ -1,0 +1,111 @@
+#include "motors/ModelListing.h"
+
+#include "core/NumberText.h"
+#include "core/Texts.h"
+#include "core/texts/Default.h"
+#include "core/texts/ValueNames.h"
+
+namespace korvanel {
+
+namespace {
+
+using M = MachineModel;
+
+/// How a value is shown: what it is multiplied with and divided by, and the unit behind it.
+struct Shown
+{
+    TextRef unit = nullptr;
+    double factor = 1;
+    double divisor = 1;
+};
+constexpr Shown kTorque{&texts::modelTorqueUnit};
+constexpr Shown kPower{&texts::modelPowerUnit, 1, 1000};
+constexpr Shown kSpeed{&texts::modelSpeedUnit};
+constexpr Shown kAngle{&texts::modelAngleUnit};
+constexpr Shown kPercent{&texts::modelPercentUnit, 100};
+constexpr Shown kResistance{&texts::modelResistanceUnit};
+constexpr Shown kMinutes{&texts::modelTimeUnit, 1, 60};
+constexpr Shown kPlain{};
+
+/// One line, shown if all that it needs is known. Without a label it is a rule.
+struct ListingLine
+{
+    unsigned needs;
+    TextRef label = nullptr;
+    double M::*value = nullptr;
+    Shown shown = {};
+};
+
+constexpr unsigned Bit(MachineKnowledge piece)
+{
+    return 1U << static_cast<unsigned>(piece);
+}
+constexpr unsigned kRating = Bit(kRatingKnown);
+constexpr unsigned kStall = Bit(kStallRatioKnown);
+constexpr unsigned kThermal = Bit(kInsulationClassKnown) | Bit(kMassKnown);
+constexpr unsigned kNoLoad = Bit(kNoLoadKnown);
+constexpr unsigned kConnection = Bit(kConnectionKnown);
+
+constexpr ListingLine kLines[] = {
+    {0, &texts::modelFrictionTorque, &M::Mreib_rech, kTorque},
+    {kRating, &texts::modelRatedPower, &M::Pelec_n, kPower},
+    {kRating, &texts::modelRatedSynchronousSpeed, &M::n_syn_n, kSpeed},
+    {kRating, &texts::modelRatedAngle, &M::phi_n, kAngle},
+    {kRating, &texts::modelRatedSlip, &M::Nennschlupf, kPercent},
+    {kRating},
+    {kRating, &texts::modelNoLoadRegress, &M::Po_regress, kPower},
+    {kRating, &texts::modelNoLoadPolynom, &M::Po_polynom, kPower},
+    {kRating, &texts::modelNoLoadRzm, &M::Po_RZM, kPower},
+    {kRating, &texts::modelNoLoadPower, &M::Po_rech, kPower},
+    {kRating},
+    {kRating, &texts::modelRatedRzmD, &M::M_RZM_D_n, kTorque},
+    {kRating, &texts::modelRatedRzmY, &M::M_RZM_Y_n, kTorque},
+    {kRating, &texts::modelRatedFrictionD, &M::Mreib_D_n, kTorque},
+    {kRating, &texts::modelRatedFrictionY, &M::Mreib_Y_n, kTorque},
+    {kRating, &texts::modelRatedPowerD, &M::Po_D_n, kPower},
+    {kRating, &texts::modelRatedPowerY, &M::Po_Y_n, kPower},
+    {kRating},
+    {kRating, &texts::modelLoadLoss, &M::k_maschine, kPlain},
+    {kRating, &texts::modelRotorConstant, &M::R2, kPlain},
+    {kRating, &texts::modelResistancePolynom, &M::Rs_polynom, kResistance},
+    {kRating, &texts::modelResistance, &M::Rs_rech, kResistance},
+    {kStall},
+    {kStall, &texts::modelStallSlip, &M::Kippschlupf, kPercent},
+    {kStall, &texts::modelStallTorque, &M::Kippmoment, kTorque},
+    {kThermal},
+    {kThermal, &texts::modelThermalTime, &M::Tth_ICL, kMinutes},
+    {kNoLoad},
+    {kNoLoad, &texts::modelNoLoadFactor, &M::cosphi_o, kPlain},
+    {kNoLoad, &texts::modelNoLoadAngle, &M::phi_o, kAngle},
+    {kNoLoad, &texts::modelNoLoadSynchronousSpeed, &M::n_syn_o, kSpeed},
+    {kNoLoad},
+    {kNoLoad, &texts::modelNoLoadRzmD, &M::M_RZM_D_o, kTorque},
+    {kNoLoad, &texts::modelNoLoadRzmY, &M::M_RZM_Y_o, kTorque},
+    {kNoLoad, &texts::modelNoLoadPowerD, &M::Po_D_o, kPower},
+    {kNoLoad, &texts::modelNoLoadPowerY, &M::Po_Y_o, kPower},
+    {kConnection},
+    {kConnection, &texts::modelRzmFactor, &M::k_RZM, kPlain},
+};
+
+QString LineText(const ListingLine& line, const MachineModel& model)
+{
+    constexpr double kThreeDecimals = 1000;
+    if (line.label == nullptr)
+        return texts::modelSeparator;
+    const double value = model.*line.value * line.shown.factor / line.shown.divisor;
+    const QString unit = line.shown.unit == nullptr ? QString() : TextOf(line.shown.unit);
+    return FillPlaceholders(texts::modelLine, {TextOf(line.label), RoundValue(value, kThreeDecimals)}) + unit;
+}
+
+} // namespace
+
+QStringList ModelListing(const MachineStatus& status, const MachineModel& model)
+{
+    QStringList lines;
+    for (const ListingLine& line : kLines)
+        if (IsAllKnown(line.needs, status))
+            lines << LineText(line, model);
+    return lines;
+}
+
+} // namespace korvanel

@@ -1,0 +1,228 @@
+#include "motors/MotorDatabase.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/ProjectDb.h"
+#include "core/Shell.h"
+#include "core/clsProgSettings.h"
+#include "core/texts/Default.h"
+#include "machine/Algorithms_ASM_Start.h"
+#include "motors/MotorColumns.h"
+
+#include <QFileInfo>
+
+#include <array>
+
+namespace korvanel {
+
+namespace {
+
+/// Tables that only a project has.
+constexpr std::array kProjectTables{"Overview", "SampledValues", "Settings"};
+
+/// Looks at the file itself, so that a locked or damaged one is noticed before anything is done with it.
+void RequireMotorDatabase(TableDb& db)
+{
+    db.RequirePlainTables({kMotorTable});
+    for (const char* table : kProjectTables)
+        if (db.TableExists(QLatin1String(table)))
+            throw DbError(texts::databaseIncompatible.toStdString());
+    if (!db.TableExists(QLatin1String(kMotorTable)))
+        throw DbError(texts::databaseIncompatible.toStdString());
+    WithDbErrors([&db] {
+        SQLite::Statement(db.Handle(), "SELECT " + MotorColumnNames(MotorColumns()) + " FROM [" + kMotorTable + ']');
+    });
+}
+
+TableDb OpenAsMotorDb(const QString& path)
+{
+    TableDb db = TableDb::Open(path);
+    RequireMotorDatabase(db);
+    return db;
+}
+
+bool IsFile(const QString& path)
+{
+    return QFileInfo(path).isFile();
+}
+
+/// The remark as one line of a message; whatever it holds, the question stays readable.
+QString QuotedRemark(const MachineRecord& record)
+{
+    constexpr qsizetype kLongestShown = 200;
+    QString remark = record.Hersteller;
+    if (remark.size() > kLongestShown)
+        remark = remark.left(kLongestShown) + QStringLiteral("...");
+    for (const char16_t lineEnd : {u'\n', u'\r'})
+        remark.replace(lineEnd, u' ');
+    return remark;
+}
+
+Answer AskWhetherToAdd(const MachineRecord& record)
+{
+    return App().TheShell->ShowBox({texts::titleAttention,
+                                    FillPlaceholders(texts::machineNotInDatabase, {QuotedRemark(record)}),
+                                    BoxIcon::Question, BoxButtons::YesNo, Answer::Yes});
+}
+
+/// False if there is no database to compare with.
+bool CompareWithDb(MachineRecord& record, WhichMachine which)
+{
+    const QString formerPath = App().sMotorDbPath;
+    std::unique_ptr<TableDb> db = OpenMotorDb();
+    if (!db)
+        return false;
+    if (App().bProjectOpen && App().sMotorDbPath != formerPath)
+        return true; // choosing another file has compared the project's machines with it
+    try {
+        if (FindDuplicate(*db, record, DuplicateScope::Any))
+            return true;
+        if (AskWhetherToAdd(record) == Answer::Yes)
+            WriteMachine(*db, record, true);
+        else if (which == WhichMachine::I)
+            App().bModelValid = false;
+        else
+            App().bASMSim = false;
+    } catch (const DbError& error) {
+        ReportFailure(App().sMotorDbPath, QString::fromUtf8(error.what()));
+    }
+    CloseMotorDb(db);
+    return true;
+}
+
+/// Reads both machines of the project; empty records where there are none.
+void ReadProjectMachines(MachineRecord& first, MachineRecord& second)
+{
+    const ProjectDbScope scope;
+    if (!HasMachine(App().iNetConfIndex) || !TableExists(QLatin1String(kMotorTable)))
+        return;
+    ReadMachine(ProjectDb(), static_cast<qint32>(WhichMachine::I), first);
+    ReadMachine(ProjectDb(), static_cast<qint32>(WhichMachine::II), second);
+}
+
+/// Takes the place of the project's row unless that holds the same; true if it did.
+bool ReplaceProjectRow(MachineRecord& row, qint32 id)
+{
+    TableDb& db = ProjectDb();
+    DbTransaction transaction(db);
+    if (!db.TableExists(QLatin1String(kMotorTable)))
+        db.Execute(CreateMotorStatement());
+    const bool isReplaced = !FindDuplicate(db, row, DuplicateScope::Row, id);
+    if (isReplaced) {
+        DeleteMachine(db, id);
+        WriteMachine(db, row, true);
+    }
+    transaction.Commit();
+    return isReplaced;
+}
+
+} // namespace
+
+std::unique_ptr<TableDb> OpenMotorDb()
+{
+    if (!IsFile(App().sMotorDbPath)) {
+        ShowPathNotFound(App().sMotorDbPath);
+        if (!App().TheShell->ChooseMotorDatabase() || !IsFile(App().sMotorDbPath))
+            return nullptr;
+    }
+    try {
+        return std::make_unique<TableDb>(OpenAsMotorDb(App().sMotorDbPath));
+    } catch (const DbError& error) {
+        ShowError(FillPlaceholders(texts::databaseUnusable, {App().sMotorDbPath, QString::fromUtf8(error.what())}));
+        return nullptr;
+    }
+}
+
+void CloseMotorDb(std::unique_ptr<TableDb>& db)
+{
+    db.reset();
+}
+
+bool IsMotorDatabase(const QString& path)
+{
+    if (!IsFile(path))
+        return false;
+    try {
+        TableDb db = OpenAsMotorDb(path);
+        bool hasMachine = false;
+        VisitMachines(db, std::nullopt, [&hasMachine](const MachineLine&) {
+            hasMachine = true;
+            return false;
+        });
+        return hasMachine;
+    } catch (const DbError&) {
+        return false;
+    }
+}
+
+void UseMotorDatabase(const QString& path)
+{
+    App().sMotorDbPath = path;
+    if (App().ProgSettings)
+        App().ProgSettings->SetMotorDatabase(path);
+    if (App().bProjectOpen)
+        LoadProjectMachines();
+}
+
+void CheckMachineInDb(MachineRecord& record, WhichMachine which)
+{
+    if (App().bMotorDbCheck)
+        CompareWithDb(record, which);
+}
+
+bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which)
+{
+    MachineRecord row = record; // the record itself keeps its number in the motor database
+    row.set_ID = static_cast<qint32>(which);
+    bool isReplaced = false;
+    try {
+        const ProjectDbScope scope;
+        isReplaced = ReplaceProjectRow(row, *row.set_ID);
+    } catch (const DbError& error) {
+        ReportFailure(App().sProjectPath, QString::fromUtf8(error.what()));
+        return false;
+    }
+    App().bMotorDbCheck = true;
+    if (isReplaced)
+        App().bEvaluated = 0;
+    return isReplaced;
+}
+
+void CopyMachinesIntoProject()
+{
+    if (!HasMachine(App().iNetConfIndex))
+        return;
+    if (App().bModelValid)
+        CopyMachineIntoProject(App().MachineI, WhichMachine::I);
+    if (App().bASMSim && App().MachineII.Pmech)
+        CopyMachineIntoProject(App().MachineII, WhichMachine::II);
+}
+
+void LoadProjectMachines()
+{
+    MachineRecord first;
+    MachineRecord second;
+    ReadProjectMachines(first, second);
+    App().bEvaluated = 0;
+    App().MachineI = first;
+    App().MachineII = second;
+    // What these numbers stood for are rows of the project; those of the motor database are found by comparing.
+    App().MachineI.set_ID.reset();
+    App().MachineII.set_ID.reset();
+    bool isDbUsable = true; // a file that is missing is told once
+    if (first.set_ID) {
+        App().bMotorDbCheck = true;
+        isDbUsable = CompareWithDb(App().MachineI, WhichMachine::I);
+        // Building comes last and decides: a machine that was not added to the database is still that of the project.
+        RunGuarded(QStringLiteral("BuildMachineModel"), BuildMachineModel);
+    } else {
+        App().bModelValid = false;
+    }
+    if (!second.set_ID)
+        App().bASMSim = false;
+    else if (isDbUsable && App().bMotorDbCheck)
+        CompareWithDb(App().MachineII, WhichMachine::II);
+}
+
+} // namespace korvanel

@@ -1,0 +1,234 @@
+#include "project/ProjectStore.h"
+
+#include "core/Clock.h"
+#include "core/LocalFormats.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Paths.h"
+#include "core/ProjectDb.h"
+#include "core/clsWaitCursor.h"
+#include "core/texts/Default.h"
+#include "data/ValueTables.h"
+#include "project/KeyValueTable.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cmath>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kSchemaVersion = 1;
+constexpr std::initializer_list<const char*> kTables{"Overview",       "Settings",        "SampledValues",
+                                                     "ComputedValues", "SimulatedValues", "Motor"};
+const QString kExtension = QStringLiteral(".MDB");
+
+void MoveValue(KeyValueTable& table, Direction direction, const ProjectKey& key)
+{
+    if (direction == Direction::Read)
+        table.Read(key);
+    else
+        table.Write(key);
+}
+
+template <typename Selected>
+void TransferKeys(Direction direction, Selected&& isSelected)
+{
+    KeyValueTable overview(ProjectDb(), ProjectTable::Overview);
+    KeyValueTable settings(ProjectDb(), ProjectTable::Settings);
+    const auto move = [&] {
+        for (const ProjectKey& key : ProjectKeys())
+            if (isSelected(key))
+                MoveValue(key.table == ProjectTable::Overview ? overview : settings, direction, key);
+    };
+    if (direction == Direction::Read) {
+        move();
+        return;
+    }
+    DbTransaction transaction(ProjectDb());
+    move();
+    transaction.Commit();
+}
+
+void CreateTables()
+{
+    DbTransaction transaction(ProjectDb());
+    CreateValueTables();
+    ProjectDb().Execute(CreateStatement(ProjectTable::Overview));
+    ProjectDb().Execute(CreateStatement(ProjectTable::Settings));
+    transaction.Commit();
+}
+
+} // namespace
+
+namespace {
+
+MachineHooks& InstalledHooks()
+{
+    static MachineHooks hooks;
+    return hooks;
+}
+
+} // namespace
+
+void SetMachineHooks(MachineHooks hooks)
+{
+    InstalledHooks() = std::move(hooks);
+}
+
+const MachineHooks& Machines()
+{
+    return InstalledHooks();
+}
+
+void CreateProjectFile(const QString& path)
+{
+    const bool wasThere = QFileInfo::exists(path);
+    try {
+        TableDb::Create(path, kProjectApplicationId, kSchemaVersion);
+        App().sProjectPath = path;
+        const ProjectDbScope scope;
+        CreateTables();
+    } catch (const DbError& error) {
+        if (!wasThere)
+            DeleteFile(path); // a file without tables would only puzzle whoever finds it
+        ShowError(QString::fromUtf8(error.what()));
+    }
+}
+
+void TransferValue(Direction direction, const ProjectKey& key)
+{
+    KeyValueTable table(ProjectDb(), key.table);
+    MoveValue(table, direction, key);
+}
+
+void TransferProjectData(Direction direction)
+{
+    TransferKeys(direction, [](const ProjectKey&) { return true; });
+}
+
+void TransferMeasurementHeader(Direction direction)
+{
+    TransferKeys(direction, [](const ProjectKey& key) { return key.isMeasurementHeader; });
+}
+
+namespace {
+
+/// Reads the project in `sProjectPath` into the block; true if the file is write-protected.
+bool ReadProject()
+{
+    clsWaitCursor cursor;
+    cursor.Show();
+    const ProjectDbScope scope;
+    ProjectDb().RequirePlainTables(kTables);
+    TransferProjectData(Direction::Read);
+    if (!TableExists(QStringLiteral("SampledValues")))
+        throw DbError("no table SampledValues");
+    if (App().sMeasurementTerm.isEmpty())
+        UpdateMeasurementTerm();
+    else
+        RefreshSetCount();
+    ProjectDb().UseRollbackJournal();
+    return ProjectDb().IsReadOnly();
+}
+
+} // namespace
+
+void OpenProject(const QString& path)
+{
+    App().bFileError = false;
+    App().sProjectPath = path;
+    ResetProjectData();
+    bool isReadOnly = false;
+    try {
+        isReadOnly = ReadProject();
+        Machines().load();
+    } catch (const DbError&) {
+        ShowBadFormat(path);
+        App().bFileError = true;
+        return;
+    }
+    App().TheShell->EnableMachineMenu(HasMachine(App().iNetConfIndex));
+    BuildColumnLayout();
+    if (isReadOnly)
+        ShowInformation(FillPlaceholders(texts::readOnlyProject, {path}));
+}
+
+namespace {
+
+/// Throws if the file isn't the project that was opened any more: its header would be written over another one's.
+void RequireSameProject()
+{
+    const auto stored = [](const char* sql) {
+        SQLite::Statement query(ProjectDb().Handle(), sql);
+        return query.executeStep() ? query.getColumn(0).getString() : std::string();
+    };
+    WithDbErrors([&] {
+        const std::string created = stored("SELECT [Time] FROM [Overview] WHERE [Name]='Project Created'");
+        const std::string netConf = stored("SELECT [Number] FROM [Settings] WHERE [Name]='iNetConfIndex'");
+        const bool isSame = (created.empty() || created == StoredDateText(App().dtProjectCreated).toStdString()) &&
+                            (netConf.empty() || std::floor(std::stod(netConf)) == App().iNetConfIndex);
+        if (!isSame)
+            throw DbError(texts::otherProject.toStdString());
+    });
+}
+
+} // namespace
+
+bool SaveProject()
+{
+    const QDateTime formerlySaved = App().dtProjectSaved;
+    App().dtProjectSaved = PresentMoment();
+    try {
+        const ProjectDbScope scope;
+        RequireSameProject();
+        TransferProjectData(Direction::Write);
+    } catch (const std::exception&) {
+        App().dtProjectSaved = formerlySaved;
+        ShowNotFound(App().sProjectPath);
+        return false;
+    }
+    App().bProjectDirty = false;
+    App().TheShell->RefreshPage();
+    App().TheShell->RefreshStatusBar();
+    return true;
+}
+
+void SaveIfDirty()
+{
+    if (App().bProjectDirty)
+        SaveProject();
+    if (App().iCurrentPage == 1)
+        App().TheShell->RefreshStatusBar();
+}
+
+bool SnapshotProject(const QString& startTime)
+{
+    try {
+        const ProjectDbScope scope;
+        TransferMeasurementHeader(Direction::Write);
+    } catch (const DbError&) {
+        ShowNotFound(App().sProjectPath);
+        return false;
+    }
+    const QString& path = App().sProjectPath;
+    const QString base = HasExtension(path, kExtension) ? path.chopped(kExtension.size()) : path;
+    QString suffix = startTime;
+    for (const char16_t c : {u'.', u':', u'/', u'\\'}) // the last two as some local formats of a date have them
+        suffix.replace(c, u'-');
+    const QString target = base + u' ' + suffix + kExtension;
+    return CopyProject(target);
+}
+
+bool CopyProject(const QString& target)
+{
+    RemoveJournals(target);
+    const QString failure = CopyFileReplacing(App().sProjectPath, target);
+    if (!failure.isEmpty())
+        ShowError(FillPlaceholders(texts::cannotCopyFile, {target, failure}));
+    return failure.isEmpty();
+}
+
+} // namespace korvanel

@@ -1,0 +1,61 @@
+// The project file: creating it, moving header and settings between the file and the application block, opening,
+// saving, copying a snapshot. Rows are the business of the value tables; they reach the file at once and know no save.
+#pragma once
+
+#include "core/TableDb.h"
+#include "project/ProjectKeys.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace korvanel {
+
+enum class Direction
+{
+    Read,
+    Write
+};
+
+/// What the project asks of its machines. They stand in a room above this one, so the project knows them by these
+/// alone; without them a project has no machines.
+struct MachineHooks
+{
+    std::function<void()> load = [] {}; ///< takes the machines of a project that was read; may throw DbError
+    std::function<void()> copy = [] {}; ///< puts the machines in use into a project that was saved under another name
+};
+void SetMachineHooks(MachineHooks hooks);
+const MachineHooks& Machines();
+
+/// Creates the file with its value tables for the current net configuration and the two key-value tables. A failure
+/// shows the engine's words; nothing of the file is left behind then.
+void CreateProjectFile(const QString& path);
+
+/// Moves one key between its row and its field. Reading a missing key leaves the field; a value of another type or
+/// outside the key's limits throws DbError.
+void TransferValue(Direction direction, const ProjectKey& key);
+
+/// Moves all keys of both tables, in their order. Writing is one transaction.
+void TransferProjectData(Direction direction);
+
+/// Moves the four keys that a run changes: begin, end, term and identity of the instrument.
+void TransferMeasurementHeader(Direction direction);
+
+/// Reads a project into the block. A file that is none is told and sets `bFileError`.
+void OpenProject(const QString& path);
+
+/// Writes header and settings. A failure is told and leaves the project changed; true on success.
+bool SaveProject();
+
+/// Saves if header or settings have changed.
+void SaveIfDirty();
+
+/// Copies the project's file, replacing a file of that name with whatever journal stands beside it. A failure is told.
+bool CopyProject(const QString& target);
+
+/// Writes the measurement header and copies the file beside itself under a name that ends in the start time of a
+/// planned recording; "." and ":" in it become "-". The project goes on in the old file. False after a failure, which
+/// is told.
+bool SnapshotProject(const QString& startTime);
+
+} // namespace korvanel
