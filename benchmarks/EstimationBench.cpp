@@ -5,6 +5,7 @@
 
 #include "core/Common.h"
 #include "data/ComputedQuantities.h"
+#include "data/Recomputation.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <benchmark/benchmark.h>

@@ -4,7 +4,7 @@
 #include "core/Common.h"
 #include "core/ProjectDb.h"
 #include "data/FileManaging.h"
-#include "data/SetCursor.h"
+#include "data/SetReader.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -35,12 +35,11 @@ void Cursor_Program(benchmark::State& state)
     App().sProjectPath = LargeProject();
     const ProjectDbScope scope;
     for (auto _ : state) {
-        SetCursor cursor(ProjectDb(), kNetConf);
-        tValueRow row;
+        SetReader reader(ProjectDb(), kNetConf);
         double sum = 0;
         int sets = 0;
-        for (; cursor.Next(row); ++sets)
-            sum += row.dP[kSum] + cursor.Set();
+        for (; reader.Next(); ++sets)
+            sum += reader.Row().dP[kSum] + reader.Set();
         benchmark::DoNotOptimize(sum);
         if (sets != kSets)
             state.SkipWithError("sets are missing");

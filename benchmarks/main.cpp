@@ -5,8 +5,8 @@
 #include "core/Common.h"
 #include "core/ProjectDb.h"
 #include "core/clsProgSettings.h"
-#include "data/ComputedQuantities.h"
-#include "data/SetCursor.h"
+#include "data/Recomputation.h"
+#include "data/SetReader.h"
 #include "evaluation/Algorithms.h"
 #include "evaluation/EvaluationPass.h"
 #include "output/Export.h"
@@ -100,9 +100,8 @@ struct MemoryTask
 bool WalkSets()
 {
     const ProjectDbScope scope;
-    SetCursor cursor(ProjectDb(), App().iNetConfIndex);
-    tValueRow row;
-    while (cursor.Next(row)) {
+    SetReader reader(ProjectDb(), App().iNetConfIndex);
+    while (reader.Next()) {
     }
     return true;
 }

@@ -56,7 +56,7 @@ void StoreInterval(double seconds)
     if (App().dInterval == seconds)
         return;
     Store(App().dInterval, seconds);
-    App().bEvaluated = 0;
+    RecordingChanged();
 }
 
 QStringList SeriesTexts(const SeriesRange& range)

@@ -29,9 +29,6 @@ namespace {
 
 constexpr qint16 kGrace = 5;
 
-/// Half a tick: a poll may come early by this, so that the ticks don't shift it by a whole one.
-constexpr double kEarliest = 0.0275;
-
 const QString kGoodSample = QStringLiteral("NNNN");
 
 } // namespace
@@ -139,36 +136,22 @@ void MeasurementRun::InitRun(bool isFull)
     app.dtMeasurementBegin = PresentMoment();
     hasBegun = true;
     display.ShowBegin(DateTimeText(app.dtMeasurementBegin));
-    if (isFull) {
-        vDayCount = 0;
-        fTimerLast = static_cast<float>(DayClock() - app.dInterval); // so that the first poll is due at once
-    }
-    fTimerStart = static_cast<float>(ClockSinceStart());
-}
-
-/// The day clock, counted on past midnight.
-double MeasurementRun::ClockSinceStart() const
-{
-    return vDayCount * kSecondsPerDay + DayClock();
+    if (isFull)
+        grid.Start(app.dInterval);
+    else
+        grid.Restart();
 }
 
 void MeasurementRun::PollOnce()
 {
     ApplicationBlock& app = App();
     tMeasuredRow& row = app.MeasuredRow;
-    // Only midnight takes the clock back behind the last poll: a poll lasts longer than the time by which it may be
-    // early.
-    if (ClockSinceStart() < fTimerLast)
-        ++vDayCount;
-    if (ClockSinceStart() - fTimerLast < app.dInterval - kEarliest)
+    if (!grid.TakeDuePoll(app.dInterval))
         return;
-    // The nominal time, not the present one: a late poll doesn't shift the grid, and polls that were missed follow one
-    // a tick until the grid is reached again.
-    fTimerLast = static_cast<float>(fTimerLast + app.dInterval);
     ++row.lSet;
     row.sValidMask = kGoodSample;
     // A poll may come a little early; its time is that of the grid all the same.
-    display.ShowElapsed(SecondsToTime(std::round(ClockSinceStart() - fTimerStart), false));
+    display.ShowElapsed(SecondsToTime(std::round(grid.Elapsed()), false));
     if (!DevCommand(kDevSample) || app.iFileErrors > 0) {
         End();
         return;

@@ -3,6 +3,7 @@
 // thread of the user interface.
 #pragma once
 
+#include "acquisition/PollingGrid.h"
 #include "acquisition/TimeManaging.h"
 
 #include <QDateTime>
@@ -14,8 +15,6 @@ namespace korvanel {
 /// Colours of the lamp: blue, green, red from the high to the low byte.
 inline constexpr int kLampGood = 65280;
 inline constexpr int kLampBad = 255;
-
-inline constexpr int kTickMilliseconds = 50;
 
 /// What `UpdateOnline` does with the online table and graph.
 enum class OnlineMode
@@ -78,7 +77,6 @@ private:
     bool ClearRows();
     void CloseRun();
     void SetEnd();
-    double ClockSinceStart() const;
 
     clsTimeSchedule& schedule;
     RunDisplay& display;
@@ -88,9 +86,7 @@ private:
     bool isInTick = false;
     bool hasBegun = false;   ///< since the button was pressed
     bool isFileOpen = false; ///< the project stays open for the length of a recording
-    float fTimerStart = 0;   ///< s of the day clock at the beginning, counted on past midnight
-    float fTimerLast = 0;    ///< s, nominal time of the last poll, counted on past midnight
-    qint32 vDayCount = 0;    ///< midnights since the beginning
+    PollingGrid grid;
 };
 
 } // namespace korvanel

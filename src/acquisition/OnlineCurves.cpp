@@ -26,7 +26,6 @@ constexpr const char* kPower = "??N?";
 constexpr const char* kFrequency = "???N";
 constexpr const char* kUIP = "NNN?";
 constexpr const char* kAllGood = "NNNN";
-constexpr double kPerHour = 3600;
 constexpr double kHalfTurn = 180;
 
 constexpr OnlineCurve kCurves[] = {
@@ -52,10 +51,10 @@ constexpr OnlineCurve kCurves[] = {
     {.quantity = kM, .pattern = kAllGood, .scaleEnd = kEndM},
     {.quantity = kPmech, .pattern = kAllGood, .scaleEnd = kEndP},
     {.quantity = kEta, .pattern = kAllGood},
-    {.quantity = kWp, .pattern = kPower, .divisor = kPerHour, .scaleEnd = kEndP},
-    {.quantity = kWpPlus, .pattern = kPower, .divisor = kPerHour, .scaleEnd = kEndP},
-    {.quantity = kWpMinus, .pattern = kPower, .divisor = kPerHour, .scaleEnd = kEndP},
-    {.quantity = kWq, .pattern = kUIP, .divisor = kPerHour, .scaleEnd = kEndP},
+    {.quantity = kWp, .pattern = kPower, .scaleEnd = kEndP},
+    {.quantity = kWpPlus, .pattern = kPower, .scaleEnd = kEndP},
+    {.quantity = kWpMinus, .pattern = kPower, .scaleEnd = kEndP},
+    {.quantity = kWq, .pattern = kUIP, .scaleEnd = kEndP},
 };
 
 } // namespace

@@ -16,7 +16,6 @@ struct OnlineCurve
 {
     int quantity;
     const char* pattern; ///< of the mask of a sample that can be drawn; "?" stands for any mark
-    double divisor = 1;
     int scaleEnd = -1;   ///< index into `ScaleEnds`; -1: `fixedEnd`
     double fixedEnd = 1; ///< of quantities that know no measuring range
 };

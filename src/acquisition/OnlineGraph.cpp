@@ -74,7 +74,7 @@ void OnlineGraph::PlotOnline(QPainter& painter, const OnlineCurve& curve, int x,
     if (!MatchesMask(mask, curve.pattern) || App().Checks.at(quantity) == 0)
         return;
     const std::optional<double> y =
-        OnlineHeight(QuantityValue(row, curve.quantity), curve.divisor, ScaleEndOf(curve), height());
+        OnlineHeight(QuantityValue(row, curve.quantity), DisplayDivisor(curve.quantity), ScaleEndOf(curve), height());
     if (!y)
         return;
     const QPointF point(x, *y);

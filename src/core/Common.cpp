@@ -25,7 +25,7 @@ void InitialiseApplicationBlock(const QString& executableDirectory)
     app.iGridRows = {5, 5, 16, 5, 17, 7, 100};
     app.iFileErrors = 0;
     app.iGraceLeft = 5;
-    app.bEvaluated = 0;
+    RecordingChanged();
     app.iCurrentSet = 1;
     app.MethodLetter = {QStringLiteral("V"), QStringLiteral("P")};
     for (std::size_t rating = 0; rating < kRatingColours.size(); ++rating)
@@ -36,7 +36,12 @@ void InitialiseApplicationBlock(const QString& executableDirectory)
 
 bool IsAron()
 {
-    return App().iNetConfIndex == 1;
+    return TraitsOf(App().iNetConfIndex).isAron;
+}
+
+void RecordingChanged()
+{
+    App().bEvaluated = 0;
 }
 
 void ResetRowBuffers()

@@ -4,6 +4,7 @@
 
 #include "core/Evaluation.h"
 #include "core/Machine.h"
+#include "core/NetConfigurations.h"
 #include "core/Quantities.h"
 #include "core/ValueRow.h"
 
@@ -207,6 +208,9 @@ void InitialiseApplicationBlock(const QString& executableDirectory);
 
 /// True in the net configuration that measures three phases with the formula S = sqrt(3) U I.
 bool IsAron();
+
+/// Rows, machine or options of the evaluation have changed: its results don't belong to the recording any more.
+void RecordingChanged();
 
 /// Empties the three row buffers, so that a quantity which the net configuration doesn't store reads as 0.
 void ResetRowBuffers();

@@ -53,13 +53,4 @@ enum Quantity : qint16
     kWqMinusRel = 49,
 };
 
-/// The seven net configurations, as stored in a project.
-inline constexpr int kNetConfCount = 7;
-
-/// Net configurations with an asynchronous machine: 2 (symmetric load) and 5 (single-phase measurement).
-constexpr bool HasMachine(int netConf)
-{
-    return netConf == 2 || netConf == 5;
-}
-
 } // namespace korvanel

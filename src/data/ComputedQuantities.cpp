@@ -1,14 +1,7 @@
 #include "data/ComputedQuantities.h"
 
 #include "core/Common.h"
-#include "core/Messages.h"
-#include "core/ProjectDb.h"
-#include "core/texts/Default.h"
-#include "data/EstimateUpdater.h"
-#include "data/FileManaging.h"
-#include "data/PassOverSets.h"
 #include "data/ValueColumns.h"
-#include "data/ValueTables.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <algorithm>
@@ -41,14 +34,6 @@ void SetRunningEnergies(const Energies& energies)
     app.dEnergyWpPlus = energies.WpPlus;
     app.dEnergyWpMinus = energies.WpMinus;
     app.dEnergyWq = energies.Wq;
-}
-
-void PutEnergies(tValueRow& row, const Energies& energies)
-{
-    row.dWp = energies.Wp;
-    row.dWpPlus = energies.WpPlus;
-    row.dWpMinus = energies.WpMinus;
-    row.dWq = energies.Wq;
 }
 
 void AddSteps()
@@ -115,7 +100,16 @@ void StepEnergyOnline()
     if (IsValidAt(row.sValidMask, {2}))
         app.dStepWp = row.dP[kSum] * app.dInterval * isCounted;
     AddSteps();
-    PutEnergies(row, RunningEnergies());
+    PutRunningEnergies(row);
+}
+
+void PutRunningEnergies(tValueRow& row)
+{
+    const Energies energies = RunningEnergies();
+    row.dWp = energies.Wp;
+    row.dWpPlus = energies.WpPlus;
+    row.dWpMinus = energies.WpMinus;
+    row.dWq = energies.Wq;
 }
 
 void StepEnergyOffline(double P, double Q, double t)
@@ -140,46 +134,6 @@ void FormRelativeEnergies()
     row.dWqRel = row.dWqAbs - start[3];
     row.dWqPlusRel = row.dWqPlusAbs - start[4];
     row.dWqMinusRel = row.dWqMinusAbs - start[5];
-}
-
-namespace {
-
-bool RecomputeEveryRow()
-{
-    DbTransaction transaction(ProjectDb());
-    for (qint32 set = 1; set <= App().iSetCount; ++set) {
-        tValueRow& row = App().CurrentRow;
-        if (!ReadRow(set))
-            return false;
-        StepEnergyOffline(row.dP[kSum], row.dQ[kSum], row.dt);
-        PutEnergies(row, RunningEnergies());
-        if (!UpdateRow(set))
-            return false;
-        App().TheShell->ShowProgress(Progress::Advance, static_cast<double>(set) / (App().iSetCount + 1));
-    }
-    transaction.Commit();
-    return true;
-}
-
-void TellCannotWrite(const DbError& error)
-{
-    ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
-}
-
-} // namespace
-
-bool RecomputeEnergies()
-{
-    if (!RefreshSetCount())
-        return true;
-    ResetEnergies();
-    const PassOverSets pass;
-    try {
-        return RecomputeEveryRow();
-    } catch (const DbError& error) {
-        TellCannotWrite(error);
-        return false;
-    }
 }
 
 bool IsEstimating()
@@ -212,46 +166,6 @@ void ComputeRow(bool withQuantities)
     }
     EstimateRow(row);
     row.bEdit = kCorrected;
-}
-
-namespace {
-
-void EstimateEverySet()
-{
-    const bool isEstimating = IsEstimating();
-    DbTransaction transaction(ProjectDb());
-    EstimateUpdater updater(ProjectDb(), isEstimating);
-    for (qint32 done = 0; updater.NextBlock();) {
-        for (const SampledSet& set : updater.Block()) {
-            if (!isEstimating)
-                break;
-            const auto& [U, I, f, P, phi] = set.sample;
-            EstimateLoad(U, I, f, P, phi, App().iCalcMethod);
-            updater.Store(set, App().Estimate, App().SampleLetter);
-        }
-        updater.MarkBlock(kCorrected);
-        done += static_cast<qint32>(updater.Block().size());
-        PassOverSets::Advance(done);
-    }
-    transaction.Commit();
-}
-
-} // namespace
-
-bool RecomputeAllRows()
-{
-    if (!RefreshSetCount())
-        return true;
-    const PassOverSets pass;
-    try {
-        EstimateEverySet();
-        App().bEvaluated = 0;
-        return true;
-    } catch (const DbError& error) {
-        ++App().iFileErrors;
-        TellCannotWrite(error);
-        return false;
-    }
 }
 
 } // namespace korvanel

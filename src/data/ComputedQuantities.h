@@ -35,18 +35,6 @@ struct Energies
 /// The energies after one more step: energy drawn counts as plus, energy fed back as minus.
 Energies AfterStep(Energies energies, double stepWp, double stepWq);
 
-/// Net configurations whose energies are the program's own: 0, 1 and 2.
-constexpr bool IntegratesEnergy(int netConf)
-{
-    return netConf >= 0 && netConf <= 2;
-}
-
-/// Net configurations whose energies come from registers of the instrument: 3, 4 and 5.
-constexpr bool HasRegisters(int netConf)
-{
-    return netConf >= 3 && netConf <= 5;
-}
-
 /// `DeriveQuantities` for the net configuration of the block, with the results there. The frequency has no influence.
 void DeriveFromUIP(double U, double I, double f, double P, double phi);
 
@@ -60,12 +48,11 @@ void StepEnergyOnline();
 /// One step from power P (W) and Q (var) over the time since the last step; t in seconds.
 void StepEnergyOffline(double P, double Q, double t);
 
+/// Puts the running energies into a row.
+void PutRunningEnergies(tValueRow& row);
+
 /// Relative energies of `MeasuredRow`: its registers less those of the first set, which this routine keeps.
 void FormRelativeEnergies();
-
-/// Forms the energies of all sets anew from their powers and times. All sets change or none: a failure is told by the
-/// row operation and takes everything back. False then.
-bool RecomputeEnergies();
 
 /// Whether the sets of the project are estimated: a net configuration with a machine, and a valid model of it.
 bool IsEstimating();
@@ -77,9 +64,5 @@ void EstimateRow(tValueRow& row);
 /// The row operation on `CurrentRow`: `DeriveFromUIP` into the row if `withQuantities` is set, the estimation, and the
 /// mark of correction. Throws ArithmeticFault.
 void ComputeRow(bool withQuantities);
-
-/// Estimates all sets anew, as after a change of machine or method, and marks every one as corrected. All sets change
-/// or none. A failure of the file is told and counted in `iFileErrors`: false then. Throws ArithmeticFault.
-bool RecomputeAllRows();
 
 } // namespace korvanel

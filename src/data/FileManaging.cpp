@@ -8,7 +8,7 @@
 #include "core/texts/Default.h"
 #include "data/ComputedQuantities.h"
 #include "data/RowWriter.h"
-#include "data/SetCursor.h"
+#include "data/SetReader.h"
 
 namespace korvanel {
 
@@ -39,12 +39,12 @@ Kind& Prepared(RecordsetSlot slot, Arguments... arguments)
     return static_cast<Kind&>(*recordset);
 }
 
-SetQuery& PreparedQuery(SetSource source)
+SetReader& PreparedReader(SetSource source)
 {
     const RecordsetSlot slot = source == SetSource::Measured  ? RecordsetSlot::ReadRow
                                : source == SetSource::Scratch ? RecordsetSlot::ReadTemp
                                                               : RecordsetSlot::ReadSimulated;
-    return Prepared<SetQuery>(slot, App().iNetConfIndex, source, SetRange::One);
+    return Prepared<SetReader>(slot, App().iNetConfIndex, SetRange::One, source);
 }
 
 } // namespace
@@ -65,7 +65,7 @@ bool AppendMeasuredRow()
     EstimateRow(App().MeasuredRow); // a fault in arithmetic ends the run, not only this row
     return RowOperation(texts::cannotWriteFile, [] {
         ApplicationBlock& app = App();
-        app.bEvaluated = 0;
+        RecordingChanged();
         tMeasuredRow& row = app.MeasuredRow;
         if (HasRegisters(app.iNetConfIndex))
             FormRelativeEnergies();
@@ -83,7 +83,7 @@ bool AppendMeasuredRow()
 bool AppendRow(qint32 set)
 {
     return RowOperation(texts::cannotWriteFile, [set] {
-        App().bEvaluated = 0;
+        RecordingChanged();
         tValueRow row = App().CurrentRow;
         row.dWp = row.dWpPlus = row.dWpMinus = row.dWq = 0;
         Prepared<RowWriter>(RecordsetSlot::Append, App().iNetConfIndex, RowOrigin::ByHand)
@@ -94,7 +94,7 @@ bool AppendRow(qint32 set)
 bool UpdateRow(qint32 set)
 {
     return RowOperation(texts::cannotWriteFile, [set] {
-        App().bEvaluated = 0;
+        RecordingChanged();
         Prepared<RowUpdater>(RecordsetSlot::Update, App().iNetConfIndex).Update(App().CurrentRow, set);
     });
 }
@@ -102,31 +102,42 @@ bool UpdateRow(qint32 set)
 bool ReadRow(qint32 set, bool fromTemp)
 {
     return RowOperation(texts::cannotReadFile, [set, fromTemp] {
-        SetQuery& query = PreparedQuery(fromTemp ? SetSource::Scratch : SetSource::Measured);
-        query.Seek(set);
-        if (query.Step()) {
+        SetReader& reader = PreparedReader(fromTemp ? SetSource::Scratch : SetSource::Measured);
+        reader.Seek(set);
+        if (reader.Step()) {
             App().lLastReadSet = set;
-            query.Fill(App().CurrentRow);
-            App().sTimeText = DateTimeTextOfStored(query.StoredTime());
+            reader.FillInto(App().CurrentRow);
+            App().sTimeText = DateTimeTextOfStored(reader.StoredTime());
         }
-        query.Release();
+        reader.Release();
+    });
+}
+
+bool VisitSets(qint32 first, qint32 last, const std::function<bool(const ShownSet&)>& visit)
+{
+    return RowOperation(texts::cannotReadFile, [&] {
+        SetReader reader(ProjectDb(), App().iNetConfIndex, SetRange::Between);
+        reader.Seek(first, last);
+        while (reader.Next())
+            if (!visit({reader.Set(), reader.Row(), DateTimeTextOfStored(reader.StoredTime())}))
+                return;
     });
 }
 
 bool AppendSimulatedRow(qint32 set)
 {
     return RowOperation(texts::cannotWriteFile,
-                        [set] { Prepared<SimulatedRowWriter>(RecordsetSlot::Write).Append(App().SimulatedRow, set); });
+                        [set] { Prepared<SimulatedRowWriter>(RecordsetSlot::Write).Put(set, App().SimulatedRow); });
 }
 
 bool ReadSimulatedRow(qint32 set)
 {
     return RowOperation(texts::cannotReadFile, [set] {
-        SetQuery& query = PreparedQuery(SetSource::Simulated);
-        query.Seek(set);
-        if (query.Step())
-            query.Fill(App().SimulatedRow);
-        query.Release();
+        SetReader& reader = PreparedReader(SetSource::Simulated);
+        reader.Seek(set);
+        if (reader.Step())
+            reader.FillInto(App().SimulatedRow);
+        reader.Release();
     });
 }
 

@@ -3,7 +3,12 @@
 // OpenDbGuarded and CloseDbGuarded; what is prepared for a row is kept until the closing.
 #pragma once
 
+#include "core/ValueRow.h"
+
+#include <QString>
 #include <QtGlobal>
+
+#include <functional>
 
 namespace korvanel {
 
@@ -28,6 +33,18 @@ bool UpdateRow(qint32 set);
 /// Fills `CurrentRow`, `sTimeText` and `lLastReadSet` from a set, of the project or of its scratch table. Without such
 /// a set nothing changes. Fields that the configuration doesn't store keep their content. False after a failure.
 bool ReadRow(qint32 set, bool fromTemp = false);
+
+/// One set as it is shown: fields that the configuration doesn't store are 0, and the time stamp is a text for people.
+struct ShownSet
+{
+    qint32 set;
+    const tValueRow& row;
+    QString timeText; ///< empty if the set has no time stamp
+};
+
+/// Hands the sets from `first` to `last` in order to `visit`, until it returns false. The buffers of the block stay as
+/// they are, whoever paints beside an operation that uses them. False after a failure.
+bool VisitSets(qint32 first, qint32 last, const std::function<bool(const ShownSet&)>& visit);
 
 /// Adds `SimulatedRow`.
 bool AppendSimulatedRow(qint32 set);

@@ -5,22 +5,39 @@
 #include "core/Shell.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace korvanel {
 
-PassOverSets::PassOverSets()
-{
-    OpenDbGuarded();
-    App().TheShell->ShowProgress(Progress::Begin, 0);
-}
+namespace {
 
-PassOverSets::~PassOverSets()
+void EndPass()
 {
     CloseDbGuarded();
     App().TheShell->ShowProgress(Progress::End, 1);
 }
 
-void PassOverSets::Advance(qint32 done)
+} // namespace
+
+void PassOverSets(const std::function<void()>& work)
+{
+    OpenDbGuarded();
+    App().TheShell->ShowProgress(Progress::Begin, 0);
+    try {
+        work();
+    } catch (...) {
+        const std::exception_ptr failure = std::current_exception();
+        try {
+            EndPass();
+        } catch (const std::exception&) {
+            // The page couldn't show what has come of it; why the work failed says more.
+        }
+        std::rethrow_exception(failure);
+    }
+    EndPass();
+}
+
+void AdvanceOverSets(qint32 done)
 {
     App().TheShell->ShowProgress(Progress::Advance, std::min(1.0, static_cast<double>(done) / App().iSetCount));
 }

@@ -18,6 +18,9 @@ double QuantityValue(const tValueRow& row, int quantity);
 /// else 1.
 double DisplayDivisor(int quantity);
 
+/// Rounding factor of a quantity in grids: 1000 is three decimals.
+double GridFactor(int quantity);
+
 /// Text of a quantity in a grid, rounded as its column tells.
 QString GridText(const tValueRow& row, int quantity);
 

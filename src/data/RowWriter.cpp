@@ -3,7 +3,6 @@
 #include "core/NumberText.h"
 #include "core/texts/Default.h"
 
-#include <cmath>
 #include <cstdint>
 
 namespace korvanel {
@@ -19,7 +18,7 @@ void Bind(SQLite::Statement& statement, int position, const ValueColumn& column,
     }
     switch (column.type) {
     case ColumnType::Key:
-        statement.bind(position, stamp.set);
+        statement.bind(position, static_cast<std::int64_t>(stamp.set));
         break;
     case ColumnType::DateTime:
         if (stamp.time.isEmpty())
@@ -79,15 +78,6 @@ std::vector<const ValueColumn*> ColumnsByHand(ValueTable table, int netConf, Con
 
 } // namespace
 
-qint64 WholeSeconds(double seconds)
-{
-    // Beyond these limits a double has no whole-number twin; such a time is no time.
-    constexpr double kLimit = 9e15;
-    if (!(std::abs(seconds) < kLimit))
-        throw DbError(texts::timeOutOfRange.toStdString());
-    return static_cast<qint64>(std::nearbyint(seconds));
-}
-
 RowWriter::RowWriter(TableDb& db, int netConf, RowOrigin origin) : database(db)
 {
     for (const ValueTable table : {ValueTable::Sampled, ValueTable::Computed}) {
@@ -115,7 +105,7 @@ SimulatedRowWriter::SimulatedRowWriter(TableDb& db)
     : statement(PrepareInsert(db, ValueTable::Simulated, ColumnsOf(ValueTable::Simulated, 0)))
 {}
 
-void SimulatedRowWriter::Append(tValueRow& row, qint32 set)
+void SimulatedRowWriter::Put(qint64 set, tValueRow& row)
 {
     static const std::vector<const ValueColumn*> columns = ColumnsOf(ValueTable::Simulated, 0);
     WithDbErrors([&] {

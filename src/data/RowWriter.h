@@ -4,6 +4,7 @@
 
 #include "core/ProjectDb.h"
 #include "core/ValueRow.h"
+#include "data/SetRewriter.h"
 #include "data/ValueColumns.h"
 
 #include <QString>
@@ -17,7 +18,7 @@ namespace korvanel {
 /// What a stored set holds beside the row itself.
 struct RowStamp
 {
-    qint32 set = 0;
+    qint64 set = 0;
     QString time; ///< as stored; empty: null
     quint8 mark = 0;
     bool isEstimated = true; ///< false leaves speed, torque, shaft power, efficiency and method null
@@ -50,11 +51,11 @@ private:
 };
 
 /// The writer of simulated sets.
-class SimulatedRowWriter : public Recordset
+class SimulatedRowWriter : public Recordset, public SetTarget
 {
 public:
     explicit SimulatedRowWriter(TableDb& db);
-    void Append(tValueRow& row, qint32 set);
+    void Put(qint64 set, tValueRow& row) override;
 
 private:
     SQLite::Statement statement;
@@ -77,8 +78,5 @@ private:
     TableDb& database;
     std::vector<Change> changes;
 };
-
-/// Seconds as the whole-number column `t` takes them: the nearest whole number, a half going to the even one.
-qint64 WholeSeconds(double seconds);
 
 } // namespace korvanel

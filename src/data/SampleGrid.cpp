@@ -71,11 +71,12 @@ void SampleGrid::SetWidths()
     }
 }
 
-void SampleGrid::FillRow(int row, const QString& number, const tValueRow& values)
+void SampleGrid::FillRow(int row, const QString& number, const ShownSet& shown)
 {
     Table().setVerticalHeaderItem(row, new QTableWidgetItem(number));
     for (int i = 0; i < Table().columnCount(); ++i)
-        SetCell(Table(), row, i, SetText(values, App().ColumnLayout[static_cast<std::size_t>(i)]), kNumbers);
+        SetCell(Table(), row, i, SetText(shown.row, shown.timeText, App().ColumnLayout[static_cast<std::size_t>(i)]),
+                kNumbers);
 }
 
 void SampleGrid::ClearRow(int row)
@@ -89,7 +90,7 @@ void SampleGrid::ShowPresent(const tValueRow& row, const std::function<bool(int)
 {
     for (int i = 0; i < head->columnCount(); ++i) {
         const int column = App().ColumnLayout[static_cast<std::size_t>(i)];
-        SetCell(*head, 0, i, column == kColumnTimeStamp ? QString() : SetText(row, column), kNumbers);
+        SetCell(*head, 0, i, SetText(row, {}, column), kNumbers); // not stored, so without a time stamp
         const bool isBad = column >= 0 && !isGood(column);
         head->item(0, i)->setBackground(isBad ? QBrush(ColourOf(kBadCellColour)) : QBrush());
         head->item(0, i)->setForeground(isBad ? QBrush(Qt::black) : QBrush());

@@ -25,7 +25,7 @@ public:
 protected:
     void FillHead() override;
     void SetWidths() override;
-    void FillRow(int row, const QString& number, const tValueRow& values) override;
+    void FillRow(int row, const QString& number, const ShownSet& shown) override;
     void ClearRow(int row) override;
 
 private:

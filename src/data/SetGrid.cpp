@@ -45,18 +45,18 @@ QString WidestText(int column)
     }
 }
 
-QString NumberOf(qint32 set, const tValueRow& values)
+QString NumberOf(const ShownSet& shown)
 {
-    return QString::number(set) + (values.bEdit ? QStringLiteral("*") : QString());
+    return QString::number(shown.set) + (shown.row.bEdit ? QStringLiteral("*") : QString());
 }
 
 } // namespace
 
-QString SetText(const tValueRow& values, int column)
+QString SetText(const tValueRow& values, const QString& timeText, int column)
 {
     switch (column) {
     case kColumnTimeStamp:
-        return App().sTimeText;
+        return timeText;
     case kColumnTime:
         return SecondsToTime(values.dt, false);
     case kColumnMethod:
@@ -177,12 +177,6 @@ void SetGrid::Select(qint32 set)
     ShowSelection();
 }
 
-bool SetGrid::Read(qint32 set)
-{
-    hasFailed = !ReadRow(set);
-    return !hasFailed && App().lLastReadSet == set;
-}
-
 void SetGrid::Fill()
 {
     if (table->columnCount() == 0) // before the first Rebuild
@@ -191,15 +185,17 @@ void SetGrid::Fill()
     table->setUpdatesEnabled(false);
     const auto shownAgain = qScopeGuard([this] { table->setUpdatesEnabled(true); });
     OpenDbGuarded();
-    bool isReadable = App().bProjectOpen;
-    for (int row = 0; row < rows; ++row) {
-        const qint32 set = FirstShown() + row;
-        isReadable = isReadable && set <= App().iSetCount && Read(set);
-        if (isReadable)
-            FillRow(row, NumberOf(set, App().CurrentRow), App().CurrentRow);
-        else
-            ClearRow(row);
-    }
+    const qint32 last = App().bProjectOpen ? std::min(App().iSetCount, FirstShown() + rows - 1) : 0;
+    int filled = 0;
+    if (last >= FirstShown())
+        hasFailed = !VisitSets(FirstShown(), last, [this, &filled](const ShownSet& shown) {
+            if (shown.set != FirstShown() + filled) // one is missing, and what follows stands nowhere
+                return false;
+            FillRow(filled++, NumberOf(shown), shown);
+            return true;
+        });
+    for (int row = filled; row < rows; ++row)
+        ClearRow(row);
     CloseDbGuarded();
     ShowSelection();
 }

@@ -2,7 +2,7 @@
 // that reaches all sets. Only what is visible is read, so that any place of a long recording is shown at once.
 #pragma once
 
-#include "core/ValueRow.h"
+#include "data/FileManaging.h"
 
 #include <QWidget>
 
@@ -44,7 +44,7 @@ protected:
     virtual void FillHead() = 0;
     virtual void SetWidths() = 0;
     /// Shows a set that has just been read. The number carries a star if the set was corrected.
-    virtual void FillRow(int row, const QString& number, const tValueRow& values) = 0;
+    virtual void FillRow(int row, const QString& number, const ShownSet& shown) = 0;
     /// Shows a row without a set.
     virtual void ClearRow(int row) = 0;
 
@@ -65,8 +65,6 @@ protected:
 
 private:
     void SetBarRange();
-    /// Reads a set; false if it can't be read, which has been told, or isn't there.
-    bool Read(qint32 set);
     void ShowSelection();
     /// Lets the user's choice of a row stand, unless there is no set.
     void TakeRow(int row);
@@ -84,7 +82,7 @@ private:
     QScrollBar* bar;
 };
 
-/// Text of a column for a row that has just been read.
-QString SetText(const tValueRow& values, int column);
+/// Text of a column for a set with its time stamp.
+QString SetText(const tValueRow& values, const QString& timeText, int column);
 
 } // namespace korvanel

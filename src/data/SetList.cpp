@@ -163,11 +163,12 @@ void SetList::SetWidths()
     }
 }
 
-SetJudge::Verdict SetList::CellOf(const tValueRow& values, int column) const
+SetJudge::Verdict SetList::CellOf(const ShownSet& shown, int column) const
 {
     if (column == kColumnSuitability)
-        return judge.verdictOn(values);
-    return {SetText(values, column), column >= 0 ? judge.colourOf(QuantityValue(values, column), column) : 0};
+        return judge.verdictOn(shown.row);
+    return {SetText(shown.row, shown.timeText, column),
+            column >= 0 ? judge.colourOf(QuantityValue(shown.row, column), column) : 0};
 }
 
 void SetList::ShowCell(int row, int column, const SetJudge::Verdict& cell)
@@ -177,12 +178,12 @@ void SetList::ShowCell(int row, int column, const SetJudge::Verdict& cell)
     Table().item(row, column)->setForeground(cell.colour == 0 ? QBrush() : QBrush(ColourOf(cell.colour)));
 }
 
-void SetList::FillRow(int row, const QString& number, const tValueRow& values)
+void SetList::FillRow(int row, const QString& number, const ShownSet& shown)
 {
     ShowCell(row, kNumberColumn, {number});
-    ShowCell(row, kTimeTextColumn, {SetText(values, kColumnTime)});
+    ShowCell(row, kTimeTextColumn, {SetText(shown.row, shown.timeText, kColumnTime)});
     for (int i = kFixedColumns; i < Table().columnCount(); ++i)
-        ShowCell(row, i, CellOf(values, App().ColumnLayout[static_cast<std::size_t>(i - kFixedColumns)]));
+        ShowCell(row, i, CellOf(shown, App().ColumnLayout[static_cast<std::size_t>(i - kFixedColumns)]));
 }
 
 void SetList::ClearRow(int row)

@@ -34,12 +34,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void FillHead() override;
     void SetWidths() override;
-    void FillRow(int row, const QString& number, const tValueRow& values) override;
+    void FillRow(int row, const QString& number, const ShownSet& shown) override;
     void ClearRow(int row) override;
 
 private:
     void BuildFixedColumns();
-    SetJudge::Verdict CellOf(const tValueRow& values, int column) const;
+    SetJudge::Verdict CellOf(const ShownSet& shown, int column) const;
     void ShowCell(int row, int column, const SetJudge::Verdict& cell);
 
     SetJudge judge;

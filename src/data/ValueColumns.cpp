@@ -1,92 +1,75 @@
 #include "data/ValueColumns.h"
 
-#include "data/RowFields.h"
+#include "core/QuantityTable.h"
+#include "core/TableDb.h"
+#include "core/texts/Default.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace korvanel {
 
 namespace {
 
-constexpr ConfigMask Mask(std::initializer_list<int> configurations)
+using Traits = NetConfTraits;
+
+constexpr ConfigMask kAll = ConfigurationsWhere([](const Traits&) { return true; });
+constexpr ConfigMask kPower = ConfigurationsWhere([](const Traits& net) { return net.hasPower; });
+constexpr ConfigMask kVoltageOnly = ConfigurationsWhere([](const Traits& net) { return !net.hasPower; });
+constexpr ConfigMask kPhases = ConfigurationsWhere([](const Traits& net) { return net.hasPhases; });
+constexpr ConfigMask kVoltagePhases = kPhases | kVoltageOnly;
+constexpr ConfigMask kMachine = ConfigurationsWhere([](const Traits& net) { return net.hasMachine; });
+/// Q, S, cos phi and energies are computed by the program.
+constexpr ConfigMask kDerived =
+    ConfigurationsWhere([](const Traits& net) { return net.energies == EnergySource::Integrated; });
+/// They come from the instrument.
+constexpr ConfigMask kRecorded =
+    ConfigurationsWhere([](const Traits& net) { return net.energies == EnergySource::Registers; });
+constexpr ConfigMask kMachineByHand = kMachine & kDerived;
+
+/// A column that holds a quantity.
+constexpr ValueColumn ColumnOf(int quantity, ConfigMask sampled, ConfigMask computed = 0)
 {
-    unsigned mask = 0;
-    for (const int c : configurations)
-        mask |= 1U << static_cast<unsigned>(c);
-    return static_cast<ConfigMask>(mask);
+    const QuantityEntry& entry = QuantityOf(quantity);
+    return {.name = entry.column, .quantity = quantity, .field = entry.field, .sampled = sampled, .computed = computed};
 }
 
-constexpr ConfigMask kAll = Mask({0, 1, 2, 3, 4, 5, 6});
-constexpr ConfigMask kPower = Mask({0, 1, 2, 3, 4, 5}); // all but the voltage measurement
-constexpr ConfigMask kDerived = Mask({0, 1, 2});        // Q, S, cos phi and energies are computed by the program
-constexpr ConfigMask kRecorded = Mask({3, 4, 5});       // they come from the instrument
-constexpr ConfigMask kPhases = Mask({4, 5});
-constexpr ConfigMask kVoltagePhases = Mask({4, 5, 6});
-constexpr ConfigMask kVoltageOnly = Mask({6});
-constexpr ConfigMask kMachine = Mask({2, 5});
-constexpr ConfigMask kMachineByHand = Mask({2});
-
 /// A total or mean, with the configurations of the two tables; rows made or changed by hand write it too.
-template <auto Member>
-constexpr ValueColumn SumColumn(const char* name, ConfigMask sampled, ConfigMask computed, int simulatedPosition = 0)
+constexpr ValueColumn SumColumn(int quantity, ConfigMask sampled, ConfigMask computed = 0, int simulatedPosition = 0)
 {
-    const auto stored = static_cast<ConfigMask>(sampled | computed);
-    return {.name = name,
-            .field = &Element<Member, kSum>,
-            .sampled = sampled,
-            .computed = computed,
-            .appended = stored,
-            .updated = stored,
-            .simulatedPosition = simulatedPosition};
+    ValueColumn column = ColumnOf(quantity, sampled, computed);
+    column.appended = column.updated = static_cast<ConfigMask>(sampled | computed);
+    column.simulatedPosition = simulatedPosition;
+    return column;
 }
 
 /// A value of one phase; only the voltages of the voltage measurement are written by hand.
-template <auto Member, std::size_t Position>
-constexpr ValueColumn PhaseColumn(const char* name, ConfigMask sampled)
+constexpr ValueColumn PhaseColumn(int quantity, ConfigMask sampled)
 {
-    const auto byHand = static_cast<ConfigMask>(sampled & kVoltageOnly);
-    return {
-        .name = name, .field = &Element<Member, Position>, .sampled = sampled, .appended = byHand, .updated = byHand};
-}
-
-template <auto Member>
-constexpr ValueColumn RegisterColumn(const char* name)
-{
-    return {.name = name, .field = &Single<Member>, .sampled = kRecorded};
+    ValueColumn column = ColumnOf(quantity, sampled);
+    column.appended = column.updated = static_cast<ConfigMask>(sampled & kVoltageOnly);
+    return column;
 }
 
 /// An energy by integration. A row by hand writes it in every configuration with power: where the column is missing
 /// the refusal of the engine tells that such rows don't fit.
-template <auto Member>
-constexpr ValueColumn EnergyColumn(const char* name, int simulatedPosition = 0)
+constexpr ValueColumn EnergyColumn(int quantity, int simulatedPosition = 0)
 {
-    return {.name = name,
-            .field = &Single<Member>,
-            .computed = kDerived,
-            .appended = kPower,
-            .updated = kPower,
-            .simulatedPosition = simulatedPosition};
+    ValueColumn column = ColumnOf(quantity, 0, kDerived);
+    column.appended = column.updated = kPower;
+    column.simulatedPosition = simulatedPosition;
+    return column;
 }
 
-template <auto Member>
-constexpr ValueColumn RelativeColumn(const char* name)
+constexpr ValueColumn MachineColumn(int quantity, int simulatedPosition)
 {
-    return {.name = name, .field = &Single<Member>, .computed = kRecorded};
+    ValueColumn column = ColumnOf(quantity, 0, kMachine);
+    column.appended = kMachineByHand;
+    column.updated = kMachine;
+    column.isEstimate = true;
+    column.simulatedPosition = simulatedPosition;
+    return column;
 }
-
-template <auto Member>
-constexpr ValueColumn MachineColumn(const char* name, int simulatedPosition)
-{
-    return {.name = name,
-            .field = &Single<Member>,
-            .computed = kMachine,
-            .appended = kMachineByHand,
-            .updated = kMachine,
-            .isEstimate = true,
-            .simulatedPosition = simulatedPosition};
-}
-
-using Row = tValueRow;
 
 constexpr ValueColumn kColumns[] = {
     {.name = "Set",
@@ -95,70 +78,67 @@ constexpr ValueColumn kColumns[] = {
      .computed = kAll,
      .appended = kAll,
      .simulatedPosition = 1},
-    {.name = "Time", .type = ColumnType::DateTime, .sampled = kAll},
-    SumColumn<&Row::dU>("U sum", kAll, 0, 2),
-    PhaseColumn<&Row::dU, kPhase1>("U 1", kVoltagePhases),
-    PhaseColumn<&Row::dU, kPhase2>("U 2", kVoltagePhases),
-    PhaseColumn<&Row::dU, kPhase3>("U 3", kVoltagePhases),
-    SumColumn<&Row::dI>("I sum", kPower, 0),
-    PhaseColumn<&Row::dI, kPhase1>("I 1", kPhases),
-    PhaseColumn<&Row::dI, kPhase2>("I 2", kPhases),
-    PhaseColumn<&Row::dI, kPhase3>("I 3", kPhases),
-    PhaseColumn<&Row::dI, kNeutral>("I N", kRecorded),
-    {.name = "f sum",
-     .field = &Single<&Row::df>,
-     .sampled = kAll,
-     .appended = kAll,
-     .updated = kAll,
-     .simulatedPosition = 3},
-    SumColumn<&Row::dP>("P sum", kPower, 0, 4),
-    PhaseColumn<&Row::dP, kPhase1>("P 1", kPhases),
-    PhaseColumn<&Row::dP, kPhase2>("P 2", kPhases),
-    PhaseColumn<&Row::dP, kPhase3>("P 3", kPhases),
-    SumColumn<&Row::dPhi>("phi sum", kPower, 0),
-    PhaseColumn<&Row::dPhi, kPhase1>("phi 1", kPhases),
-    PhaseColumn<&Row::dPhi, kPhase2>("phi 2", kPhases),
-    PhaseColumn<&Row::dPhi, kPhase3>("phi 3", kPhases),
-    SumColumn<&Row::dQ>("Q sum", kRecorded, kDerived),
-    PhaseColumn<&Row::dQ, kPhase1>("Q 1", kPhases),
-    PhaseColumn<&Row::dQ, kPhase2>("Q 2", kPhases),
-    PhaseColumn<&Row::dQ, kPhase3>("Q 3", kPhases),
-    SumColumn<&Row::dS>("S sum", kRecorded, kDerived),
-    PhaseColumn<&Row::dS, kPhase1>("S 1", kPhases),
-    PhaseColumn<&Row::dS, kPhase2>("S 2", kPhases),
-    PhaseColumn<&Row::dS, kPhase3>("S 3", kPhases),
-    SumColumn<&Row::dCosPhi>("cosphi sum", kRecorded, kDerived),
-    PhaseColumn<&Row::dCosPhi, kPhase1>("cosphi 1", kPhases),
-    PhaseColumn<&Row::dCosPhi, kPhase2>("cosphi 2", kPhases),
-    PhaseColumn<&Row::dCosPhi, kPhase3>("cosphi 3", kPhases),
-    RegisterColumn<&Row::dWpAbs>("Wp abs"),
-    RegisterColumn<&Row::dWpPlusAbs>("Wp+ abs"),
-    RegisterColumn<&Row::dWpMinusAbs>("Wp- abs"),
-    RegisterColumn<&Row::dWqAbs>("Wq abs"),
-    RegisterColumn<&Row::dWqPlusAbs>("Wq+ abs"),
-    RegisterColumn<&Row::dWqMinusAbs>("Wq- abs"),
+    {.name = "Time", .quantity = kColumnTimeStamp, .type = ColumnType::DateTime, .sampled = kAll},
+    SumColumn(kU, kAll, 0, 2),
+    PhaseColumn(kU1, kVoltagePhases),
+    PhaseColumn(kU1 + 1, kVoltagePhases),
+    PhaseColumn(kU1 + 2, kVoltagePhases),
+    SumColumn(kI, kPower),
+    PhaseColumn(kI1, kPhases),
+    PhaseColumn(kI1 + 1, kPhases),
+    PhaseColumn(kI1 + 2, kPhases),
+    PhaseColumn(kINeutral, kRecorded),
+    SumColumn(kF, kAll, 0, 3),
+    SumColumn(kP, kPower, 0, 4),
+    PhaseColumn(kP1, kPhases),
+    PhaseColumn(kP1 + 1, kPhases),
+    PhaseColumn(kP1 + 2, kPhases),
+    SumColumn(kPhi, kPower),
+    PhaseColumn(kPhi1, kPhases),
+    PhaseColumn(kPhi1 + 1, kPhases),
+    PhaseColumn(kPhi1 + 2, kPhases),
+    SumColumn(kQ, kRecorded, kDerived),
+    PhaseColumn(kQ1, kPhases),
+    PhaseColumn(kQ1 + 1, kPhases),
+    PhaseColumn(kQ1 + 2, kPhases),
+    SumColumn(kS, kRecorded, kDerived),
+    PhaseColumn(kS1, kPhases),
+    PhaseColumn(kS1 + 1, kPhases),
+    PhaseColumn(kS1 + 2, kPhases),
+    SumColumn(kCosPhi, kRecorded, kDerived),
+    PhaseColumn(kCosPhi1, kPhases),
+    PhaseColumn(kCosPhi1 + 1, kPhases),
+    PhaseColumn(kCosPhi1 + 2, kPhases),
+    ColumnOf(kWpAbs, kRecorded),
+    ColumnOf(kWpPlusAbs, kRecorded),
+    ColumnOf(kWpMinusAbs, kRecorded),
+    ColumnOf(kWqAbs, kRecorded),
+    ColumnOf(kWqPlusAbs, kRecorded),
+    ColumnOf(kWqMinusAbs, kRecorded),
     {.name = "t",
+     .quantity = kColumnTime,
      .type = ColumnType::Whole,
-     .field = &Single<&Row::dt>,
+     .field = &Single<&tValueRow::dt>,
      .sampled = kAll,
      .appended = kAll,
      .updated = kAll},
     {.name = "Edit", .type = ColumnType::Mark, .sampled = kAll, .appended = kAll, .updated = kAll},
-    EnergyColumn<&Row::dWp>("Wp", 10),
-    EnergyColumn<&Row::dWpPlus>("Wp+", 11),
-    EnergyColumn<&Row::dWpMinus>("Wp-", 12),
-    EnergyColumn<&Row::dWq>("Wq"),
-    RelativeColumn<&Row::dWpRel>("Wp rel"),
-    RelativeColumn<&Row::dWpPlusRel>("Wp+ rel"),
-    RelativeColumn<&Row::dWpMinusRel>("Wp- rel"),
-    RelativeColumn<&Row::dWqRel>("Wq rel"),
-    RelativeColumn<&Row::dWqPlusRel>("Wq+ rel"),
-    RelativeColumn<&Row::dWqMinusRel>("Wq- rel"),
-    MachineColumn<&Row::dn>("n", 5),
-    MachineColumn<&Row::dM>("M", 6),
-    MachineColumn<&Row::dPmech>("Pmech", 7),
-    MachineColumn<&Row::deta>("eta", 8),
+    EnergyColumn(kWp, 10),
+    EnergyColumn(kWpPlus, 11),
+    EnergyColumn(kWpMinus, 12),
+    EnergyColumn(kWq),
+    ColumnOf(kWpRel, 0, kRecorded),
+    ColumnOf(kWpPlusRel, 0, kRecorded),
+    ColumnOf(kWpMinusRel, 0, kRecorded),
+    ColumnOf(kWqRel, 0, kRecorded),
+    ColumnOf(kWqPlusRel, 0, kRecorded),
+    ColumnOf(kWqMinusRel, 0, kRecorded),
+    MachineColumn(kN, 5),
+    MachineColumn(kM, 6),
+    MachineColumn(kPmech, 7),
+    MachineColumn(kEta, 8),
     {.name = "Method",
+     .quantity = kColumnMethod,
      .type = ColumnType::Letter,
      .computed = kMachine,
      .appended = kMachineByHand,
@@ -239,6 +219,15 @@ std::string QualifiedName(const ValueColumn& column, int netConf)
 {
     const ValueTable table = IsIn(column.sampled, netConf) ? ValueTable::Sampled : ValueTable::Computed;
     return std::string(TableName(table)) + ".[" + column.name + "]";
+}
+
+qint64 WholeSeconds(double seconds)
+{
+    // Beyond these limits a double has no whole-number twin; such a time is no time.
+    constexpr double kLimit = 9e15;
+    if (!(std::abs(seconds) < kLimit))
+        throw DbError(texts::timeOutOfRange.toStdString());
+    return static_cast<qint64>(std::nearbyint(seconds));
 }
 
 } // namespace korvanel

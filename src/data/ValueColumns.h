@@ -2,7 +2,8 @@
 // it stands in the row. Creating, appending, updating and reading all go by this one table; a new column is one line.
 #pragma once
 
-#include "core/ValueRow.h"
+#include "core/NetConfigurations.h"
+#include "core/RowFields.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -23,6 +24,9 @@ enum class ColumnType
     Letter,   ///< letter of the estimation method
 };
 
+/// Of the columns that the numbering of the quantities doesn't know.
+inline constexpr int kNoQuantity = -100;
+
 /// Mark of a set that is not as it was measured.
 inline constexpr quint8 kCorrected = 255;
 
@@ -33,28 +37,21 @@ enum class ValueTable
     Simulated
 };
 
-/// Net configurations as bits: bit n is configuration n.
-using ConfigMask = quint8;
-
 struct ValueColumn
 {
     const char* name;
+    int quantity = kNoQuantity; ///< that it holds, or the number of a column without one
     ColumnType type = ColumnType::Real;
-    double& (*field)(tValueRow&) = nullptr; ///< of the types Real and Whole
-    ConfigMask sampled = 0;                 ///< configurations in which `SampledValues` has the column
-    ConfigMask computed = 0;                ///< configurations in which `ComputedValues` has it
-    ConfigMask appended = 0;                ///< configurations in which a row made by hand writes it
-    ConfigMask updated = 0;                 ///< configurations in which a change of a row writes it
-    bool isEstimate = false;                ///< result of the load estimation; null in a set without one
-    int simulatedPosition = 0;              ///< place within `SimulatedValues`, from 1; 0: none
+    RowField field = nullptr;  ///< of the types Real and Whole
+    ConfigMask sampled = 0;    ///< configurations in which `SampledValues` has the column
+    ConfigMask computed = 0;   ///< configurations in which `ComputedValues` has it
+    ConfigMask appended = 0;   ///< configurations in which a row made by hand writes it
+    ConfigMask updated = 0;    ///< configurations in which a change of a row writes it
+    bool isEstimate = false;   ///< result of the load estimation; null in a set without one
+    int simulatedPosition = 0; ///< place within `SimulatedValues`, from 1; 0: none
 };
 
 std::span<const ValueColumn> ValueColumns();
-
-constexpr bool IsIn(ConfigMask mask, int netConf)
-{
-    return (mask >> netConf & 1) != 0;
-}
 
 const char* TableName(ValueTable table);
 
@@ -72,5 +69,9 @@ extern const char* const kSimulatedJoin;
 /// Qualified name, such as SampledValues.[U sum]. A column that neither table has in this configuration is named as
 /// one of `ComputedValues`, so that the engine refuses it.
 std::string QualifiedName(const ValueColumn& column, int netConf);
+
+/// Seconds as the whole-number column `t` takes them: the nearest whole number, a half going to the even one. Throws
+/// DbError for what no whole number can hold.
+qint64 WholeSeconds(double seconds);
 
 } // namespace korvanel

@@ -1,12 +1,12 @@
 #include "data/ValueTables.h"
 
 #include "core/Common.h"
+#include "core/NetConfigurations.h"
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
 #include "data/ValueColumns.h"
 
 #include <algorithm>
-#include <array>
 
 namespace korvanel {
 
@@ -32,7 +32,7 @@ void ClearValues()
     ProjectDb().Execute(QStringLiteral("DELETE FROM [ComputedValues];"));
     DropTable(QLatin1String(TableName(ValueTable::Simulated)));
     transaction.Commit();
-    App().bEvaluated = 0;
+    RecordingChanged();
 }
 
 void CreateSimulatedTable()
@@ -77,46 +77,10 @@ void UpdateMeasurementTerm()
         App().sMeasurementTerm = SecondsToTime(std::max(0.0, (App().iSetCount - 1) * App().dInterval), false);
 }
 
-namespace {
-
-// Where the phases are recorded, they stand phase by phase.
-constexpr std::array<qint16, 21> kPhaseColumns{16, 19, 22, 25, 28, 31, 34, 17, 20, 23, 26,
-                                               29, 32, 35, 18, 21, 24, 27, 30, 33, 36};
-constexpr std::array<qint16, 8> kSums{0, 1, 2, 3, 5, 4, 11, 6};
-constexpr std::array<qint16, 4> kMachine{7, 8, 9, 10};
-constexpr std::array<qint16, 4> kEnergies{12, 14, 15, 13};
-constexpr std::array<qint16, 8> kRegisters{39, 40, 42, 43, 45, 46, 48, 49};
-constexpr std::array<qint16, 1> kNeutralCurrent{37};
-constexpr std::array<qint16, 2> kMethodAndGrade{-4, -3};
-constexpr std::array<qint16, 2> kTimes{-1, -2};
-constexpr std::array<qint16, 5> kVoltages{0, 16, 17, 18, 2};
-
-using Group = std::span<const qint16>;
-
-std::vector<Group> LayoutGroups(int netConf)
-{
-    switch (netConf) {
-    case 2:
-        return {kSums, kMachine, kEnergies, kMethodAndGrade, kTimes};
-    case 3:
-        return {kSums, kNeutralCurrent, kRegisters, kTimes};
-    case 4:
-        return {kSums, kNeutralCurrent, kPhaseColumns, kRegisters, kTimes};
-    case 5:
-        return {kSums, kMachine, kPhaseColumns, kRegisters, kMethodAndGrade, kTimes};
-    case 6:
-        return {kVoltages, kTimes};
-    default:
-        return {kSums, kEnergies, kTimes};
-    }
-}
-
-} // namespace
-
 std::vector<qint16> ColumnLayoutOf(int netConf)
 {
     std::vector<qint16> layout;
-    for (const Group group : LayoutGroups(netConf))
+    for (const std::span<const qint16> group : TraitsOf(netConf).layout)
         layout.insert(layout.end(), group.begin(), group.end());
     return layout;
 }
@@ -124,24 +88,6 @@ std::vector<qint16> ColumnLayoutOf(int netConf)
 void BuildColumnLayout()
 {
     App().ColumnLayout = ColumnLayoutOf(App().iNetConfIndex);
-}
-
-double GridFactor(int quantity)
-{
-    switch (quantity) {
-    case kN:
-        return 1;
-    case kF:
-    case kCosPhi:
-    case kPhi:
-    case kM:
-    case kEta:
-        return 100;
-    default:
-        break;
-    }
-    const bool isPhaseAngleOrFactor = quantity >= kPhi1 && quantity < kINeutral;
-    return isPhaseAngleOrFactor ? 100 : 1000;
 }
 
 } // namespace korvanel

@@ -40,7 +40,4 @@ void BuildColumnLayout();
 /// Columns that the grids show in a net configuration, in order.
 std::vector<qint16> ColumnLayoutOf(int netConf);
 
-/// Rounding factor of a quantity in grids: 1000 is three decimals.
-double GridFactor(int quantity);
-
 } // namespace korvanel

@@ -31,15 +31,16 @@ PassConditions ConditionsOfProject()
 void EvaluateProject()
 {
     ApplicationBlock& app = App();
-    app.bEvaluated = 0;
+    RecordingChanged();
     app.Evaluation = {};
     ResolveTimeWindow();
     const ProjectDbScope scope;
     app.iSetCount = CountSets();
-    const PassOverSets pass;
-    app.Evaluation =
-        EvaluateSets(ProjectDb(), SetSource::Measured, ConditionsOfProject(), app.iSetCount, PassOverSets::Advance);
-    app.bEvaluated = 1;
+    PassOverSets([&app] {
+        app.Evaluation =
+            EvaluateSets(ProjectDb(), SetSource::Measured, ConditionsOfProject(), app.iSetCount, AdvanceOverSets);
+        app.bEvaluated = 1;
+    });
 }
 
 } // namespace korvanel

@@ -1,5 +1,6 @@
 #include "evaluation/EvaluationPass.h"
 
+#include "core/NetConfigurations.h"
 #include "core/NumberText.h"
 #include "core/texts/Default.h"
 #include "data/RowQuantities.h"
@@ -206,10 +207,9 @@ EvaluationResults EvaluateSets(TableDb& db, SetSource source, const PassConditio
 {
     constexpr qint32 kSteps = 200;
     EvaluationPass pass(conditions, TailFor(db, source, conditions, count, mostInMemory));
-    SetCursor cursor(db, conditions.netConf, source);
-    tValueRow row;
-    for (qint32 done = 1; cursor.Next(row); ++done) {
-        pass.Add(row);
+    SetReader reader(db, conditions.netConf, SetRange::All, source);
+    for (qint32 done = 1; reader.Next(); ++done) {
+        pass.Add(reader.Row());
         if (done % (count / kSteps + 1) == 0) {
             pass.RequireFiniteSums();
             advance(done);

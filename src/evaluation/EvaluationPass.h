@@ -6,7 +6,7 @@
 #include "core/Evaluation.h"
 #include "core/TableDb.h"
 #include "core/ValueRow.h"
-#include "data/SetCursor.h"
+#include "data/SetReader.h"
 #include "evaluation/Energy.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WindowTail.h"

@@ -35,7 +35,6 @@ constexpr std::size_t kResultsPanel = 0;
 constexpr std::size_t kSetsPanel = 1;
 constexpr int kCostOptions = 1;
 constexpr int kWindowOptions = 2;
-constexpr int kVoltagesOnly = 6; ///< net configuration without power
 
 } // namespace
 
@@ -88,7 +87,7 @@ void FormF6::BuildTabs()
     tabs->setObjectName(QStringLiteral("TabEvaluation"));
     AddTab(u'A', overview = new OverviewSheet, texts::resultsOverview);
     AddTab(u'B', extremes = new ResultGrid("flxExtrem"), texts::resultsExtremes);
-    if (netConf != kVoltagesOnly)
+    if (TraitsOf(netConf).hasPower)
         AddTab(u'C', energies = new ResultGrid("flxEnergy"), texts::resultsEnergy);
     if (HasMachine(netConf)) {
         AddTab(u'D', utilisation = new ResultGrid("flxASM"), texts::resultsUtilisation);

@@ -117,7 +117,7 @@ void FormH10::Store()
     settings.SetUsedCurrency(currencyBox->text());
     for (std::size_t i = 0; i < prices.size(); ++i)
         settings.SetEnergyCosts(i, prices.at(i));
-    App().bEvaluated = 0;
+    RecordingChanged();
     accept();
 }
 

@@ -209,10 +209,14 @@ void FormH9::TakeWholeTerm()
     if (last < 1)
         return;
     OpenDbGuarded();
-    const bool isRead = ReadRow(last) && App().lLastReadSet == last;
+    std::optional<double> end;
+    VisitSets(last, last, [&end](const ShownSet& shown) {
+        end = shown.row.dt;
+        return true;
+    });
     CloseDbGuarded();
-    if (isRead)
-        ShowTime(App().CurrentRow.dt + App().dInterval, false);
+    if (end)
+        ShowTime(*end + App().dInterval, false);
 }
 
 void FormH9::Store()
@@ -234,7 +238,7 @@ void FormH9::Store()
         settings.SetTWindowSize(1);
     if (settings.TWindowFactor() <= 0)
         settings.SetTWindowFactor(1);
-    App().bEvaluated = 0;
+    RecordingChanged();
     accept();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
+#include "core/QuantityTable.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
@@ -46,26 +47,25 @@ QString WindowSets(double last, double span)
 struct ExtremRow
 {
     int quantity;
-    double factor;
     bool isPrefixed;
     bool hasRms = true;
 };
 
 constexpr ExtremRow kElectricalRows[] = {
-    {.quantity = kU, .factor = 1000, .isPrefixed = true},
-    {.quantity = kI, .factor = 1000, .isPrefixed = true},
-    {.quantity = kF, .factor = 100, .isPrefixed = false, .hasRms = false},
-    {.quantity = kP, .factor = 1000, .isPrefixed = true, .hasRms = false},
-    {.quantity = kS, .factor = 1000, .isPrefixed = true, .hasRms = false},
-    {.quantity = kQ, .factor = 1000, .isPrefixed = true},
-    {.quantity = kCosPhi, .factor = 100, .isPrefixed = false},
-    {.quantity = kPhi, .factor = 100, .isPrefixed = false},
+    {.quantity = kU, .isPrefixed = true},
+    {.quantity = kI, .isPrefixed = true},
+    {.quantity = kF, .isPrefixed = false, .hasRms = false},
+    {.quantity = kP, .isPrefixed = true, .hasRms = false},
+    {.quantity = kS, .isPrefixed = true, .hasRms = false},
+    {.quantity = kQ, .isPrefixed = true},
+    {.quantity = kCosPhi, .isPrefixed = false},
+    {.quantity = kPhi, .isPrefixed = false},
 };
 constexpr ExtremRow kMachineRows[] = {
-    {.quantity = kN, .factor = 1, .isPrefixed = false},
-    {.quantity = kM, .factor = 100, .isPrefixed = false},
-    {.quantity = kPmech, .factor = 1000, .isPrefixed = true},
-    {.quantity = kEta, .factor = 100, .isPrefixed = false},
+    {.quantity = kN, .isPrefixed = false},
+    {.quantity = kM, .isPrefixed = false},
+    {.quantity = kPmech, .isPrefixed = true},
+    {.quantity = kEta, .isPrefixed = false},
 };
 
 /// A block of the table: where its values stand, and how its sets are written.
@@ -95,8 +95,8 @@ constexpr ExtremBlock kExtremBlocks[] = {
 QString ExtremText(const ExtremRow& row, double value)
 {
     const QString& unit = App().Symbols->Unit(row.quantity);
-    return row.isPrefixed ? FormatPrefixed(value, row.factor, true) + unit
-                          : FormatValueUnit(value, unit, row.factor, false);
+    const double factor = QuantityOf(row.quantity).gridFactor;
+    return row.isPrefixed ? FormatPrefixed(value, factor, true) + unit : FormatValueUnit(value, unit, factor, false);
 }
 
 QString ExtremSet(const ExtremBlock& block, qint32 set)
@@ -288,7 +288,6 @@ ResultTable ExtremTable()
 
 ResultTable EnergyTable()
 {
-    constexpr int kMachineOfCycles = 2; // of many cycles the shaft is told for the symmetric load alone
     ResultTable table{{texts::headQuantity, {}, texts::headPlus, texts::headMinus, texts::headTotal}, {}};
     if (App().Evaluation.lSets == 0)
         return table;
@@ -301,7 +300,7 @@ ResultTable EnergyTable()
     AddCostRows(table, 0);
     AddHeading(table, FillPlaceholders(texts::blockEnergyOfCycles, {cycles}));
     AddEnergyRows(table, kEnergyRows, kEnergyOfCycles);
-    if (App().iNetConfIndex == kMachineOfCycles)
+    if (App().iNetConfIndex == kNetMachine) // of many cycles the shaft is told for the symmetric load alone
         AddEnergyRows(table, kMechanicalRows, kEnergyOfCycles);
     AddHeading(table, FillPlaceholders(texts::blockCostsOfCycles, {cycles}));
     AddCostRows(table, kEnergyOfCycles);

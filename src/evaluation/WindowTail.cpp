@@ -38,11 +38,11 @@ WindowValues KeptTail::Pop()
 
 WindowValues RereadTail::Pop()
 {
-    if (!cursor)
-        cursor.emplace(db, netConf, source, kChannels);
-    if (!cursor->Next(row))
-        throw DbError(FillPlaceholders(texts::noSuchSet, {QString::number(cursor->Set())}).toStdString());
-    return WindowValuesOf(row);
+    if (!reader)
+        reader.emplace(db, netConf, SetRange::All, source, kChannels);
+    if (!reader->Next())
+        throw DbError(FillPlaceholders(texts::noSuchSet, {QString::number(reader->Set())}).toStdString());
+    return WindowValuesOf(reader->Row());
 }
 
 } // namespace korvanel

@@ -5,7 +5,7 @@
 #include "core/Evaluation.h"
 #include "core/TableDb.h"
 #include "core/ValueRow.h"
-#include "data/SetCursor.h"
+#include "data/SetReader.h"
 
 #include <array>
 #include <optional>
@@ -60,8 +60,7 @@ private:
     TableDb& db;
     int netConf;
     SetSource source;
-    std::optional<SetCursor> cursor; ///< none until the window is full
-    tValueRow row;
+    std::optional<SetReader> reader; ///< none until the window is full
 };
 
 } // namespace korvanel

@@ -3,7 +3,7 @@
 // case and blanks count.
 #pragma once
 
-#include "core/Quantities.h"
+#include "core/NetConfigurations.h"
 #include "core/Texts.h"
 
 #include <QString>

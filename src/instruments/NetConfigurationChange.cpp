@@ -67,7 +67,7 @@ bool ChangeNetConfiguration(int netConf)
     app.bModelValid = app.bModelValid && HasMachine(netConf);
     app.iSetCount = 0;
     app.iCurrentSet = 1;
-    app.bEvaluated = 0;
+    RecordingChanged();
     ResetRowBuffers();
     BuildColumnLayout();
     app.TheShell->EnableMachineMenu(HasMachine(netConf));

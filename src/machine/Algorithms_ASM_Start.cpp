@@ -79,7 +79,7 @@ QString ModelMessages(int number)
 
 void BuildMachineModel()
 {
-    App().bEvaluated = 0; // results are judged by the machine's rating
+    RecordingChanged(); // results are judged by the machine's rating
     const MachineRecord& record = App().MachineI;
     // The check of the no-load data reads the factor that the build before has left.
     MachineInTheMaking machine{record, StatusOf(record), {.cosphi_o = App().Model.cosphi_o}};

@@ -1,6 +1,6 @@
 #include "motors/FormF10.h"
 
-#include "acquisition/MeasurementRun.h"
+#include "acquisition/PollingGrid.h"
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
@@ -10,7 +10,7 @@
 #include "core/texts/FormF10.h"
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
-#include "data/ComputedQuantities.h"
+#include "data/Recomputation.h"
 #include "instruments/DevManaging.h"
 #include "instruments/FormH7.h"
 #include "motors/BrowseBar.h"

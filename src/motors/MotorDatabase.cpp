@@ -185,7 +185,7 @@ bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which)
     }
     App().bMotorDbCheck = true;
     if (isReplaced)
-        App().bEvaluated = 0;
+        RecordingChanged();
     return isReplaced;
 }
 
@@ -204,7 +204,7 @@ void LoadProjectMachines()
     MachineRecord first;
     MachineRecord second;
     ReadProjectMachines(first, second);
-    App().bEvaluated = 0;
+    RecordingChanged();
     App().MachineI = first;
     App().MachineII = second;
     // What these numbers stood for are rows of the project; those of the motor database are found by comparing.

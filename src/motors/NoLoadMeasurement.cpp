@@ -1,6 +1,5 @@
 #include "motors/NoLoadMeasurement.h"
 
-#include "core/Clock.h"
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
@@ -22,9 +21,6 @@ constexpr int kMostTicks = 13;
 constexpr int kFailedMessage = 6;
 constexpr int kScatteredMessage = 7;
 constexpr double kTolerance = 0.05;
-
-/// Half a tick: a poll may come early by this, so that the ticks don't shift it by a whole one.
-constexpr double kEarliest = 0.0275;
 
 const QString kGoodSample = QStringLiteral("NNNN");
 
@@ -100,7 +96,7 @@ void NoLoadMeasurement::StartOrStop(double seconds)
         Stop();
         return;
     }
-    lastPoll = DayClock() - interval; // so that the first poll is due at once
+    grid.Start(interval);
     display.EnableTicks(true);
 }
 
@@ -122,21 +118,12 @@ void NoLoadMeasurement::Tick()
     if (isInTick || !isMeasuring)
         return;
     const QScopedValueRollback guard(isInTick, true);
-    if (IsDue())
+    if (grid.TakeDuePoll(interval))
         Poll();
-}
-
-bool NoLoadMeasurement::IsDue()
-{
-    double elapsed = DayClock() - lastPoll;
-    if (elapsed < -kSecondsPerDay / 2) // midnight has passed; a poll may be early by a little only
-        elapsed += kSecondsPerDay;
-    return elapsed >= interval - kEarliest;
 }
 
 void NoLoadMeasurement::Poll()
 {
-    lastPoll += interval; // the nominal time, so that a late poll doesn't shift the next
     ++ticks;
     App().MeasuredRow.sValidMask = kGoodSample;
     if (!DevCommand(kDevSample)) {

@@ -2,6 +2,8 @@
 // of the machine if they agree with each other. Everything runs in ticks, on the thread of the user interface.
 #pragma once
 
+#include "acquisition/PollingGrid.h"
+
 #include <QString>
 
 #include <array>
@@ -53,7 +55,6 @@ public:
 
 private:
     bool OpenInstrument();
-    bool IsDue();
     void Poll();
     void TakeSample(const NoLoadSample& sample);
     void End();
@@ -61,8 +62,8 @@ private:
     NoLoadDisplay& display;
     std::vector<NoLoadSample> samples;
     double interval = 1;
-    double lastPoll = 0; ///< s of the day clock, nominal
-    int ticks = 0;       ///< polls since the start
+    PollingGrid grid;
+    int ticks = 0; ///< polls since the start
     bool isMeasuring = false;
     bool isInTick = false;
 };

@@ -13,7 +13,7 @@
 #include "core/texts/PrintExport.h"
 #include "data/PassOverSets.h"
 #include "data/RowQuantities.h"
-#include "data/SetCursor.h"
+#include "data/SetReader.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WinManaging2.h"
 #include "output/ExportItems.h"
@@ -35,32 +35,31 @@ namespace {
 struct ExportColumn
 {
     int quantity;
-    double divisor = 1;
     bool needsMachine = false;
+    double divisor = 1; ///< beside that of the quantity
 };
 
 constexpr double kPerKilo = 1000;
-constexpr double kPerHour = 3600;
 
 /// In the order of the file. The reactive power stands before the apparent power, unlike the numbering; the shaft power
 /// is written in kW under the heading of the list of sets, which has it in W: spreadsheets that users keep count on it.
 constexpr ExportColumn kColumns[] = {
-    {kU},
-    {kI},
-    {kF},
-    {kP},
-    {kQ},
-    {kS},
-    {kPhi},
-    {kCosPhi},
-    {kN, 1, true},
-    {kM, 1, true},
-    {kPmech, kPerKilo, true},
-    {kEta, 1, true},
-    {kWp, kPerHour, true},
-    {kWpPlus, kPerHour, true},
-    {kWpMinus, kPerHour, true},
-    {kWq, kPerHour, true},
+    {.quantity = kU},
+    {.quantity = kI},
+    {.quantity = kF},
+    {.quantity = kP},
+    {.quantity = kQ},
+    {.quantity = kS},
+    {.quantity = kPhi},
+    {.quantity = kCosPhi},
+    {.quantity = kN, .needsMachine = true},
+    {.quantity = kM, .needsMachine = true},
+    {.quantity = kPmech, .needsMachine = true, .divisor = kPerKilo},
+    {.quantity = kEta, .needsMachine = true},
+    {.quantity = kWp, .needsMachine = true},
+    {.quantity = kWpPlus, .needsMachine = true},
+    {.quantity = kWpMinus, .needsMachine = true},
+    {.quantity = kWq, .needsMachine = true},
 };
 
 /// Writes sets line by line.
@@ -96,7 +95,7 @@ public:
         int worst = 0;
         for (const ExportColumn& column : columns) {
             const double value = QuantityValue(row, column.quantity);
-            text.AddNumber(value / column.divisor);
+            text.AddNumber(value / DisplayDivisor(column.quantity) / column.divisor);
             worst = hasMachine ? std::max(worst, rater.Rate(value, column.quantity)) : 0;
         }
         if (hasMachine) {
@@ -133,16 +132,16 @@ void WriteSets(ExportText& text)
     SetLines lines(text);
     lines.WriteHead();
     const ProjectDbScope scope;
-    const PassOverSets pass;
-    constexpr qint32 kProgressSteps = 100;
-    const qint32 step = std::max(1, App().iSetCount / kProgressSteps);
-    SetCursor cursor(ProjectDb(), App().iNetConfIndex);
-    tValueRow row; // not that of the block: what the net configuration doesn't store is 0 here
-    for (qint32 done = 1; cursor.Next(row); ++done) {
-        lines.Write(cursor.Set(), row, cursor.StoredTimeUtf8());
-        if (done % step == 0)
-            PassOverSets::Advance(done);
-    }
+    PassOverSets([&lines] {
+        constexpr qint32 kProgressSteps = 100;
+        const qint32 step = std::max(1, App().iSetCount / kProgressSteps);
+        SetReader reader(ProjectDb(), App().iNetConfIndex);
+        for (qint32 done = 1; reader.Next(); ++done) {
+            lines.Write(reader.Set(), reader.Row(), reader.StoredTimeUtf8());
+            if (done % step == 0)
+                AdvanceOverSets(done);
+        }
+    });
 }
 
 void WriteItems(ExportText& text, std::span<const ExportItem> items)

@@ -197,7 +197,7 @@ void ResetProjectData()
     app.iSetCount = 0;
     app.iCurrentSet = 1;
     app.ResultPage.firstSet = 1;
-    app.bEvaluated = 0;
+    RecordingChanged();
     app.bModelValid = false;
     ResetMachines(app);
     ResetRowBuffers();

@@ -1,6 +1,5 @@
 #include "data/ComputedQuantities.h"
 
-#include "data/FileManaging.h"
 #include "support/ProjectFixture.h"
 
 #include <cmath>
@@ -80,25 +79,6 @@ TEST(AfterStep, MinusGrowsTowardNegativeValuesAndTheSumHoldsBothParts)
 
 class ComputedQuantities : public ProjectTest
 {
-protected:
-    /// Sets of 10 s with the given powers; the reactive power is a tenth of each.
-    void AppendSets(std::initializer_list<double> powers)
-    {
-        OpenDbGuarded();
-        App().MeasuredRow.lSet = 0;
-        for (const double power : powers) {
-            ++App().MeasuredRow.lSet;
-            App().MeasuredRow.dt = 10 * (App().MeasuredRow.lSet - 1);
-            App().MeasuredRow.dP[kSum] = power;
-            App().MeasuredRow.dQ[kSum] = power / 10;
-            ASSERT_TRUE(AppendMeasuredRow());
-        }
-        CloseDbGuarded();
-    }
-    QString Energies() const
-    {
-        return Query("SELECT group_concat(Wp || ' ' || [Wp+] || ' ' || [Wp-] || ' ' || Wq, '; ') FROM ComputedValues");
-    }
 };
 
 TEST_F(ComputedQuantities, DeriveFromUIP_TakesTheNetConfigurationOfTheBlock)
@@ -112,39 +92,6 @@ TEST_F(ComputedQuantities, DeriveFromUIP_TakesTheNetConfigurationOfTheBlock)
     App().iNetConfIndex = 1;
     DeriveFromUIP(50, 10, 50, 300, 1);
     EXPECT_NEAR(App().dCalcS, 866.0254037844386, 1e-9);
-}
-
-TEST_F(ComputedQuantities, RecomputeEnergies_IntegratesOverTheTimesOfTheSets)
-{
-    CreateProject(0);
-    AppendSets({700, 100, -50});
-    Execute("UPDATE ComputedValues SET Wp=-1, [Wp+]=-1, [Wp-]=-1, Wq=-1");
-    EXPECT_TRUE(RecomputeEnergies());
-    EXPECT_EQ(Energies(), "0.0 0.0 0.0 0.0; 1000.0 1000.0 0.0 100.0; 500.0 1000.0 -500.0 50.0");
-    EXPECT_TRUE(shell.calls.contains("ShowProgress 0"));
-    EXPECT_TRUE(shell.calls.contains("ShowProgress 2"));
-    EXPECT_FALSE(IsProjectDbOpen());
-}
-
-TEST_F(ComputedQuantities, RecomputeEnergies_WithoutSetsDoesNothing)
-{
-    CreateProject(0);
-    shell.calls.clear();
-    EXPECT_TRUE(RecomputeEnergies());
-    EXPECT_TRUE(shell.calls.isEmpty());
-}
-
-TEST_F(ComputedQuantities, RecomputeEnergies_ThatFailsHalfwayTellsOnceAndChangesNothing)
-{
-    CreateProject(0);
-    AppendSets({700, 100, 50});
-    Execute("UPDATE ComputedValues SET Wp=-1");
-    Execute("UPDATE SampledValues SET t=9e18 WHERE [Set]=3"); // no time that could be written back
-    const QString before = Energies();
-    EXPECT_FALSE(RecomputeEnergies());
-    EXPECT_EQ(shell.boxes.size(), 1U);
-    EXPECT_EQ(Energies(), before);
-    EXPECT_EQ(shell.calls.last(), "ShowProgress 2") << "the menus are free again";
 }
 
 } // namespace

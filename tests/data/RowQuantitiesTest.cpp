@@ -58,5 +58,14 @@ TEST_F(RowQuantitiesTest, ExtraQuantitiesAreThoseOfARecorderWithoutAColumn)
         EXPECT_TRUE(ExtraQuantities(netConf).empty()) << netConf;
 }
 
+TEST(RowQuantities, GridFactor_GivesTheDigitsOfEachQuantity)
+{
+    for (const int quantity : {0, 1, 3, 4, 5, 9, 12, 13, 14, 15, 16, 21, 22, 27, 30, 37, 38, 49})
+        EXPECT_EQ(GridFactor(quantity), 1000) << quantity;
+    for (const int quantity : {2, 6, 8, 10, 11, 31, 33, 34, 36})
+        EXPECT_EQ(GridFactor(quantity), 100) << quantity;
+    EXPECT_EQ(GridFactor(7), 1);
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -128,7 +128,19 @@ TEST_F(SetListTest, ReadsOnlyWhatIsSeen)
     Open();
     ShowList();
     EXPECT_LE(Values().rowCount(), 12);
-    EXPECT_EQ(App().lLastReadSet, Values().rowCount());
+    EXPECT_EQ(Values().item(Values().rowCount() - 1, 0)->text().toInt(), Values().rowCount());
+}
+
+TEST_F(SetListTest, Painting_TouchesNoBufferOfTheBlock)
+{
+    Open();
+    App().CurrentRow.dU[kSum] = 7;
+    App().lLastReadSet = 9;
+    App().sTimeText = QStringLiteral("before");
+    ShowList();
+    EXPECT_EQ(App().CurrentRow.dU[kSum], 7);
+    EXPECT_EQ(App().lLastReadSet, 9);
+    EXPECT_EQ(App().sTimeText, "before");
 }
 
 TEST_F(SetListTest, Height_DecidesHowManySetsAreShown)

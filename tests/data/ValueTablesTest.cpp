@@ -2,7 +2,6 @@
 
 #include "data/ComputedQuantities.h"
 #include "data/FileManaging.h"
-#include "data/SetCursor.h"
 #include "support/ProjectFixture.h"
 
 namespace korvanel::test {
@@ -88,47 +87,6 @@ TEST_F(ValueTables, UpdateMeasurementTerm_IsTheTimeBetweenFirstAndLastSet)
     EXPECT_EQ(App().sMeasurementTerm, "00:00:00") << "a negative product counts as 0";
 }
 
-TEST_F(ValueTables, SetCursor_WalksAllSetsInOrder)
-{
-    CreateProject(2);
-    AppendSets(5);
-    const ProjectDbScope scope;
-    SetCursor cursor(ProjectDb(), 2);
-    tValueRow row;
-    qint32 set = 0;
-    while (cursor.Next(row)) {
-        ++set;
-        EXPECT_EQ(cursor.Set(), set);
-        EXPECT_EQ(row.dU[kSum], 10 * set);
-        EXPECT_EQ(row.dt, set - 1);
-        EXPECT_EQ(row.sMethod, "P");
-        EXPECT_EQ(cursor.StoredTime(), "2026-03-14 15:09:26");
-    }
-    EXPECT_EQ(set, 5);
-}
-
-TEST_F(ValueTables, SetCursor_TellsAColumnThatTheFileLacks)
-{
-    CreateProject(0);
-    const ProjectDbScope scope;
-    EXPECT_THROW(SetCursor(ProjectDb(), 5), DbError);
-}
-
-TEST_F(ValueTables, SetCursor_FollowsTheLetterOfEachRow)
-{
-    CreateProject(2);
-    AppendSets(4);
-    Execute("UPDATE ComputedValues SET Method='V' WHERE [Set]=2");
-    Execute("UPDATE ComputedValues SET Method=NULL WHERE [Set]=3");
-    const ProjectDbScope scope;
-    SetCursor cursor(ProjectDb(), 2);
-    tValueRow row;
-    QStringList methods;
-    while (cursor.Next(row))
-        methods << row.sMethod;
-    EXPECT_EQ(methods, (QStringList{"P", "V", "", "P"}));
-}
-
 TEST_F(ValueTables, ColumnLayout_ListsTheColumnsOfEveryConfiguration)
 {
     using L = std::vector<qint16>;
@@ -149,15 +107,6 @@ TEST_F(ValueTables, ColumnLayout_ListsTheColumnsOfEveryConfiguration)
         BuildColumnLayout();
         EXPECT_EQ(App().ColumnLayout, expected[netConf]) << netConf;
     }
-}
-
-TEST_F(ValueTables, GridFactor_GivesTheDigitsOfEachQuantity)
-{
-    for (const int quantity : {0, 1, 3, 4, 5, 9, 12, 13, 14, 15, 16, 21, 22, 27, 30, 37, 38, 49})
-        EXPECT_EQ(GridFactor(quantity), 1000) << quantity;
-    for (const int quantity : {2, 6, 8, 10, 11, 31, 33, 34, 36})
-        EXPECT_EQ(GridFactor(quantity), 100) << quantity;
-    EXPECT_EQ(GridFactor(7), 1);
 }
 
 TEST_F(ValueTables, StepEnergyOffline_SumsPowerOverTheTimeBetweenSets)

@@ -1,6 +1,7 @@
 // The estimation on its way into the rows of a project: in a run, by hand, and over all sets.
 #include "data/ComputedQuantities.h"
 #include "data/FileManaging.h"
+#include "data/Recomputation.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/Machines.h"
 #include "support/ProjectFixture.h"

@@ -8,6 +8,7 @@
 #include <deque>
 #include <functional>
 #include <ostream>
+#include <stdexcept>
 #include <vector>
 
 namespace korvanel::test {
@@ -25,6 +26,7 @@ public:
     std::vector<Box> boxes;
     std::vector<FileQuestion> openQuestions;
     std::vector<FileQuestion> saveQuestions;
+    bool failsAtEndOfProgress = false; ///< as a page does that can't show its results
     QStringList calls;
     std::vector<double> progress; ///< shares that were shown, whatever the operation
     QStringList printers;
@@ -65,6 +67,8 @@ public:
         if (mode == Progress::Advance)
             progress.push_back(fraction);
         calls << QStringLiteral("ShowProgress %1").arg(static_cast<int>(mode));
+        if (mode == Progress::End && failsAtEndOfProgress)
+            throw std::runtime_error("the page can't be shown");
     }
     void SetBusyMenus(bool areEnabled) override { Record("SetBusyMenus", areEnabled); }
     void EnableProjectMenus(bool isProjectOpen) override { Record("EnableProjectMenus", isProjectOpen); }

@@ -1,6 +1,6 @@
 #include "core/window/PageTable.h"
 
-#include "core/Quantities.h"
+#include "core/NetConfigurations.h"
 #include "core/texts/Main.h"
 
 #include <algorithm>

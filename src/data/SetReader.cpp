@@ -1,6 +1,5 @@
-#include "data/SetCursor.h"
+#include "data/SetReader.h"
 
-#include "data/RowQuantities.h"
 #include "data/ValueColumns.h"
 
 #include <sqlite3.h>
@@ -23,41 +22,75 @@ struct Selection
 /// Whether a column holds one of the quantities; without a choice every column is wanted.
 bool IsWanted(const ValueColumn& column, std::span<const int> quantities)
 {
-    if (quantities.empty())
-        return true;
-    tValueRow row;
-    return column.field && std::any_of(quantities.begin(), quantities.end(), [&](int quantity) {
-               return &column.field(row) == &QuantityField(row, quantity);
-           });
+    return quantities.empty() || std::find(quantities.begin(), quantities.end(), column.quantity) != quantities.end();
+}
+
+std::string Bracketed(const ValueColumn& column)
+{
+    return '[' + std::string(column.name) + ']';
+}
+
+/// Whether a source has a column in a net configuration.
+bool IsStored(const ValueColumn& column, int netConf, SetSource source)
+{
+    const bool isSampled = IsIn(column.sampled, netConf);
+    switch (source) {
+    case SetSource::Simulated:
+        return column.simulatedPosition > 0;
+    case SetSource::Sampled:
+        return isSampled;
+    case SetSource::Measured:
+    case SetSource::Scratch:
+        break;
+    }
+    return isSampled || IsIn(column.computed, netConf);
+}
+
+std::string NameIn(const ValueColumn& column, int netConf, SetSource source)
+{
+    switch (source) {
+    case SetSource::Simulated:
+        return "SimulatedValues." + Bracketed(column);
+    case SetSource::Scratch:
+        return Bracketed(column);
+    case SetSource::Measured:
+    case SetSource::Sampled:
+        break;
+    }
+    return QualifiedName(column, netConf);
 }
 
 Selection Select(int netConf, SetSource source, std::span<const int> quantities)
 {
     Selection selection;
-    const auto add = [&](const ValueColumn& column, const std::string& name) {
-        if (!IsWanted(column, quantities))
-            return;
-        selection.columns.push_back(&column);
-        selection.names.push_back(name);
-    };
-    const auto bracketed = [](const ValueColumn& column) { return '[' + std::string(column.name) + ']'; };
-    if (source == SetSource::Simulated) {
-        selection.join = kSimulatedJoin;
-        selection.key = "SampledValues.[Set]";
-        for (const ValueColumn* column : ColumnsOf(ValueTable::Simulated, netConf))
-            if (column->type != ColumnType::Key)
-                add(*column, "SimulatedValues." + bracketed(*column));
-        return selection;
-    }
     const bool isScratch = source == SetSource::Scratch;
-    selection.join = isScratch ? "[Temp]" : kMeasuredJoin;
     selection.key = isScratch ? "[SampledValues_Set]" : "SampledValues.[Set]";
+    selection.join = isScratch                        ? "[Temp]"
+                     : source == SetSource::Simulated ? kSimulatedJoin
+                     : source == SetSource::Sampled   ? "SampledValues"
+                                                      : kMeasuredJoin;
     for (const ValueColumn& column : ValueColumns()) {
-        const bool isStored = IsIn(column.sampled, netConf) || IsIn(column.computed, netConf);
-        if (isStored && column.type != ColumnType::Key)
-            add(column, isScratch ? bracketed(column) : QualifiedName(column, netConf));
+        if (column.type == ColumnType::Key || !IsStored(column, netConf, source) || !IsWanted(column, quantities))
+            continue;
+        selection.columns.push_back(&column);
+        selection.names.push_back(NameIn(column, netConf, source));
     }
     return selection;
+}
+
+std::string ConditionOf(SetRange range, const std::string& key)
+{
+    switch (range) {
+    case SetRange::One:
+        return " WHERE " + key + "=?";
+    case SetRange::Between:
+        return " WHERE " + key + " BETWEEN ? AND ? ORDER BY " + key;
+    case SetRange::Behind:
+        return " WHERE " + key + ">? ORDER BY " + key + " LIMIT ?";
+    case SetRange::All:
+        break;
+    }
+    return " ORDER BY " + key;
 }
 
 [[noreturn]] void Fail(sqlite3* handle)
@@ -79,7 +112,7 @@ quint8 MarkOf(qint64 stored)
 
 } // namespace
 
-SetQuery::SetQuery(TableDb& db, int netConf, SetSource source, SetRange range, std::span<const int> quantities)
+SetReader::SetReader(TableDb& db, int netConf, SetRange range, SetSource source, std::span<const int> quantities)
 {
     const Selection selection = Select(netConf, source, quantities);
     std::string sql = "SELECT " + selection.key;
@@ -105,29 +138,31 @@ SetQuery::SetQuery(TableDb& db, int netConf, SetSource source, SetRange range, s
         }
     }
     sql += " FROM " + selection.join;
-    sql += range == SetRange::One ? " WHERE " + selection.key + "=?" : " ORDER BY " + selection.key;
+    sql += ConditionOf(range, selection.key);
     sqlite3* handle = db.Handle().getHandle();
     if (sqlite3_prepare_v3(handle, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
         Fail(handle);
 }
 
-SetQuery::~SetQuery()
+SetReader::~SetReader()
 {
     sqlite3_finalize(statement);
 }
 
-void SetQuery::Seek(qint32 set)
+void SetReader::Seek(qint64 first, qint64 second)
 {
     sqlite3_reset(statement);
-    sqlite3_bind_int(statement, 1, set);
+    sqlite3_bind_int64(statement, 1, first);
+    if (sqlite3_bind_parameter_count(statement) > 1)
+        sqlite3_bind_int64(statement, 2, second);
 }
 
-void SetQuery::Release()
+void SetReader::Release()
 {
     sqlite3_reset(statement);
 }
 
-bool SetQuery::Step()
+bool SetReader::Step()
 {
     const int result = sqlite3_step(statement);
     if (result == SQLITE_ROW)
@@ -138,32 +173,32 @@ bool SetQuery::Step()
     return false;
 }
 
-qint32 SetQuery::Set() const
+qint64 SetReader::Key() const
 {
-    return sqlite3_column_int(statement, 0);
+    return sqlite3_column_int64(statement, 0);
 }
 
-void SetQuery::Fill(tValueRow& row) const
+void SetReader::FillInto(tValueRow& other) const
 {
     for (const Binding& binding : reals)
-        binding.field(row) = sqlite3_column_double(statement, binding.column);
+        binding.field(other) = sqlite3_column_double(statement, binding.column);
     if (markColumn >= 0)
-        row.bEdit = MarkOf(sqlite3_column_int64(statement, markColumn));
+        other.bEdit = MarkOf(sqlite3_column_int64(statement, markColumn));
     if (letterColumn >= 0) {
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, letterColumn));
         const int length = text ? sqlite3_column_bytes(statement, letterColumn) : 0;
         // Nearly always the letter of the row before: then the text is shared instead of made anew.
-        if (row.sMethod.size() != length || length != 1 || row.sMethod.front() != QLatin1Char(text[0]))
-            row.sMethod = QString::fromUtf8(text, length);
+        if (other.sMethod.size() != length || length != 1 || other.sMethod.front() != QLatin1Char(text[0]))
+            other.sMethod = QString::fromUtf8(text, length);
     }
 }
 
-std::string_view SetQuery::StoredTimeUtf8() const
+std::string_view SetReader::StoredTimeUtf8() const
 {
     return timeColumn < 0 ? std::string_view() : ColumnText(statement, timeColumn);
 }
 
-QString SetQuery::StoredTime() const
+QString SetReader::StoredTime() const
 {
     const std::string_view text = StoredTimeUtf8();
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -1,0 +1,78 @@
+#include "data/Recomputation.h"
+
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/ProjectDb.h"
+#include "core/texts/Default.h"
+#include "data/ComputedQuantities.h"
+#include "data/PassOverSets.h"
+#include "data/SetRewriter.h"
+#include "data/ValueColumns.h"
+#include "data/ValueTables.h"
+
+namespace korvanel {
+
+namespace {
+
+/// Rewrites all sets of the project in one transaction; false after a failure of the file, which is told and counted.
+bool RewriteProject(const RewriteSource& source, const std::function<std::unique_ptr<SetTarget>()>& makeTarget,
+                    const SetTransform& transform)
+{
+    try {
+        PassOverSets([&] {
+            DbTransaction transaction(ProjectDb());
+            const std::unique_ptr<SetTarget> target = makeTarget();
+            RewriteSets(ProjectDb(), App().iNetConfIndex, source, *target, transform, AdvanceOverSets);
+            transaction.Commit();
+        });
+        RecordingChanged();
+        return true;
+    } catch (const DbError& error) {
+        ++App().iFileErrors;
+        ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
+        return false;
+    }
+}
+
+void IntegrateRow(tValueRow& row)
+{
+    WholeSeconds(row.dt); // a time that the column can't hold is none to integrate over
+    StepEnergyOffline(row.dP[kSum], row.dQ[kSum], row.dt);
+    PutRunningEnergies(row);
+}
+
+} // namespace
+
+bool RecomputeEnergies()
+{
+    static constexpr int kRead[] = {kP, kQ, kColumnTime};
+    static constexpr int kWritten[] = {kWp, kWpPlus, kWpMinus, kWq};
+    if (!RefreshSetCount())
+        return true;
+    ResetEnergies();
+    return RewriteProject(
+        {.quantities = kRead},
+        [] { return std::make_unique<ChosenColumns>(ProjectDb(), App().iNetConfIndex, kWritten); },
+        [](qint64, tValueRow& row) { IntegrateRow(row); });
+}
+
+bool RecomputeAllRows()
+{
+    static constexpr int kRead[] = {kU, kI, kF, kP, kPhi};
+    static constexpr int kNumberAlone[] = {kU}; // nothing is estimated, the sets are only marked
+    static constexpr int kWritten[] = {kN, kM, kPmech, kEta, kColumnMethod};
+    if (!RefreshSetCount())
+        return true;
+    const bool isEstimating = IsEstimating();
+    const RewriteSource source{.source = SetSource::Sampled,
+                               .quantities = isEstimating ? std::span<const int>(kRead) : kNumberAlone};
+    return RewriteProject(
+        source,
+        [isEstimating] {
+            const std::span<const int> written = isEstimating ? std::span<const int>(kWritten) : std::span<const int>();
+            return std::make_unique<ChosenColumns>(ProjectDb(), App().iNetConfIndex, written, kCorrected);
+        },
+        [](qint64, tValueRow& row) { EstimateRow(row); });
+}
+
+} // namespace korvanel

@@ -1,0 +1,15 @@
+// What is formed anew for all sets of the project at once: the energies from powers and times, and the estimation of
+// the load after a change of machine or method.
+#pragma once
+
+namespace korvanel {
+
+/// Forms the energies of all sets anew from their powers and times. All sets change or none: a failure is told, counted
+/// in `iFileErrors` and takes everything back. False then.
+bool RecomputeEnergies();
+
+/// Estimates all sets anew, as after a change of machine or method, and marks every one as corrected. All sets change
+/// or none. A failure of the file is told and counted in `iFileErrors`: false then. Throws ArithmeticFault.
+bool RecomputeAllRows();
+
+} // namespace korvanel
