@@ -20,7 +20,7 @@ void Evaluate(benchmark::State& state, double window)
     App().ProgSettings->SetTWindowSize(window);
     for (auto _ : state) {
         EvaluateProject();
-        if (App().Evaluation.lSets != kSets || App().Evaluation.dWindowRows != window + 1)
+        if (App().MachineI.evaluation.lSets != kSets || App().MachineI.evaluation.dWindowRows != window + 1)
             state.SkipWithError("sets are missing");
     }
 }

@@ -85,7 +85,7 @@ void PrepareBlock()
 
 void PrepareMachine()
 {
-    App().MachineI = test::MotorWithNoLoadData();
+    App().MachineI.record = test::MotorWithNoLoadData();
     BuildMachineModel();
 }
 

@@ -2,8 +2,7 @@
 // which objects live from start to exit. Everything that is global stands here, once.
 #pragma once
 
-#include "core/Evaluation.h"
-#include "core/Machine.h"
+#include "core/MachineInUse.h"
 #include "core/NetConfigurations.h"
 #include "core/Quantities.h"
 #include "core/ValueRow.h"
@@ -74,11 +73,9 @@ struct ApplicationBlock
     qint16 iGraceLeft = 0;    ///< invalid samples tolerated in a row
     bool bModelValid = false; ///< Motor/Generator I may be used for estimation
 
-    // The machines: the measured one with its model, and that of the simulation.
-    MachineRecord MachineI;
-    MachineRecord MachineII;
-    MachineStatus MachineIStatus{};
-    MachineModel Model;
+    // The machines: the measured one, and that of the simulation.
+    MachineInUse MachineI;
+    MachineInUse MachineII;
     LoadSample Sample;     ///< that was estimated last
     QString SampleLetter;  ///< of the method by which it was
     LoadEstimate Estimate; ///< of that sample
@@ -87,8 +84,7 @@ struct ApplicationBlock
     bool bMotorDbCheck = false; ///< machines of the project are compared with the active motor database
 
     // The evaluation of the recording.
-    qint32 bEvaluated = 0; ///< the results belong to the present sets and options
-    EvaluationResults Evaluation;
+    qint32 bEvaluated = 0;      ///< the results belong to the present sets and options
     double dTWindow = 0;        ///< s, length of the sliding window in force
     qint16 iRowWorstRating = 0; ///< worst rating of a value since the last set was begun
     QString sRatingWord;        ///< of the last rating for which it was asked
@@ -188,6 +184,9 @@ struct ApplicationBlock
     const Clock* TheClock = nullptr;
     SerialPort* ThePort = nullptr;
     Shell* TheShell = nullptr;
+
+    MachineInUse& MachineOf(WhichMachine which) { return which == WhichMachine::I ? MachineI : MachineII; }
+    const MachineInUse& MachineOf(WhichMachine which) const { return which == WhichMachine::I ? MachineI : MachineII; }
 
     /// Number of sets above which a long operation shows its progress.
     qint32 iProgressThreshold() const { return iGridRows[kProgressThresholdEntry]; }

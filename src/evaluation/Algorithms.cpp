@@ -18,7 +18,7 @@ PassConditions ConditionsOfProject()
     const clsProgSettings& options = *app.ProgSettings;
     return {.netConf = app.iNetConfIndex,
             .window = app.dTWindow,
-            .rated = RatedDataI(),
+            .rated = RatedDataOf(WhichMachine::I),
             .energy = {.dt = app.dInterval,
                        .isMachineValid = app.bModelValid,
                        .prices = {options.EnergyCosts(0), options.EnergyCosts(1), options.EnergyCosts(2)},
@@ -32,12 +32,12 @@ void EvaluateProject()
 {
     ApplicationBlock& app = App();
     RecordingChanged();
-    app.Evaluation = {};
+    app.MachineI.evaluation = {};
     ResolveTimeWindow();
     const ProjectDbScope scope;
     app.iSetCount = CountSets();
     PassOverSets([&app] {
-        app.Evaluation =
+        app.MachineI.evaluation =
             EvaluateSets(ProjectDb(), SetSource::Measured, ConditionsOfProject(), app.iSetCount, AdvanceOverSets);
         app.bEvaluated = 1;
     });

@@ -176,15 +176,15 @@ void FormF6::ShowEvaluationPage()
 void FormF6::ShowResults(qint32 firstSet)
 {
     overview->Refresh();
-    extremes->Show(ExtremTable());
+    extremes->Show(ExtremTable(App().MachineI));
     if (energies)
-        energies->Show(EnergyTable());
+        energies->Show(EnergyTable(App().MachineI));
     if (utilisation)
-        utilisation->Show(UtilisationTable());
+        utilisation->Show(UtilisationTable(App().MachineI));
     windowLabel->setText(FillPlaceholders(texts::resultsWindow, {TimeWindowText()}));
     cyclesLabel->setText(FillPlaceholders(texts::resultsCycles, {QString::number(App().ProgSettings->Cycles())}));
     correctedLabel->setText(
-        FillPlaceholders(texts::resultsCorrected, {QString::number(App().Evaluation.lCorrectedRows)}));
+        FillPlaceholders(texts::resultsCorrected, {QString::number(App().MachineI.evaluation.lCorrectedRows)}));
     list->Select(App().iCurrentSet);
     list->Rebuild(firstSet);
 }

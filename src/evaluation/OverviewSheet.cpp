@@ -29,7 +29,7 @@ QString Known(const QString& text)
 
 QString ClassText(int rating)
 {
-    const EvaluationResults& results = App().Evaluation;
+    const EvaluationResults& results = App().MachineI.evaluation;
     const qint32 count = results.lRowClassCount.at(static_cast<std::size_t>(rating));
     const double share = results.lSets == 0 ? 0 : static_cast<double>(count) / results.lSets;
     return FillPlaceholders(texts::resultsClass, {RatingWord(rating), QString::number(count), SuitabilityText(share)});
@@ -108,7 +108,7 @@ void OverviewSheet::Refresh()
 
 void OverviewSheet::ShowMachine()
 {
-    const MachineRecord& record = App().MachineI;
+    const MachineRecord& record = App().MachineI.record;
     const QString name = Known(record.Hersteller.simplified());
     machine->setText(record.Pmech
                          ? FillPlaceholders(texts::resultsMachineValue, {RoundValue(*record.Pmech / 1000, 1000), name})
@@ -116,7 +116,7 @@ void OverviewSheet::ShowMachine()
     machine->setToolTip(PlainToolTip(machine->text()));
     for (std::size_t i = 0; i < classes.size(); ++i)
         classes.at(i)->setText(ClassText(static_cast<int>(i) + 1));
-    suitability->Show(SuitabilityShares(App().Evaluation.lRowClassCount, App().Evaluation.lSets));
+    suitability->Show(SuitabilityShares(App().MachineI.evaluation.lRowClassCount, App().MachineI.evaluation.lSets));
 }
 
 } // namespace korvanel

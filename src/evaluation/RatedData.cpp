@@ -20,18 +20,24 @@ RatedData RatedDataOf(const MachineRecord& record, double Pel, double stallTorqu
             .Mkipp = isStallKnown ? std::optional(stallTorque) : std::nullopt};
 }
 
-RatedData RatedDataI()
-{
-    return RatedDataOf(App().MachineI, App().Model.Pelec_n, App().Model.Kippmoment);
-}
+namespace {
 
-RatedData RatedDataII()
+/// The model of the measured machine is built; of the other one the record alone is known.
+RatedData RatedDataWithoutModel(const MachineRecord& record)
 {
-    const MachineRecord& record = App().MachineII;
     const double magnitude =
         std::abs(ElectricalPower(record.U.value_or(0), record.I.value_or(0), record.cosphi.value_or(0)));
     return RatedDataOf(record, std::copysign(magnitude, record.Pmech.value_or(0)),
                        record.Mkipp_Mn.value_or(0) * record.M.value_or(0));
+}
+
+} // namespace
+
+RatedData RatedDataOf(WhichMachine which)
+{
+    const MachineInUse& machine = App().MachineOf(which);
+    return which == WhichMachine::I ? RatedDataOf(machine.record, machine.model.Pelec_n, machine.model.Kippmoment)
+                                    : RatedDataWithoutModel(machine.record);
 }
 
 } // namespace korvanel

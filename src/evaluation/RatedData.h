@@ -1,7 +1,7 @@
 // What a machine is rated for, as far as a load cycle is judged by it, and the power that it loses.
 #pragma once
 
-#include "core/Machine.h"
+#include "core/MachineInUse.h"
 
 #include <cmath>
 #include <optional>
@@ -36,10 +36,7 @@ struct RatedData
 /// Of a record, with the electrical power (W) and the stall torque (Nm) that were calculated for it.
 RatedData RatedDataOf(const MachineRecord& record, double Pel, double stallTorque);
 
-/// Of the measured machine of the block.
-RatedData RatedDataI();
-
-/// Of the second machine of the block.
-RatedData RatedDataII();
+/// Of a machine of the block.
+RatedData RatedDataOf(WhichMachine which);
 
 } // namespace korvanel

@@ -200,9 +200,9 @@ int RatingOf(double value, int quantity, RatingMode mode)
     case RatingMode::Extrem:
         return RateRatedShare(value);
     case RatingMode::MachineI:
-        return Rater(RatedDataI(), App().iNetConfIndex).Rate(value, quantity);
+        return Rater(RatedDataOf(WhichMachine::I), App().iNetConfIndex).Rate(value, quantity);
     case RatingMode::MachineII:
-        return Rater(RatedDataII(), App().iNetConfIndex).Rate(value, quantity);
+        return Rater(RatedDataOf(WhichMachine::II), App().iNetConfIndex).Rate(value, quantity);
     case RatingMode::Set:
     case RatingMode::None:
         break;

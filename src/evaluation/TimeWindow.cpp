@@ -18,7 +18,7 @@ constexpr qint16 kThermal = 1;
 
 bool IsThermalWindowUsable()
 {
-    return App().Model.Tth != 0 && App().bModelValid;
+    return App().MachineI.model.Tth != 0 && App().bModelValid;
 }
 
 void ResolveTimeWindow()
@@ -26,8 +26,9 @@ void ResolveTimeWindow()
     clsProgSettings& options = *App().ProgSettings;
     if (options.TWindowSelection() == kThermal && !IsThermalWindowUsable())
         options.SetTWindowSelection(kByHand);
-    App().dTWindow = options.TWindowSelection() == kThermal ? std::floor(App().Model.Tth * options.TWindowFactor())
-                                                            : options.TWindowSize();
+    App().dTWindow = options.TWindowSelection() == kThermal
+                         ? std::floor(App().MachineI.model.Tth * options.TWindowFactor())
+                         : options.TWindowSize();
 }
 
 QString TimeWindowText()

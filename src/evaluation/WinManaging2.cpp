@@ -73,16 +73,16 @@ struct ExtremBlock
 {
     TextRef heading;
     TextRef kind; ///< of the mean; none of single sets
-    const ExtremEntry& (*minimum)(int quantity);
-    const ExtremEntry& (*maximum)(int quantity);
+    const ExtremEntry& (*minimum)(const EvaluationResults& results, int quantity);
+    const ExtremEntry& (*maximum)(const EvaluationResults& results, int quantity);
     bool isOfWindow;
     bool isRms;
 };
 
 template <auto table>
-const ExtremEntry& EntryOf(int quantity)
+const ExtremEntry& EntryOf(const EvaluationResults& results, int quantity)
 {
-    return (App().Evaluation.*table).at(static_cast<std::size_t>(quantity));
+    return (results.*table).at(static_cast<std::size_t>(quantity));
 }
 
 using R = EvaluationResults;
@@ -99,21 +99,22 @@ QString ExtremText(const ExtremRow& row, double value)
     return row.isPrefixed ? FormatPrefixed(value, factor, true) + unit : FormatValueUnit(value, unit, factor, false);
 }
 
-QString ExtremSet(const ExtremBlock& block, qint32 set)
+QString ExtremSet(const EvaluationResults& results, const ExtremBlock& block, qint32 set)
 {
-    return block.isOfWindow ? WindowSets(set, App().Evaluation.dWindowSpan) : QString::number(set);
+    return block.isOfWindow ? WindowSets(set, results.dWindowSpan) : QString::number(set);
 }
 
-void AddExtremRows(ResultTable& table, const ExtremBlock& block, std::span<const ExtremRow> rows)
+void AddExtremRows(ResultTable& table, const EvaluationResults& results, const ExtremBlock& block,
+                   std::span<const ExtremRow> rows)
 {
     for (const ExtremRow& row : rows) {
         if (block.isRms && !row.hasRms)
             continue;
-        const ExtremEntry& minimum = block.minimum(row.quantity);
-        const ExtremEntry& maximum = block.maximum(row.quantity);
+        const ExtremEntry& minimum = block.minimum(results, row.quantity);
+        const ExtremEntry& maximum = block.maximum(results, row.quantity);
         AddRow(table, {App().Symbols->Symbol(row.quantity), block.kind ? TextOf(block.kind) : QString(),
-                       ExtremText(row, minimum.dValue), ExtremSet(block, minimum.lSet), ExtremText(row, maximum.dValue),
-                       ExtremSet(block, maximum.lSet)});
+                       ExtremText(row, minimum.dValue), ExtremSet(results, block, minimum.lSet),
+                       ExtremText(row, maximum.dValue), ExtremSet(results, block, maximum.lSet)});
     }
 }
 
@@ -144,9 +145,9 @@ constexpr EnergyTableRow kMechanicalRows[] = {
     {&texts::rowEfficiency, &texts::groupMotorGenerator, nullptr, kEnergyEfficiency, 1, 100, false},
 };
 
-const EnergyEntry& EnergyOf(int entry)
+const EnergyEntry& EnergyOf(const EvaluationResults& results, int entry)
 {
-    return App().Evaluation.tEnergy.at(static_cast<std::size_t>(entry));
+    return results.tEnergy.at(static_cast<std::size_t>(entry));
 }
 
 QString EnergyText(const EnergyTableRow& row, double energy)
@@ -155,30 +156,32 @@ QString EnergyText(const EnergyTableRow& row, double energy)
     return FormatValueUnit(value, row.unit ? TextOf(row.unit) : QString(), row.factor, row.asKilo);
 }
 
-QString CostText(double amount)
+QString CostText(const EvaluationResults& results, double amount)
 {
-    return FormatValueUnit(amount, App().Evaluation.sCurrency, kCentFactor, false);
+    return FormatValueUnit(amount, results.sCurrency, kCentFactor, false);
 }
 
 /// `offset` is that of the rows of one cycle or of all of them.
-void AddEnergyRows(ResultTable& table, std::span<const EnergyTableRow> rows, int offset)
+void AddEnergyRows(ResultTable& table, const EvaluationResults& results, std::span<const EnergyTableRow> rows,
+                   int offset)
 {
     for (const EnergyTableRow& row : rows) {
-        const EnergyEntry& energy = EnergyOf(row.entry + offset);
+        const EnergyEntry& energy = EnergyOf(results, row.entry + offset);
         AddRow(table, {TextOf(row.name), TextOf(row.group), EnergyText(row, energy.dPlus),
                        EnergyText(row, energy.dMinus), EnergyText(row, energy.dTotal)});
     }
 }
 
-void AddCostRows(ResultTable& table, int offset)
+void AddCostRows(ResultTable& table, const EvaluationResults& results, int offset)
 {
-    const EnergyEntry& active = EnergyOf(kCostsActive + offset);
-    const EnergyEntry& reactive = EnergyOf(kCostsReactive + offset);
+    const EnergyEntry& active = EnergyOf(results, kCostsActive + offset);
+    const EnergyEntry& reactive = EnergyOf(results, kCostsReactive + offset);
     table.rows.push_back(
         {.kind = ResultRowKind::Head, .cells = {{}, {}, texts::headCosts, texts::headCredit, texts::headTotal}});
-    AddRow(table, {texts::rowActiveEnergy, texts::groupMotorGenerator, CostText(active.dPlus), CostText(active.dMinus),
-                   CostText(active.dTotal)});
-    AddRow(table, {texts::rowReactiveEnergy, texts::groupInductiveCapacitive, CostText(reactive.dPlus), {}, {}});
+    AddRow(table, {texts::rowActiveEnergy, texts::groupMotorGenerator, CostText(results, active.dPlus),
+                   CostText(results, active.dMinus), CostText(results, active.dTotal)});
+    AddRow(table,
+           {texts::rowReactiveEnergy, texts::groupInductiveCapacitive, CostText(results, reactive.dPlus), {}, {}});
 }
 
 // Utilisation.
@@ -228,20 +231,20 @@ constexpr UtilisationBlock kUtilisationBlocks[] = {
     {&texts::blockWhole, kMeanRows, kWholeCurrent - kWindowCurrent, Reach::WholeRecording},
 };
 
-const UtilisationEntry& UtilisationOf(int entry)
+const UtilisationEntry& UtilisationOf(const EvaluationResults& results, int entry)
 {
-    return App().Evaluation.tAsm.at(static_cast<std::size_t>(entry));
+    return results.tAsm.at(static_cast<std::size_t>(entry));
 }
 
-QString UtilisationSet(double set, Reach reach)
+QString UtilisationSet(const EvaluationResults& results, double set, Reach reach)
 {
     switch (reach) {
     case Reach::OneSet:
         break;
     case Reach::Window:
-        return WindowSets(set, App().Evaluation.dWindowSpan);
+        return WindowSets(set, results.dWindowSpan);
     case Reach::WholeRecording:
-        return WindowSets(set, App().Evaluation.lSets);
+        return WindowSets(set, results.lSets);
     }
     return NumberText(set);
 }
@@ -254,68 +257,68 @@ QString ShareText(const UtilisationTableRow& row, std::optional<double> share)
                             {RoundValue(*share * kPercentFactor, kPercentFactor), TextOf(row.reference)});
 }
 
-void AddUtilisationRows(ResultTable& table, const UtilisationBlock& block)
+void AddUtilisationRows(ResultTable& table, const MachineInUse& machine, const UtilisationBlock& block)
 {
     for (const UtilisationTableRow& row : block.rows) {
-        if (row.needsRatedSpeed && !App().MachineI.n)
+        if (row.needsRatedSpeed && !machine.record.n)
             continue;
-        const UtilisationEntry& entry = UtilisationOf(row.entry + block.offset);
+        const UtilisationEntry& entry = UtilisationOf(machine.evaluation, row.entry + block.offset);
         double value = entry.dValue / row.divisor;
         AddRow(table,
                {TextOf(row.name), row.kind ? TextOf(row.kind) : QString(),
                 FormatValueUnit(value, TextOf(row.unit), row.factor, false), ShareText(row, entry.vRatio),
-                UtilisationSet(entry.dSet, block.reach), entry.sVerdict},
+                UtilisationSet(machine.evaluation, entry.dSet, block.reach), entry.sVerdict},
                entry.lColour);
     }
 }
 
 } // namespace
 
-ResultTable ExtremTable()
+ResultTable ExtremTable(const MachineInUse& machine)
 {
     ResultTable table{{texts::headQuantity, {}, texts::headMinimum, texts::headSet, texts::headMaximum, texts::headSet},
                       {}};
-    if (App().Evaluation.lSets == 0)
+    if (machine.evaluation.lSets == 0)
         return table;
     for (const ExtremBlock& block : kExtremBlocks) {
         AddHeading(table, TextOf(block.heading));
-        AddExtremRows(table, block, kElectricalRows);
+        AddExtremRows(table, machine.evaluation, block, kElectricalRows);
         if (IsMachineShown())
-            AddExtremRows(table, block, kMachineRows);
+            AddExtremRows(table, machine.evaluation, block, kMachineRows);
     }
     return table;
 }
 
-ResultTable EnergyTable()
+ResultTable EnergyTable(const MachineInUse& machine)
 {
     ResultTable table{{texts::headQuantity, {}, texts::headPlus, texts::headMinus, texts::headTotal}, {}};
-    if (App().Evaluation.lSets == 0)
+    if (machine.evaluation.lSets == 0)
         return table;
     const QString cycles = QString::number(App().ProgSettings->Cycles());
     AddHeading(table, texts::blockEnergy);
-    AddEnergyRows(table, kEnergyRows, 0);
+    AddEnergyRows(table, machine.evaluation, kEnergyRows, 0);
     if (IsMachineShown())
-        AddEnergyRows(table, kMechanicalRows, 0);
+        AddEnergyRows(table, machine.evaluation, kMechanicalRows, 0);
     AddHeading(table, texts::blockCosts);
-    AddCostRows(table, 0);
+    AddCostRows(table, machine.evaluation, 0);
     AddHeading(table, FillPlaceholders(texts::blockEnergyOfCycles, {cycles}));
-    AddEnergyRows(table, kEnergyRows, kEnergyOfCycles);
+    AddEnergyRows(table, machine.evaluation, kEnergyRows, kEnergyOfCycles);
     if (App().iNetConfIndex == kNetMachine) // of many cycles the shaft is told for the symmetric load alone
-        AddEnergyRows(table, kMechanicalRows, kEnergyOfCycles);
+        AddEnergyRows(table, machine.evaluation, kMechanicalRows, kEnergyOfCycles);
     AddHeading(table, FillPlaceholders(texts::blockCostsOfCycles, {cycles}));
-    AddCostRows(table, kEnergyOfCycles);
+    AddCostRows(table, machine.evaluation, kEnergyOfCycles);
     return table;
 }
 
-ResultTable UtilisationTable()
+ResultTable UtilisationTable(const MachineInUse& machine)
 {
     ResultTable table{
         {texts::headQuantity, {}, texts::headMaximum, texts::headRelative, texts::headSet, texts::headSuitability}, {}};
-    if (App().Evaluation.lSets == 0 || !IsMachineShown())
+    if (machine.evaluation.lSets == 0 || !IsMachineShown())
         return table;
     for (const UtilisationBlock& block : kUtilisationBlocks) {
         AddHeading(table, TextOf(block.heading));
-        AddUtilisationRows(table, block);
+        AddUtilisationRows(table, machine, block);
     }
     return table;
 }

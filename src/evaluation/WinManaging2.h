@@ -1,6 +1,8 @@
 // The result tables as the user reads them: texts, block headings and verdict colours, formed from the results of the
-// evaluation in the block. Page, export and report show the same tables.
+// evaluation of one machine. Page, export and report show the same tables.
 #pragma once
+
+#include "core/MachineInUse.h"
 
 #include <QString>
 #include <QStringList>
@@ -32,12 +34,12 @@ struct ResultTable
 };
 
 /// `flxExtrem`: extremes, rms and arithmetic mean in the window. Without sets, heads alone; likewise the other two.
-ResultTable ExtremTable();
+ResultTable ExtremTable(const MachineInUse& machine);
 
 /// `flxEnergy`: energies and costs of one cycle and of the chosen number.
-ResultTable EnergyTable();
+ResultTable EnergyTable(const MachineInUse& machine);
 
 /// `flxASM`: utilisation of the machine. Rows in net configurations with a machine only.
-ResultTable UtilisationTable();
+ResultTable UtilisationTable(const MachineInUse& machine);
 
 } // namespace korvanel

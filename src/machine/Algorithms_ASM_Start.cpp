@@ -32,9 +32,9 @@ constexpr MessageLines kMessages[kModelMessageCount] = {
 
 void PutIntoBlock(const MachineInTheMaking& machine)
 {
-    App().MachineI = machine.record;
-    App().MachineIStatus = machine.status;
-    App().Model = machine.model;
+    App().MachineI.record = machine.record;
+    App().MachineI.status = machine.status;
+    App().MachineI.model = machine.model;
 }
 
 /// Runs a step; its error is counted. Throws for a result that is not finite.
@@ -57,12 +57,13 @@ void Tell(ModelMessage message)
 void EstimatePresentSample(bool bySpaceVector)
 {
     ApplicationBlock& app = App();
-    const EstimationConstants constants = ConstantsOf(app.MachineI, app.Model);
+    const EstimationConstants constants = ConstantsOf(app.MachineI.record, app.MachineI.model);
     app.Estimate = {};
     app.Estimate = RequireFinite(bySpaceVector ? EstimateBySpaceVector(constants, app.Sample)
                                                : EstimateByPowerBalance(constants, app.Sample));
     if (bySpaceVector)
-        app.Model.k_RZM = RzmFactor(constants, app.Sample.P); // the listing shows the factor of the last sample
+        app.MachineI.model.k_RZM =
+            RzmFactor(constants, app.Sample.P); // the listing shows the factor of the last sample
 }
 
 } // namespace
@@ -80,9 +81,9 @@ QString ModelMessages(int number)
 void BuildMachineModel()
 {
     RecordingChanged(); // results are judged by the machine's rating
-    const MachineRecord& record = App().MachineI;
+    const MachineRecord& record = App().MachineI.record;
     // The check of the no-load data reads the factor that the build before has left.
-    MachineInTheMaking machine{record, StatusOf(record), {.cosphi_o = App().Model.cosphi_o}};
+    MachineInTheMaking machine{record, StatusOf(record), {.cosphi_o = App().MachineI.model.cosphi_o}};
     for (const BuildLine& line : BuildOrder()) {
         if (!IsAllKnown(line.needs, machine.status))
             continue;
@@ -110,7 +111,7 @@ void ModelStep(int code)
         App().ModelErrors = 1;
         return;
     }
-    MachineInTheMaking machine{App().MachineI, App().MachineIStatus, App().Model};
+    MachineInTheMaking machine{App().MachineI.record, App().MachineI.status, App().MachineI.model};
     const ModelMessage message = Run(step, machine);
     PutIntoBlock(machine);
     if (message != ModelMessage::None)
@@ -134,7 +135,7 @@ const LoadEstimate& RequireFinite(const LoadEstimate& estimate)
 
 bool IsMethodUsable(int method)
 {
-    const MachineStatus& status = App().MachineIStatus;
+    const MachineStatus& status = App().MachineI.status;
     return method == 0 ? status[kConnectionKnown] : method == 1 && status[kRatingKnown];
 }
 

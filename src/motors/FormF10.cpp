@@ -177,7 +177,7 @@ void FormF10::MoveTo(int row)
 
 void FormF10::ShowMachine()
 {
-    ShowEntry(EntryOfMachine(App().MachineI));
+    ShowEntry(EntryOfMachine(App().MachineI.record));
     grid->ShowRow(browser.Row());
     browseBar->ShowPlace(browser.Row(), static_cast<int>(browser.Lines().size()));
     noDatabaseLabel->setVisible(!browser.HasDatabase());

@@ -66,7 +66,7 @@ FormH6::FormH6(QWidget* parent, bool isGenerator) : QDialog(parent), isForGenera
 
 std::optional<MachineFilter> FormH6::AskForFilter(QWidget* parent)
 {
-    FormH6 dialog(parent, App().MachineI.Pmech.value_or(0) < 0);
+    FormH6 dialog(parent, App().MachineI.record.Pmech.value_or(0) < 0);
     dialog.exec();
     return dialog.Filter();
 }

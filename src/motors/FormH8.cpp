@@ -18,7 +18,7 @@ QStringList LinesOf(MachineInfo info)
 {
     switch (info) {
     case MachineInfo::MachineI:
-        return ModelListing(App().MachineIStatus, App().Model);
+        return ModelListing(App().MachineI.status, App().MachineI.model);
     }
     return {};
 }

@@ -44,7 +44,7 @@ void MachineBrowser::Load()
     row = -1;
     if (!Query())
         return;
-    MachineRecord& machine = App().MachineI;
+    MachineRecord& machine = App().MachineI.record;
     if (!HasMachineData(machine)) {
         MoveTo(0);
         return;
@@ -61,8 +61,8 @@ void MachineBrowser::Reload()
     row = -1;
     if (!Query())
         return;
-    if (HasMachineData(App().MachineI))
-        row = PlaceOf(App().MachineI.set_ID);
+    if (HasMachineData(App().MachineI.record))
+        row = PlaceOf(App().MachineI.record.set_ID);
     else
         MoveTo(0);
 }
@@ -99,7 +99,7 @@ void MachineBrowser::MoveTo(int wanted)
         if (!machine.set_ID) // somebody else has deleted it meanwhile
             return;
         row = wanted;
-        App().MachineI = machine;
+        App().MachineI.record = machine;
     }
     BuildMachineModel();
 }
@@ -122,14 +122,14 @@ bool MachineBrowser::Search(const std::optional<MachineFilter>& wanted)
 
 void MachineBrowser::BeginEdit()
 {
-    formerMachine = App().MachineI;
+    formerMachine = App().MachineI.record;
 }
 
 bool MachineBrowser::Apply(const MachineEntry& entry, bool isNew)
 {
     clsWaitCursor cursor;
     cursor.Show();
-    MachineRecord& machine = App().MachineI;
+    MachineRecord& machine = App().MachineI.record;
     TakeMachineEntry(entry, machine);
     BuildMachineModel();
     if (App().ModelErrors != 0)
@@ -156,7 +156,7 @@ bool MachineBrowser::Apply(const MachineEntry& entry, bool isNew)
 
 void MachineBrowser::CancelEdit()
 {
-    App().MachineI = formerMachine;
+    App().MachineI.record = formerMachine;
     if (row >= 0)
         MoveTo(row);
     else
@@ -198,7 +198,7 @@ bool MachineBrowser::PassOn()
     if (app.sProjectPath.isEmpty() || !HasMachine(app.iNetConfIndex))
         return false;
     AdjustCalcMethod();
-    return HasMachineData(app.MachineI) && CopyMachineIntoProject(app.MachineI, WhichMachine::I);
+    return HasMachineData(app.MachineI.record) && CopyMachineIntoProject(app.MachineI.record, WhichMachine::I);
 }
 
 } // namespace korvanel

@@ -194,9 +194,9 @@ void CopyMachinesIntoProject()
     if (!HasMachine(App().iNetConfIndex))
         return;
     if (App().bModelValid)
-        CopyMachineIntoProject(App().MachineI, WhichMachine::I);
-    if (App().bASMSim && App().MachineII.Pmech)
-        CopyMachineIntoProject(App().MachineII, WhichMachine::II);
+        CopyMachineIntoProject(App().MachineI.record, WhichMachine::I);
+    if (App().bASMSim && App().MachineII.record.Pmech)
+        CopyMachineIntoProject(App().MachineII.record, WhichMachine::II);
 }
 
 void LoadProjectMachines()
@@ -205,15 +205,15 @@ void LoadProjectMachines()
     MachineRecord second;
     ReadProjectMachines(first, second);
     RecordingChanged();
-    App().MachineI = first;
-    App().MachineII = second;
+    App().MachineI.record = first;
+    App().MachineII.record = second;
     // What these numbers stood for are rows of the project; those of the motor database are found by comparing.
-    App().MachineI.set_ID.reset();
-    App().MachineII.set_ID.reset();
+    App().MachineI.record.set_ID.reset();
+    App().MachineII.record.set_ID.reset();
     bool isDbUsable = true; // a file that is missing is told once
     if (first.set_ID) {
         App().bMotorDbCheck = true;
-        isDbUsable = CompareWithDb(App().MachineI, WhichMachine::I);
+        isDbUsable = CompareWithDb(App().MachineI.record, WhichMachine::I);
         // Building comes last and decides: a machine that was not added to the database is still that of the project.
         RunGuarded(QStringLiteral("BuildMachineModel"), BuildMachineModel);
     } else {
@@ -222,7 +222,7 @@ void LoadProjectMachines()
     if (!second.set_ID)
         App().bASMSim = false;
     else if (isDbUsable && App().bMotorDbCheck)
-        CompareWithDb(App().MachineII, WhichMachine::II);
+        CompareWithDb(App().MachineII.record, WhichMachine::II);
 }
 
 } // namespace korvanel

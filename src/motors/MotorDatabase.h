@@ -2,7 +2,7 @@
 // of them that a project keeps. The file is opened and closed around each operation.
 #pragma once
 
-#include "core/Machine.h"
+#include "core/MachineInUse.h"
 #include "core/TableDb.h"
 
 #include <QString>
@@ -13,13 +13,6 @@
 #include <vector>
 
 namespace korvanel {
-
-/// Which machine of the project: the measured one, or that of the simulation. The numbers are the keys of its rows.
-enum class WhichMachine
-{
-    I = 1,
-    II = 2
-};
 
 /// Opens the motor database of `sMotorDbPath` for an operation. A missing file is told, and the user may choose another
 /// one; null if there is none in the end, or none that can be used, which has been told then.

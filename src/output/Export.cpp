@@ -67,7 +67,8 @@ class SetLines
 {
 public:
     explicit SetLines(ExportText& exportText)
-        : text(exportText), hasMachine(HasMachine(App().iNetConfIndex)), rater(RatedDataI(), App().iNetConfIndex)
+        : text(exportText), hasMachine(HasMachine(App().iNetConfIndex)),
+          rater(RatedDataOf(WhichMachine::I), App().iNetConfIndex)
     {
         std::copy_if(std::begin(kColumns), std::end(kColumns), std::back_inserter(columns),
                      [this](const ExportColumn& column) { return hasMachine || !column.needsMachine; });
@@ -144,13 +145,11 @@ void WriteSets(ExportText& text)
     });
 }
 
-void WriteItems(ExportText& text, std::span<const ExportItem> items)
+void WriteItem(ExportText& text, TextRef label, const QString& value, TextRef unit)
 {
-    for (const ExportItem& item : items) {
-        text.AddText(TextOf(item.label));
-        text.AddText(item.value());
-        text.EndLine(item.unit ? TextOf(item.unit) : QString());
-    }
+    text.AddText(TextOf(label));
+    text.AddText(value);
+    text.EndLine(unit ? TextOf(unit) : QString());
 }
 
 void WriteCells(ExportText& text, const QStringList& cells)
@@ -209,14 +208,16 @@ void ExportEvaluation(const QString& path)
     WriteSets(text);
     text.EndLine();
     text.EndLine();
-    WriteItems(text, ProjectItems());
+    for (const ExportItem& item : ProjectItems())
+        WriteItem(text, item.label, item.value(), item.unit);
     const bool hasMachine = HasMachine(App().iNetConfIndex);
     if (hasMachine)
-        WriteItems(text, MachineItems());
-    WriteTable(text, ExtremTable());
-    WriteTable(text, EnergyTable());
+        for (const MachineItem& item : MachineItems())
+            WriteItem(text, item.label, item.value(App().MachineI.record), item.unit);
+    WriteTable(text, ExtremTable(App().MachineI));
+    WriteTable(text, EnergyTable(App().MachineI));
     if (hasMachine)
-        WriteTable(text, UtilisationTable());
+        WriteTable(text, UtilisationTable(App().MachineI));
     text.Finish();
 }
 

@@ -43,9 +43,9 @@ QString OfBlock()
 
 /// A field of the measured machine's record, over a divisor; empty while it is not known.
 template <auto Field, int Divisor = 1>
-QString OfMachine()
+QString OfMachine(const MachineRecord& machine)
 {
-    const auto& value = App().MachineI.*Field;
+    const auto& value = machine.*Field;
     using Value = std::remove_cvref_t<decltype(value)>;
     if constexpr (std::is_same_v<Value, QString>)
         return TypedFieldText(value);
@@ -63,21 +63,21 @@ QString Transformer()
            NumberText(App().dTransSecondary[Channel]);
 }
 
-QString MachineKind()
+QString MachineKind(const MachineRecord& machine)
 {
-    const std::optional<double>& Pmech = App().MachineI.Pmech;
+    const std::optional<double>& Pmech = machine.Pmech;
     return !Pmech ? QString() : *Pmech < 0 ? texts::machineGenerator : texts::machineMotor;
 }
 
-QString PolePairs()
+QString PolePairs(const MachineRecord& machine)
 {
-    const int pairs = App().MachineI.Polpaarzahl;
+    const int pairs = machine.Polpaarzahl;
     return pairs > 0 ? QString::number(pairs) : QString();
 }
 
-QString Friction()
+QString Friction(const MachineRecord& machine)
 {
-    return App().MachineI.Mreib ? texts::machineFrictionZero : QString();
+    return machine.Mreib ? texts::machineFrictionZero : QString();
 }
 
 constexpr ExportItem kProjectItems[] = {
@@ -97,11 +97,11 @@ constexpr ExportItem kProjectItems[] = {
     {&texts::exportTerm, OfBlock<&A::sMeasurementTerm>},
     {&texts::exportInterval, OfBlock<&A::dInterval>},
     {&texts::exportSets, OfBlock<&A::iSetCount>},
-    {&texts::exportCorrectedSets, [] { return NumberText(App().Evaluation.lCorrectedRows); }},
+    {&texts::exportCorrectedSets, [] { return NumberText(App().MachineI.evaluation.lCorrectedRows); }},
     {&texts::exportWindow, TimeWindowText},
 };
 
-constexpr ExportItem kMachineItems[] = {
+constexpr MachineItem kMachineItems[] = {
     {&texts::exportMachineKind, MachineKind},
     {&texts::exportMachineRemark, OfMachine<&R::Hersteller>},
     {&texts::exportPmech, OfMachine<&R::Pmech, kPerKilo>, &texts::exportUnitKilowatt},
@@ -133,7 +133,7 @@ std::span<const ExportItem> ProjectItems()
     return kProjectItems;
 }
 
-std::span<const ExportItem> MachineItems()
+std::span<const MachineItem> MachineItems()
 {
     return kMachineItems;
 }

@@ -2,6 +2,7 @@
 // its label, its value and its unit.
 #pragma once
 
+#include "core/Machine.h"
 #include "core/Texts.h"
 
 #include <QString>
@@ -20,7 +21,14 @@ struct ExportItem
 /// The project: its header, the recording and how it was made.
 std::span<const ExportItem> ProjectItems();
 
-/// The measured machine: rated data, no-load data and what else is known of it.
-std::span<const ExportItem> MachineItems();
+struct MachineItem
+{
+    TextRef label;
+    QString (*value)(const MachineRecord& machine); ///< in local formats; empty if it is not known
+    TextRef unit = nullptr;                         ///< none
+};
+
+/// A machine: rated data, no-load data and what else is known of it.
+std::span<const MachineItem> MachineItems();
 
 } // namespace korvanel

@@ -119,15 +119,15 @@ void ResetColumnChoices(ApplicationBlock& app)
 
 void ResetMachines(ApplicationBlock& app)
 {
-    app.MachineI = {};
-    app.MachineII = {};
-    app.MachineIStatus = {};
+    app.MachineI.record = {};
+    app.MachineII.record = {};
+    app.MachineI.status = {};
     app.Estimate = {};
     app.DiagramLimits = ApplicationBlock().DiagramLimits;
     app.ModelErrors = 0;
     app.bMotorDbCheck = false;
     // The check of no-load data compares with the factor that the build before has left, whatever the project was.
-    app.Model = {.cosphi_o = app.Model.cosphi_o};
+    app.MachineI.model = {.cosphi_o = app.MachineI.model.cosphi_o};
 }
 
 void ComputeConstants(ApplicationBlock& app)

@@ -14,7 +14,7 @@ protected:
     QComboBox& ShowWith(const MachineRecord& record, int method)
     {
         OpenInWindow(2);
-        App().MachineI = record;
+        App().MachineI.record = record;
         BuildMachineModel();
         App().iCalcMethod = static_cast<qint16>(method);
         App().iCurrentPage = kPageMeasure;

@@ -98,8 +98,8 @@ TEST_F(FormF4Test, Methods_AreThoseThatCanBeUsedWithTheirNumberAsData)
         App().bModelValid = false;
         OpenInWindow(2);
         App().bModelValid = true;
-        App().MachineIStatus[kConnectionKnown] = c.isConnectionKnown;
-        App().MachineIStatus[kRatingKnown] = c.isRatingKnown;
+        App().MachineI.status[kConnectionKnown] = c.isConnectionKnown;
+        App().MachineI.status[kRatingKnown] = c.isRatingKnown;
         window.UnloadAndOpen(4);
         auto& box = Find<QComboBox>("cboEngine");
         QStringList texts;

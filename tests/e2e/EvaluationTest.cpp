@@ -20,7 +20,7 @@ protected:
     {
         CreateProject(2, "Lastspiel.MDB");
         PutExample(*options);
-        ASSERT_TRUE(CopyMachineIntoProject(App().MachineI, WhichMachine::I));
+        ASSERT_TRUE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I));
         ASSERT_TRUE(SaveProject());
         program.Start();
         program.WaitForWindow("MainForm");

@@ -90,9 +90,9 @@ protected:
     {
         CreateProject(2);
         App().iCalcMethod = static_cast<qint16>(method);
-        App().MachineI = MotorWithNoLoadData();
-        App().MachineI.Mkipp_Mn = 2.4;
-        App().MachineI.Tth = 1200;
+        App().MachineI.record = MotorWithNoLoadData();
+        App().MachineI.record.Mkipp_Mn = 2.4;
+        App().MachineI.record.Tth = 1200;
         BuildMachineModel();
         ASSERT_TRUE(App().bModelValid);
         settings->SetTWindowSelection(1);
@@ -115,8 +115,8 @@ protected:
             return;
         QFile::remove(QString::fromLocal8Bit(kept));
         ASSERT_TRUE(QFile::copy(App().sProjectPath, QString::fromLocal8Bit(kept)));
-        const MachineRecord& machine = App().MachineI;
-        const MachineModel& model = App().Model;
+        const MachineRecord& machine = App().MachineI.record;
+        const MachineModel& model = App().MachineI.model;
         std::cout << "project " << kept << " configuration=2 dt=1 selection=1 factor=0.5 valid=1" << std::hexfloat
                   << " tth=" << model.Tth << " U=" << *machine.U << " I=" << *machine.I << " f=" << *machine.f
                   << " n=" << *machine.n << " M=" << *machine.M << " Pmech=" << *machine.Pmech
@@ -136,7 +136,7 @@ TEST_F(DutyCycle, EveryFigureAgrees)
     std::ifstream table(KORVANEL_EVALUATION_DATA "/data/duty_cycle_expected.txt");
     std::string conditions;
     ASSERT_TRUE(std::getline(table, conditions));
-    ExpectedEvaluation::Read(table).Compare(App().Evaluation, kTolerance);
+    ExpectedEvaluation::Read(table).Compare(App().MachineI.evaluation, kTolerance);
 }
 
 TEST_F(DutyCycle, TheUtilisationIsThatOfTheMeasuredShaft)
@@ -150,7 +150,7 @@ TEST_F(DutyCycle, TheUtilisationIsThatOfTheMeasuredShaft)
         }
     ASSERT_NO_FATAL_FAILURE(RecordCycle(1));
     EvaluateProject();
-    const EvaluationResults& results = App().Evaluation;
+    const EvaluationResults& results = App().MachineI.evaluation;
     // What the machine feeds back was not measured at the shaft; there the estimate stands for it.
     const double whole = results.tAsm[kWholePower].dValue;
     const double fedBack = std::abs(Query("SELECT total(Pmech*Pmech) FROM ComputedValues INNER JOIN SampledValues ON "
@@ -171,7 +171,7 @@ TEST_F(DutyCycle, BothMethodsTellTheSameUse)
     for (const int method : {0, 1}) {
         ASSERT_NO_FATAL_FAILURE(RecordCycle(method));
         EvaluateProject();
-        results[static_cast<std::size_t>(method)] = App().Evaluation;
+        results[static_cast<std::size_t>(method)] = App().MachineI.evaluation;
         ASSERT_TRUE(QFile::remove(App().sProjectPath));
     }
     for (const UtilisationRow row : {kWholeTorque, kWholePower, kWindowTorque, kWindowPower})

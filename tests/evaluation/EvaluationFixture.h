@@ -31,12 +31,12 @@ protected:
     /// A project with sets, `interval` seconds apart, and a window of `window` seconds. The machine stays.
     void MakeProject(int netConf, std::vector<tValueRow> rows, double interval = 1, double window = 900)
     {
-        const MachineRecord machine = App().MachineI;
-        const MachineModel model = App().Model;
+        const MachineRecord machine = App().MachineI.record;
+        const MachineModel model = App().MachineI.model;
         const bool isValid = App().bModelValid;
         CreateProject(netConf, QStringLiteral("%1.MDB").arg(++projects)); // a new project has no machine
-        App().MachineI = machine;
-        App().Model = model;
+        App().MachineI.record = machine;
+        App().MachineI.model = model;
         App().bModelValid = isValid;
         App().dInterval = interval;
         settings->SetTWindowSize(window);
@@ -49,7 +49,7 @@ protected:
         MakeProject(netConf, rows, interval, window);
         EvaluateProject();
         EXPECT_NE(App().bEvaluated, 0);
-        return App().Evaluation;
+        return App().MachineI.evaluation;
     }
 
     /// Rows that hold these values of one quantity.
@@ -65,7 +65,7 @@ protected:
     /// A machine of 10 kW whose rated values are round; nothing of it is calculated.
     static void SetRoundMachine()
     {
-        MachineRecord& machine = App().MachineI;
+        MachineRecord& machine = App().MachineI.record;
         machine = {};
         machine.U = 400;
         machine.I = 100;
@@ -74,9 +74,9 @@ protected:
         machine.M = 100;
         machine.Pmech = 10000;
         machine.Mkipp_Mn = 2;
-        App().Model = {};
-        App().Model.Pelec_n = 12000;
-        App().Model.Kippmoment = 200;
+        App().MachineI.model = {};
+        App().MachineI.model.Pelec_n = 12000;
+        App().MachineI.model.Kippmoment = 200;
         App().bModelValid = true;
     }
 

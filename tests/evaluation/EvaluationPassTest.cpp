@@ -233,9 +233,9 @@ TEST_F(EvaluationPassTest, ASecondPassBeginsAnew)
     rows[2].bEdit = 255;
     Evaluate(0, rows, 1, 1);
     EvaluateProject();
-    EXPECT_EQ(App().Evaluation.lCorrectedRows, 1);
-    EXPECT_EQ(App().Evaluation.dWindowRows, 2);
-    ExpectEntry(App().Evaluation.tExtremMax[kU], 9, 2);
+    EXPECT_EQ(App().MachineI.evaluation.lCorrectedRows, 1);
+    EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 2);
+    ExpectEntry(App().MachineI.evaluation.tExtremMax[kU], 9, 2);
     const EvaluationResults& other = Evaluate(0, Rows({3}, PutU));
     EXPECT_EQ(other.lCorrectedRows, 0);
     ExpectEntry(other.tExtremMax[kU], 3, 1);
@@ -292,7 +292,7 @@ TEST_F(EvaluationPassTest, AnyMarkThatIsNot0IsACorrection)
     Execute("UPDATE SampledValues SET Edit=CASE [Set] WHEN 1 THEN 1 WHEN 2 THEN 255 WHEN 3 THEN 256 WHEN 4 THEN -1 "
             "ELSE 0 END");
     EvaluateProject();
-    EXPECT_EQ(App().Evaluation.lCorrectedRows, 4);
+    EXPECT_EQ(App().MachineI.evaluation.lCorrectedRows, 4);
 }
 
 } // namespace

@@ -30,7 +30,7 @@ protected:
     void Press(const char* button) { Find<QPushButton>(button).click(); }
 
     /// Whether the page shows other values than those that a marker of the test left in the results.
-    void MarkResults() { App().Evaluation.tExtremMax[kU] = {12340, 77}; }
+    void MarkResults() { App().MachineI.evaluation.tExtremMax[kU] = {12340, 77}; }
     bool IsMarkShown()
     {
         return Cell("flxExtrem", 1, 4) == QLatin1String("12,34 kV") && Cell("flxExtrem", 1, 5) == QLatin1String("77");

@@ -39,8 +39,8 @@ protected:
     /// Evaluates as a page does, with the results of an earlier evaluation in place. True if it ran to its end.
     bool EvaluateGuarded()
     {
-        App().Evaluation.tExtremMax[kU] = {12345, 6};
-        App().Evaluation.lSets = 99;
+        App().MachineI.evaluation.tExtremMax[kU] = {12345, 6};
+        App().MachineI.evaluation.lSets = 99;
         App().bEvaluated = 0;
         shell.boxes.clear();
         shell.calls.clear();
@@ -54,7 +54,7 @@ protected:
     {
         EXPECT_FALSE(EvaluateGuarded());
         EXPECT_EQ(shell.boxes.size(), 1U) << shell.BoxTexts().join('|').toStdString();
-        ExpectSameResults(App().Evaluation, {});
+        ExpectSameResults(App().MachineI.evaluation, {});
     }
     void ExpectFault()
     {
@@ -73,12 +73,12 @@ protected:
     {
         EXPECT_TRUE(EvaluateGuarded());
         EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join('|').toStdString();
-        EXPECT_EQ(App().Evaluation.lSets, sets);
+        EXPECT_EQ(App().MachineI.evaluation.lSets, sets);
         ExpectFiniteResults();
     }
     static void ExpectFiniteResults()
     {
-        const EvaluationResults& results = App().Evaluation;
+        const EvaluationResults& results = App().MachineI.evaluation;
         for (const auto& table : {results.tExtremMin, results.tExtremMax})
             for (const ExtremEntry& entry : table)
                 EXPECT_TRUE(std::isfinite(entry.dValue));

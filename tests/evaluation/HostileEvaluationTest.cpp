@@ -13,7 +13,7 @@ EvaluationResults EvaluateCounted(
     PassConditions conditions;
     conditions.netConf = App().iNetConfIndex;
     conditions.window = 10;
-    conditions.rated = RatedDataI();
+    conditions.rated = RatedDataOf(WhichMachine::I);
     conditions.energy.dt = App().dInterval;
     return EvaluateSets(ProjectDb(), SetSource::Measured, conditions, count, advance, mostInMemory);
 }
@@ -24,9 +24,9 @@ TEST_F(HostileEvaluation, NullsCountAs0)
     Execute("UPDATE SampledValues SET [U sum]=NULL, [I sum]=NULL, [Edit]=NULL, [t]=NULL WHERE [Set]=7");
     Execute("UPDATE ComputedValues SET [n]=NULL, [M]=NULL, [Pmech]=NULL, [eta]=NULL, [Method]=NULL WHERE [Set]=9");
     ExpectSuccess(40);
-    ExpectEntry(App().Evaluation.tExtremMin[kU], 0, 7);
-    ExpectEntry(App().Evaluation.tExtremMin[kM], 0, 9);
-    EXPECT_EQ(App().Evaluation.lCorrectedRows, 0);
+    ExpectEntry(App().MachineI.evaluation.tExtremMin[kU], 0, 7);
+    ExpectEntry(App().MachineI.evaluation.tExtremMin[kM], 0, 9);
+    EXPECT_EQ(App().MachineI.evaluation.lCorrectedRows, 0);
 }
 
 TEST_F(HostileEvaluation, TextsInColumnsOfNumbersCountAs0)
@@ -35,9 +35,9 @@ TEST_F(HostileEvaluation, TextsInColumnsOfNumbersCountAs0)
     Execute("UPDATE SampledValues SET [U sum]='viel', [Edit]='ja' WHERE [Set]=7");
     Execute("UPDATE ComputedValues SET [M]='', [eta]=x'00ff' WHERE [Set]=9");
     ExpectSuccess(40);
-    ExpectEntry(App().Evaluation.tExtremMin[kU], 0, 7);
-    ExpectEntry(App().Evaluation.tExtremMin[kM], 0, 9);
-    ExpectEntry(App().Evaluation.tExtremMin[kEta], 0, 9);
+    ExpectEntry(App().MachineI.evaluation.tExtremMin[kU], 0, 7);
+    ExpectEntry(App().MachineI.evaluation.tExtremMin[kM], 0, 9);
+    ExpectEntry(App().MachineI.evaluation.tExtremMin[kEta], 0, 9);
 }
 
 TEST_F(HostileEvaluation, AnInfiniteValueOfAnyQuantityIsAFault)
@@ -80,8 +80,8 @@ TEST_F(HostileEvaluation, AHugeValueWhoseSquareIsANumberIsEvaluated)
     MakeOrdinaryProject();
     Execute("UPDATE SampledValues SET [U sum]=1e150 WHERE [Set]=40");
     ExpectSuccess(40);
-    ExpectEntry(App().Evaluation.tExtremMax[kU], 1e150, 40);
-    EXPECT_DOUBLE_EQ(App().Evaluation.tRmsMax[kU].dValue, std::sqrt(1e300 / 11));
+    ExpectEntry(App().MachineI.evaluation.tExtremMax[kU], 1e150, 40);
+    EXPECT_DOUBLE_EQ(App().MachineI.evaluation.tRmsMax[kU].dValue, std::sqrt(1e300 / 11));
 }
 
 TEST_F(HostileEvaluation, AHugeRegisterIsNoFault)
@@ -89,8 +89,8 @@ TEST_F(HostileEvaluation, AHugeRegisterIsNoFault)
     MakeOrdinaryProject(3);
     Execute("UPDATE SampledValues SET [Wp abs]=1e308, [Wq abs]=-1e308, [I N]=1e308");
     ExpectSuccess(40);
-    ExpectEntry(App().Evaluation.tExtremMax[kWpAbs], 1e308, 1);
-    ExpectEntry(App().Evaluation.tExtremMin[kWqAbs], -1e308, 1);
+    ExpectEntry(App().MachineI.evaluation.tExtremMax[kWpAbs], 1e308, 1);
+    ExpectEntry(App().MachineI.evaluation.tExtremMin[kWqAbs], -1e308, 1);
 }
 
 TEST_F(HostileEvaluation, EnergyBeyondAllNumbersIsAFault)
@@ -123,7 +123,7 @@ TEST_F(HostileEvaluation, AGapInTheSetsIsNoObstacle)
     Execute("DELETE FROM ComputedValues WHERE [Set] IN (1, 5, 20)");
     Execute("DELETE FROM SampledValues WHERE [Set] IN (1, 6, 39)");
     ExpectSuccess(35);
-    EXPECT_EQ(App().Evaluation.dWindowRows, 11);
+    EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 11);
 }
 
 TEST_F(HostileEvaluation, SetNumbersBeyondTheRangeAreNoObstacle)
@@ -229,12 +229,12 @@ TEST_F(HostileEvaluation, AFileDamagedAnywhereGivesAllOrNothing)
         App().sProjectPath = PathOf("damaged.MDB");
         if (EvaluateGuarded()) {
             EXPECT_TRUE(shell.boxes.empty());
-            EXPECT_EQ(App().Evaluation.lSets, kSets);
+            EXPECT_EQ(App().MachineI.evaluation.lSets, kSets);
             ExpectFiniteResults();
         } else {
             ++failures;
             EXPECT_EQ(shell.boxes.size(), 1U);
-            ExpectSameResults(App().Evaluation, {});
+            ExpectSameResults(App().MachineI.evaluation, {});
         }
         EXPECT_TRUE(ContentOf("damaged.MDB") == damaged) << "the file has changed";
     }

@@ -28,7 +28,7 @@ TEST_F(HostileOptions, WithoutSetsNoIntervalIsNeeded)
     MakeOrdinaryProject(2, 0);
     App().dInterval = 0;
     ExpectSuccess(0);
-    EXPECT_EQ(App().Evaluation.tAsm[kWholeCurrent].dValue, 0);
+    EXPECT_EQ(App().MachineI.evaluation.tAsm[kWholeCurrent].dValue, 0);
 }
 
 TEST_F(HostileOptions, IntervalsOfTheProjectFile)
@@ -60,8 +60,8 @@ TEST_F(HostileOptions, AWindowOf0IsOneSet)
     SetRoundMachine();
     MakeProject(0, OrdinaryRows(40), 1, settings->TWindowSize());
     ExpectSuccess(40);
-    EXPECT_EQ(App().Evaluation.dWindowRows, 1);
-    ExpectEntry(App().Evaluation.tRmsMax[kU], 396, 7);
+    EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 1);
+    ExpectEntry(App().MachineI.evaluation.tRmsMax[kU], 396, 7);
 }
 
 TEST_F(HostileOptions, AWindowBelow0HoldsNoSets)
@@ -71,13 +71,13 @@ TEST_F(HostileOptions, AWindowBelow0HoldsNoSets)
         SetRoundMachine();
         MakeProject(2, OrdinaryRows(40), 1, settings->TWindowSize());
         ExpectSuccess(40);
-        EXPECT_EQ(App().Evaluation.dWindowRows, 0);
+        EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 0);
         for (std::size_t channel = 0; channel < kWindowChannelCount; ++channel) {
-            ExpectEntry(App().Evaluation.tRmsMax[channel], 0, 1);
-            ExpectEntry(App().Evaluation.tAvgMin[channel], 0, 1);
+            ExpectEntry(App().MachineI.evaluation.tRmsMax[channel], 0, 1);
+            ExpectEntry(App().MachineI.evaluation.tAvgMin[channel], 0, 1);
         }
-        EXPECT_EQ(App().Evaluation.tAsm[kWindowCurrent].dValue, 0);
-        EXPECT_GT(App().Evaluation.tAsm[kWholeCurrent].dValue, 0);
+        EXPECT_EQ(App().MachineI.evaluation.tAsm[kWindowCurrent].dValue, 0);
+        EXPECT_GT(App().MachineI.evaluation.tAsm[kWholeCurrent].dValue, 0);
     }
 }
 
@@ -87,12 +87,12 @@ TEST_F(HostileOptions, AWindowBeyondAllRecordingsIsTheWholeOne)
         StoreOption("TWin0", size);
         MakeProject(0, OrdinaryRows(40), 1, settings->TWindowSize());
         ExpectSuccess(40);
-        EXPECT_EQ(App().Evaluation.dWindowRows, 40);
+        EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 40);
     }
     StoreOption("TWin0", "1e300");
     MakeProject(0, OrdinaryRows(40), 1e-200, settings->TWindowSize());
     EvaluateGuarded(); // the quotient is no number
-    EXPECT_TRUE(App().bEvaluated == 0 || App().Evaluation.dWindowRows == 40);
+    EXPECT_TRUE(App().bEvaluated == 0 || App().MachineI.evaluation.dWindowRows == 40);
 }
 
 TEST_F(HostileOptions, AnUnreadableOptionIsAtItsDefault)
@@ -103,7 +103,7 @@ TEST_F(HostileOptions, AnUnreadableOptionIsAtItsDefault)
         MakeProject(0, OrdinaryRows(40), 1, settings->TWindowSize());
         ExpectSuccess(40);
         EXPECT_EQ(App().dTWindow, 900);
-        const auto& tEnergy = App().Evaluation.tEnergy;
+        const auto& tEnergy = App().MachineI.evaluation.tEnergy;
         EXPECT_EQ(tEnergy[kCostsActive].dPlus, std::abs(tEnergy[kEnergyActive].dPlus / 3600000 * 0.15));
         EXPECT_EQ(tEnergy[kEnergyOfCycles].dPlus, 10 * tEnergy[kEnergyActive].dPlus);
     }
@@ -117,7 +117,7 @@ TEST_F(HostileOptions, AnyNumberOfCyclesIsTaken)
         StoreOption("Cycles", text);
         MakeProject(0, OrdinaryRows(40));
         ExpectSuccess(40);
-        const auto& tEnergy = App().Evaluation.tEnergy;
+        const auto& tEnergy = App().MachineI.evaluation.tEnergy;
         EXPECT_EQ(tEnergy[kEnergyOfCycles].dTotal, cycles * tEnergy[kEnergyActive].dTotal);
         EXPECT_EQ(tEnergy[kEnergyOfCycles + kCostsActive].dTotal, cycles * tEnergy[kCostsActive].dTotal);
     }
@@ -129,22 +129,22 @@ TEST_F(HostileOptions, AFactorThatGivesNoWindow)
         StoreOption("TWin1", factor);
         StoreOption("TWin2", "1");
         SetRoundMachine();
-        App().Model.Tth = 60;
+        App().MachineI.model.Tth = 60;
         MakeProject(2, OrdinaryRows(40));
         ExpectSuccess(40);
-        EXPECT_EQ(App().Evaluation.dWindowRows, rows) << factor;
+        EXPECT_EQ(App().MachineI.evaluation.dWindowRows, rows) << factor;
     }
     StoreOption("TWin1", "1e308");
     MakeProject(2, OrdinaryRows(40));
-    App().Model.Tth = 1e10; // together beyond all numbers
+    App().MachineI.model.Tth = 1e10; // together beyond all numbers
     EvaluateGuarded();
-    EXPECT_TRUE(App().bEvaluated == 0 || App().Evaluation.dWindowRows == 40);
+    EXPECT_TRUE(App().bEvaluated == 0 || App().MachineI.evaluation.dWindowRows == 40);
 }
 
 TEST_F(HostileOptions, ARatedValueOf0IsTold)
 {
     MakeOrdinaryProject();
-    App().MachineI.I = 0;
+    App().MachineI.record.I = 0;
     ExpectFault();
 }
 

@@ -109,8 +109,8 @@ TEST_F(Household, EveryFigureOfAMonthAgrees)
     ASSERT_NO_FATAL_FAILURE(AppendSamples(samples));
     EvaluateProject();
     EXPECT_NE(App().bEvaluated, 0);
-    EXPECT_EQ(App().Evaluation.lSets, 47955);
-    EvaluationResults results = App().Evaluation;
+    EXPECT_EQ(App().MachineI.evaluation.lSets, 47955);
+    EvaluationResults results = App().MachineI.evaluation;
     CompareAngle(results, expected);
     expected.Compare(results);
 }

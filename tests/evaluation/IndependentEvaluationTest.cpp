@@ -172,13 +172,13 @@ private:
     static void SetMachine(LineWords& words)
     {
         App().bModelValid = words.NextWhole() != 0;
-        App().Model.Tth = words.NextNumber();
-        MachineRecord& machine = App().MachineI;
+        App().MachineI.model.Tth = words.NextNumber();
+        MachineRecord& machine = App().MachineI.record;
         for (std::optional<double>* value :
              {&machine.U, &machine.I, &machine.f, &machine.n, &machine.M, &machine.Pmech, &machine.Mkipp_Mn})
             *value = words.NextOptional();
-        App().Model.Pelec_n = words.NextNumber();
-        App().Model.Kippmoment = words.NextNumber();
+        App().MachineI.model.Pelec_n = words.NextNumber();
+        App().MachineI.model.Kippmoment = words.NextNumber();
     }
     void CompareProject(const ExpectedEvaluation& expected)
     {
@@ -192,7 +192,7 @@ private:
         EXPECT_FALSE(IsProjectDbOpen());
         EXPECT_EQ(App().dTWindow, expected.window);
         EXPECT_EQ(settings.TWindowSelection(), expected.selection);
-        expected.Compare(App().Evaluation);
+        expected.Compare(App().MachineI.evaluation);
     }
     /// A window that doesn't fit into memory is read a second time, with the same results.
     void CompareShortMemory()
@@ -200,7 +200,7 @@ private:
         PassConditions conditions;
         conditions.netConf = App().iNetConfIndex;
         conditions.window = App().dTWindow;
-        conditions.rated = RatedDataI();
+        conditions.rated = RatedDataOf(WhichMachine::I);
         conditions.energy = {App().dInterval,
                              App().bModelValid,
                              {settings.EnergyCosts(0), settings.EnergyCosts(1), settings.EnergyCosts(2)},
@@ -210,7 +210,7 @@ private:
             SCOPED_TRACE(mostInMemory);
             const EvaluationResults results = EvaluateSets(
                 ProjectDb(), SetSource::Measured, conditions, App().iSetCount, [](qint32) {}, mostInMemory);
-            ExpectSameResults(results, App().Evaluation);
+            ExpectSameResults(results, App().MachineI.evaluation);
         }
     }
 

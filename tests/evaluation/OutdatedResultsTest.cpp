@@ -21,7 +21,7 @@ protected:
         const ProjectDbScope scope;
         App().bEvaluated = 1;
         change();
-        EXPECT_TRUE(App().Evaluation.tExtremMax[kU].dValue == 3) << "until the next entry they stay in hand";
+        EXPECT_TRUE(App().MachineI.evaluation.tExtremMax[kU].dValue == 3) << "until the next entry they stay in hand";
         return App().bEvaluated == 0;
     }
 };

@@ -33,7 +33,7 @@ protected:
     void Rebuild(int netConf)
     {
         App().iNetConfIndex = static_cast<qint16>(netConf);
-        rater = std::make_unique<Rater>(RatedDataI(), netConf);
+        rater = std::make_unique<Rater>(RatedDataOf(WhichMachine::I), netConf);
     }
     /// Of the pass and of the lists; the two have to agree.
     int Rate(double value, int quantity) const
@@ -95,7 +95,7 @@ TEST_F(RatingTest, Power_UpToTheRatedOneIsGoodUpToHalfAsMuchAgainMedium)
 {
     for (const int quantity : {3, 22, 23, 24})
         ExpectBands(quantity, -18000, -12000, 12000, 18000);
-    App().Model.Pelec_n = -12000; // a generator is judged by the magnitude
+    App().MachineI.model.Pelec_n = -12000; // a generator is judged by the magnitude
     Rebuild(2);
     for (const int quantity : {3, 22, 23, 24})
         ExpectBands(quantity, -18000, -12000, 12000, 18000);
@@ -103,8 +103,8 @@ TEST_F(RatingTest, Power_UpToTheRatedOneIsGoodUpToHalfAsMuchAgainMedium)
 
 TEST_F(RatingTest, WithoutARatedValueOnlyThePlausibleRangeCounts)
 {
-    App().MachineI.U.reset();
-    App().MachineI.f.reset();
+    App().MachineI.record.U.reset();
+    App().MachineI.record.f.reset();
     Rebuild(2);
     for (const int quantity : {0, 16, 17, 18})
         ExpectPlausible(quantity, 0, 100000, 0);
@@ -113,7 +113,7 @@ TEST_F(RatingTest, WithoutARatedValueOnlyThePlausibleRangeCounts)
 
 TEST_F(RatingTest, WithoutRatedPowerTheLoadIsNoneOfTheMachine)
 {
-    App().MachineI.Pmech.reset();
+    App().MachineI.record.Pmech.reset();
     for (const int netConf : {2, 5}) {
         Rebuild(netConf);
         for (const int quantity : {3, 22, 23, 24})
@@ -166,7 +166,7 @@ TEST_F(RatingTest, WithoutAMachineInTheNetOnlyThePlausibleRangeCounts)
         ExpectPlausible(kF, 0, 1000, 0);
         for (const int quantity : {3, 22, 23, 24})
             ExpectPlausible(quantity, -1e9, 1e9, 0);
-        App().MachineI.Pmech.reset();
+        App().MachineI.record.Pmech.reset();
         Rebuild(netConf);
         EXPECT_EQ(Rate(1500, kN), 0);
         EXPECT_EQ(Rate(50, kM), 0);
@@ -176,9 +176,9 @@ TEST_F(RatingTest, WithoutAMachineInTheNetOnlyThePlausibleRangeCounts)
 
 TEST_F(RatingTest, APlausibleRangeStandsAboveTheRatedData)
 {
-    App().MachineI.U = 200000;
-    App().MachineI.f = 2000;
-    App().Model.Pelec_n = 5e9;
+    App().MachineI.record.U = 200000;
+    App().MachineI.record.f = 2000;
+    App().MachineI.model.Pelec_n = 5e9;
     Rebuild(2);
     EXPECT_EQ(Rate(200000, kU), 3);
     EXPECT_EQ(Rate(2000, kF), 3);
@@ -195,7 +195,7 @@ TEST_F(RatingTest, EfficiencyOfExactly1IsBad)
 
 TEST_F(RatingTest, ASpeedAbove6000IsBadEvenIfItIsTheRatedOne)
 {
-    App().MachineI.n = 6500;
+    App().MachineI.record.n = 6500;
     Rebuild(2);
     EXPECT_EQ(Rate(6500, kN), 3);
     EXPECT_EQ(Rate(6000, kN), 0);
@@ -264,8 +264,8 @@ TEST_F(RatingTest, OnlyQuantitiesOfAMachineRaiseTheWorstRating)
 
 TEST_F(RatingTest, TheMachineOfTheSimulationJudgesByItsOwnData)
 {
-    App().MachineII = App().MachineI;
-    App().MachineII.U = 500;
+    App().MachineII.record = App().MachineI.record;
+    App().MachineII.record.U = 500;
     RateValue(0, 0, RatingMode::Set, false);
     EXPECT_EQ(RateValue(500, kU, RatingMode::MachineII, true), 49152);
     EXPECT_EQ(App().iRowWorstRating, 1);
@@ -275,21 +275,21 @@ TEST_F(RatingTest, TheMachineOfTheSimulationJudgesByItsOwnData)
 
 TEST_F(RatingTest, WhatIsCalculatedOfTheSecondMachineComesFromItsOwnRecord)
 {
-    MachineRecord& machine = App().MachineII;
-    machine = App().MachineI;
+    MachineRecord& machine = App().MachineII.record;
+    machine = App().MachineI.record;
     machine.cosphi = 0.5;
     machine.Mkipp_Mn = 3;
     const double Pel = std::sqrt(3) * 400 * 100 * 0.5;
-    EXPECT_DOUBLE_EQ(RatedDataII().Pel, Pel);
-    EXPECT_EQ(RatedDataII().Mkipp, 300);
-    EXPECT_DOUBLE_EQ(RatedDataII().Pth().value_or(0), Pel - 10000);
+    EXPECT_DOUBLE_EQ(RatedDataOf(WhichMachine::II).Pel, Pel);
+    EXPECT_EQ(RatedDataOf(WhichMachine::II).Mkipp, 300);
+    EXPECT_DOUBLE_EQ(RatedDataOf(WhichMachine::II).Pth().value_or(0), Pel - 10000);
     EXPECT_EQ(RateValue(Pel - 1, kP, RatingMode::MachineII, false), 49152);
     EXPECT_EQ(RateValue(Pel + 1, kP, RatingMode::MachineII, false), 40443);
     machine.Pmech = -10000; // of a generator both powers are negative
-    EXPECT_DOUBLE_EQ(RatedDataII().Pel, -Pel);
-    EXPECT_DOUBLE_EQ(RatedDataII().Pth().value_or(0), Pel - 10000);
+    EXPECT_DOUBLE_EQ(RatedDataOf(WhichMachine::II).Pel, -Pel);
+    EXPECT_DOUBLE_EQ(RatedDataOf(WhichMachine::II).Pth().value_or(0), Pel - 10000);
     machine.Mkipp_Mn.reset();
-    EXPECT_FALSE(RatedDataII().Mkipp.has_value());
+    EXPECT_FALSE(RatedDataOf(WhichMachine::II).Mkipp.has_value());
 }
 
 TEST_F(RatingTest, RateRow_TakesTheWorstOfSevenValuesAndNotTheCurrent)

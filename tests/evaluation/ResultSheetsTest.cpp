@@ -25,7 +25,7 @@ TEST_F(ResultSheetsTest, VerdictCell_AloneIsColoured)
 TEST_F(ResultSheetsTest, MachineWithoutRatedPower_ShowsDashes)
 {
     OpenProjectOf(2);
-    App().MachineI.Pmech.reset();
+    App().MachineI.record.Pmech.reset();
     StoreNumbered(3);
     EnterPage();
     EXPECT_EQ(Cell("flxASM", 1, 2), "60 Nm");

@@ -14,7 +14,7 @@ protected:
         settings->SetTWindowSelection(1);
         settings->SetTWindowFactor(factor);
         settings->SetTWindowSize(123);
-        App().Model.Tth = Tth;
+        App().MachineI.model.Tth = Tth;
         App().bModelValid = isValid;
     }
 };
@@ -22,7 +22,7 @@ protected:
 TEST_F(TimeWindow, ResolveTimeWindow_LengthByHandIsTakenAsItIs)
 {
     settings->SetTWindowSize(12.75);
-    App().Model.Tth = 1000;
+    App().MachineI.model.Tth = 1000;
     App().bModelValid = true;
     ResolveTimeWindow();
     EXPECT_EQ(App().dTWindow, 12.75);
@@ -73,7 +73,7 @@ TEST_F(TimeWindow, ThePassFallsBackInAProjectWithoutAMachine)
     settings->SetTWindowSelection(1);
     Evaluate(0, Rows({1, 2, 3}, PutU), 1, 1);
     EXPECT_EQ(App().dTWindow, 1);
-    EXPECT_EQ(App().Evaluation.dWindowRows, 2);
+    EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 2);
     LoadSettings();
     EXPECT_EQ(settings->TWindowSelection(), 0);
 }
@@ -84,14 +84,14 @@ TEST_F(TimeWindow, ThePassTakesTheOptionsOfItsStart)
     App().dTWindow = 77;
     settings->SetTWindowSize(1);
     EvaluateProject();
-    EXPECT_EQ(App().Evaluation.dWindowRows, 2);
+    EXPECT_EQ(App().MachineI.evaluation.dWindowRows, 2);
 }
 
 TEST_F(TimeWindow, IsThermalWindowUsable_NeedsATimeConstantAndAValidMachine)
 {
     for (const bool isValid : {false, true})
         for (const double Tth : {0.0, 60.0, -60.0}) {
-            App().Model.Tth = Tth;
+            App().MachineI.model.Tth = Tth;
             App().bModelValid = isValid;
             EXPECT_EQ(IsThermalWindowUsable(), isValid && Tth != 0);
         }

@@ -141,9 +141,9 @@ TEST_F(Utilisation, WindowLongerThanTheRecording_GivesTheRowsOfTheWhole)
 
 TEST_F(Utilisation, SharesOfAGeneratorArePositive)
 {
-    App().MachineI.Pmech = -10000;
-    App().MachineI.M = -100;
-    App().Model.Pelec_n = -8000;
+    App().MachineI.record.Pmech = -10000;
+    App().MachineI.record.M = -100;
+    App().MachineI.model.Pelec_n = -8000;
     const EvaluationResults& results = Evaluate(2, {Loaded(-0.5)});
     for (const UtilisationEntry& entry : results.tAsm)
         EXPECT_GT(entry.vRatio.value_or(-1), 0);
@@ -151,7 +151,7 @@ TEST_F(Utilisation, SharesOfAGeneratorArePositive)
 
 TEST_F(Utilisation, WithoutRatedSpeedThePowerOfTheTorqueIs0AndStillHasAShare)
 {
-    App().MachineI.n.reset();
+    App().MachineI.record.n.reset();
     const EvaluationResults& results = Evaluate(2, {Loaded(1)});
     for (const UtilisationRow row : {kWindowPowerOfTorque, kWholePowerOfTorque}) {
         EXPECT_EQ(results.tAsm[row].dValue, 0);
@@ -163,7 +163,7 @@ TEST_F(Utilisation, WithoutRatedSpeedThePowerOfTheTorqueIs0AndStillHasAShare)
 
 TEST_F(Utilisation, WithoutRatedPowerNoRowHasAShare)
 {
-    App().MachineI.Pmech.reset();
+    App().MachineI.record.Pmech.reset();
     const EvaluationResults& results = Evaluate(2, {Loaded(1)});
     for (const UtilisationEntry& entry : results.tAsm) {
         ExpectNoShare(entry);
@@ -173,7 +173,7 @@ TEST_F(Utilisation, WithoutRatedPowerNoRowHasAShare)
 
 TEST_F(Utilisation, WithoutStallRatioTheMostTorqueHasNoShare)
 {
-    App().MachineI.Mkipp_Mn.reset();
+    App().MachineI.record.Mkipp_Mn.reset();
     const EvaluationResults& results = Evaluate(2, {Loaded(1)});
     ExpectNoShare(results.tAsm[kMostTorque]);
     EXPECT_EQ(results.tAsm[kMostTorque].dValue, 100);
@@ -182,8 +182,8 @@ TEST_F(Utilisation, WithoutStallRatioTheMostTorqueHasNoShare)
 
 TEST_F(Utilisation, WhereARatedValueIsUnknownItsRowsHaveNoShare)
 {
-    App().MachineI.I.reset();
-    App().MachineI.M.reset();
+    App().MachineI.record.I.reset();
+    App().MachineI.record.M.reset();
     const EvaluationResults& results = Evaluate(2, {Loaded(1)});
     for (const UtilisationRow row : {kWindowCurrent, kWholeCurrent, kWindowTorque, kWholeTorque})
         ExpectNoShare(results.tAsm[row]);
@@ -193,9 +193,9 @@ TEST_F(Utilisation, WhereARatedValueIsUnknownItsRowsHaveNoShare)
 
 TEST_F(Utilisation, TorqueOf0ThatTheModelPutsInWithoutARatedSpeedIsNotKnown)
 {
-    App().MachineI.n.reset();
-    App().MachineI.M = 0;
-    App().Model.Kippmoment = 0;
+    App().MachineI.record.n.reset();
+    App().MachineI.record.M = 0;
+    App().MachineI.model.Kippmoment = 0;
     const EvaluationResults& results = Evaluate(2, {Loaded(1)});
     for (const UtilisationRow row : {kMostTorque, kWindowTorque, kWholeTorque})
         ExpectNoShare(results.tAsm[row]);
@@ -208,7 +208,8 @@ TEST_F(Utilisation, TorqueOf0ThatTheModelPutsInWithoutARatedSpeedIsNotKnown)
 
 TEST_F(Utilisation, ARatedValueOf0EndsInTheGeneralErrorReport)
 {
-    for (std::optional<double>* value : {&App().MachineI.I, &App().MachineI.M, &App().MachineI.Pmech}) {
+    for (std::optional<double>* value :
+         {&App().MachineI.record.I, &App().MachineI.record.M, &App().MachineI.record.Pmech}) {
         SetRoundMachine();
         *value = 0;
         MakeProject(2, {Loaded(1)});
@@ -216,18 +217,18 @@ TEST_F(Utilisation, ARatedValueOf0EndsInTheGeneralErrorReport)
         EXPECT_EQ(App().bEvaluated, 0);
     }
     SetRoundMachine();
-    App().Model.Kippmoment = 0;
+    App().MachineI.model.Kippmoment = 0;
     MakeProject(2, {Loaded(1)});
     EXPECT_THROW(EvaluateProject(), ArithmeticFault);
     SetRoundMachine();
-    App().Model.Pelec_n = 10000; // no loss at rated load
+    App().MachineI.model.Pelec_n = 10000; // no loss at rated load
     MakeProject(2, {Loaded(1)});
     EXPECT_THROW(EvaluateProject(), ArithmeticFault);
 }
 
 TEST_F(Utilisation, ARatedValueOf0NeedsNoFigureToFail)
 {
-    App().MachineI.I = 0;
+    App().MachineI.record.I = 0;
     for (const std::size_t sets : {0U, 1U}) {
         MakeProject(2, std::vector<tValueRow>(sets));
         EXPECT_THROW(EvaluateProject(), ArithmeticFault) << sets;
@@ -252,7 +253,7 @@ TEST_F(Utilisation, SetsAreCountedByTheWorstOfTheirRatings)
 
 TEST_F(Utilisation, WithoutAnyRatedValueThePowerIsWhatMakesSetsBad)
 {
-    App().MachineI = {};
+    App().MachineI.record = {};
     const EvaluationResults& results = Evaluate(2, {Loaded(0.5), Loaded(1)});
     EXPECT_EQ(results.lRowClassCount, (std::array<qint32, kRatingCount>{0, 0, 0, 2}));
 }

@@ -20,10 +20,10 @@ protected:
         settings = std::make_unique<clsProgSettings>(folder.path());
         App().ProgSettings = settings.get();
         App().iNetConfIndex = 2;
-        App().MachineI.n = 1460;
-        App().Evaluation.lSets = 40;
-        App().Evaluation.dWindowSpan = 9;
-        App().Evaluation.sCurrency = QStringLiteral("€");
+        App().MachineI.record.n = 1460;
+        App().MachineI.evaluation.lSets = 40;
+        App().MachineI.evaluation.dWindowSpan = 9;
+        App().MachineI.evaluation.sCurrency = QStringLiteral("€");
     }
 
     /// Rows of a table as lines, with bars between the cells; a heading in brackets, a head in braces.
@@ -45,22 +45,23 @@ protected:
             names << row.cells.first(row.kind == ResultRowKind::Heading ? 1 : 2).join(u'|');
         return names;
     }
-    EvaluationResults& results = App().Evaluation;
+    EvaluationResults& results = App().MachineI.evaluation;
     std::unique_ptr<clsProgSettings> settings;
 };
 
 TEST_F(WinManaging2Test, Heads_AreToldToTheLetter)
 {
-    EXPECT_EQ(ExtremTable().heads, (QStringList{"Größe", "", "Minimum", "Satz", "Maximum", "Satz"}));
-    EXPECT_EQ(EnergyTable().heads, (QStringList{"Größe", "", "(+)", "(-)", "Gesamt"}));
-    EXPECT_EQ(UtilisationTable().heads,
+    EXPECT_EQ(ExtremTable(App().MachineI).heads, (QStringList{"Größe", "", "Minimum", "Satz", "Maximum", "Satz"}));
+    EXPECT_EQ(EnergyTable(App().MachineI).heads, (QStringList{"Größe", "", "(+)", "(-)", "Gesamt"}));
+    EXPECT_EQ(UtilisationTable(App().MachineI).heads,
               (QStringList{"Größe", "", "Maximum", "Realtiv", "Satz", "Eignung (S1-Betrieb)"}));
 }
 
 TEST_F(WinManaging2Test, WithoutSets_OnlyTheHeadsStand)
 {
     results.lSets = 0;
-    for (const ResultTable& table : {ExtremTable(), EnergyTable(), UtilisationTable()}) {
+    for (const ResultTable& table :
+         {ExtremTable(App().MachineI), EnergyTable(App().MachineI), UtilisationTable(App().MachineI)}) {
         EXPECT_TRUE(table.rows.empty());
         EXPECT_FALSE(table.heads.isEmpty());
     }
@@ -106,7 +107,7 @@ TEST_F(WinManaging2Test, Extremes_HaveTheirRowsInOrder)
                                   "eta|avg"};
     for (const int netConf : {2, 5}) {
         App().iNetConfIndex = static_cast<qint16>(netConf);
-        EXPECT_EQ(Names(ExtremTable()), withMachine) << netConf;
+        EXPECT_EQ(Names(ExtremTable(App().MachineI)), withMachine) << netConf;
     }
 }
 
@@ -114,7 +115,7 @@ TEST_F(WinManaging2Test, Extremes_LeaveTheShaftOutWithoutAMachine)
 {
     for (const int netConf : {0, 1, 3, 4, 6}) {
         App().iNetConfIndex = static_cast<qint16>(netConf);
-        const QStringList names = Names(ExtremTable());
+        const QStringList names = Names(ExtremTable(App().MachineI));
         EXPECT_EQ(names.size(), 3 + 8 + 5 + 8) << netConf;
         for (const char* name : {"n|", "M|avg", "Pmech|rms", "eta|"})
             EXPECT_FALSE(names.contains(QLatin1String(name))) << netConf << ' ' << name;
@@ -133,7 +134,7 @@ TEST_F(WinManaging2Test, Extremes_ShowValueAndSet)
     results.tExtremMax[kPmech] = {9999.9996, 8};
     results.tExtremMin[kPhi] = {-36.869, 9};
     results.tExtremMax[kN] = {1459.5, 10};
-    const QStringList lines = Lines(ExtremTable());
+    const QStringList lines = Lines(ExtremTable(App().MachineI));
     EXPECT_EQ(lines[1], "U||398,457 V|7|12,34 kV|31");
     EXPECT_EQ(lines[3], "f||50 Hz|2|50 Hz|3");
     EXPECT_EQ(lines[7], "cosphi||0,87 |4|1 |5") << "a quantity without a unit ends in its blank";
@@ -157,7 +158,7 @@ TEST_F(WinManaging2Test, Extremes_ChangeTheirPrefixAtTheLimits)
     };
     for (const Prefixed& c : cases) {
         results.tExtremMin[kI].dValue = c.value;
-        EXPECT_EQ(ExtremTable().rows[2].cells[2], c.text) << c.value;
+        EXPECT_EQ(ExtremTable(App().MachineI).rows[2].cells[2], c.text) << c.value;
     }
 }
 
@@ -165,8 +166,8 @@ TEST_F(WinManaging2Test, NegativeAmounts_AreRoundedHalfUp)
 {
     results.tExtremMin[kM].dValue = -2.505;
     results.tExtremMin[kN].dValue = -2.5;
-    EXPECT_EQ(ExtremTable().rows[10].cells[2], "-2,5 Nm");
-    EXPECT_EQ(ExtremTable().rows[9].cells[2], "-2 rpm");
+    EXPECT_EQ(ExtremTable(App().MachineI).rows[10].cells[2], "-2,5 Nm");
+    EXPECT_EQ(ExtremTable(App().MachineI).rows[9].cells[2], "-2 rpm");
 }
 
 TEST_F(WinManaging2Test, WindowSets_GoFromFirstToLast)
@@ -174,7 +175,7 @@ TEST_F(WinManaging2Test, WindowSets_GoFromFirstToLast)
     results.tRmsMin[kU] = {230, 10};
     results.tRmsMax[kU] = {231, 45};
     results.dWindowSpan = 33;
-    const QStringList lines = Lines(ExtremTable());
+    const QStringList lines = Lines(ExtremTable(App().MachineI));
     EXPECT_EQ(lines[14], "U|rms|230 V|1 - 10|231 V|12 - 45");
 }
 
@@ -182,7 +183,7 @@ TEST_F(WinManaging2Test, WindowSets_BeginAtOneIfTheWindowReachesBeyondTheBeginni
 {
     results.dWindowSpan = 900;
     results.tAvgMin[kU] = {230, 17};
-    EXPECT_EQ(Lines(ExtremTable())[24], "U|avg|230 V|1 - 17|0 V|1 - 0");
+    EXPECT_EQ(Lines(ExtremTable(App().MachineI))[24], "U|avg|230 V|1 - 17|0 V|1 - 0");
 }
 
 TEST_F(WinManaging2Test, WindowSets_FollowTheResultsAndNotTheOptions)
@@ -190,7 +191,7 @@ TEST_F(WinManaging2Test, WindowSets_FollowTheResultsAndNotTheOptions)
     results.tRmsMin[kU] = {230, 40};
     settings->SetTWindowSize(5);
     App().dTWindow = 5;
-    EXPECT_EQ(Lines(ExtremTable())[14].section(u'|', 3, 3), "31 - 40");
+    EXPECT_EQ(Lines(ExtremTable(App().MachineI))[14].section(u'|', 3, 3), "31 - 40");
 }
 
 TEST_F(WinManaging2Test, Energies_AreShownBySign)
@@ -201,7 +202,7 @@ TEST_F(WinManaging2Test, Energies_AreShownBySign)
     results.tEnergy[kEnergyApparent] = {36003.6, 3600, 39603.6};
     results.tEnergy[kEnergyMechanical] = {40001040, -40500, 39960540};
     results.tEnergy[kEnergyEfficiency] = {0.9, 0.8444, 0};
-    const QStringList lines = Lines(EnergyTable());
+    const QStringList lines = Lines(EnergyTable(App().MachineI));
     EXPECT_EQ(lines[0], "[Energie für 1 Messzyklus]");
     EXPECT_EQ(lines[1], "Wel|M/G|12,346 kWh|-9,5 Wh|12,337 kWh");
     EXPECT_EQ(lines[2], "Wq|L/C|10 varh|-10 varh|0 varh") << "exactly 10 stays without prefix";
@@ -216,7 +217,7 @@ TEST_F(WinManaging2Test, Costs_HaveAHeadAndTheReactiveRowOneAmount)
     results.tEnergy[kCostsActive] = {0.455, 0.999, -0.375};
     results.tEnergy[kCostsReactive] = {1.005, 77, 78};
     results.sCurrency = QStringLiteral("SFr.");
-    const QStringList lines = Lines(EnergyTable());
+    const QStringList lines = Lines(EnergyTable(App().MachineI));
     EXPECT_EQ(lines[7], "[Energiekosten für 1 Messzyklus]");
     EXPECT_EQ(lines[8], "{||Kosten|Vergütung|Gesamt}");
     EXPECT_EQ(lines[9], "Wel|M/G|0,46 SFr.|1 SFr.|-0,37 SFr.");
@@ -228,7 +229,7 @@ TEST_F(WinManaging2Test, Costs_ShowTheCurrencyOfTheResultsAndTheHeadingsTheCycle
 {
     settings->SetUsedCurrency(QStringLiteral("$"));
     settings->SetCycles(250);
-    const QStringList lines = Lines(EnergyTable());
+    const QStringList lines = Lines(EnergyTable(App().MachineI));
     EXPECT_EQ(lines[9], "Wel|M/G|0 €|0 €|0 €");
     EXPECT_TRUE(lines.contains("[Energie für 250 Messzyklen]"));
     EXPECT_TRUE(lines.contains("[Energiekosten für 250 Messzyklen]"));
@@ -241,7 +242,7 @@ TEST_F(WinManaging2Test, Cycles_ShowTheirOwnEntries)
     results.tEnergy[kEnergyOfCycles + kEnergyEfficiency] = {0.9, 0, 0.9};
     results.tEnergy[kEnergyOfCycles + kCostsActive] = {12, 2, 10};
     results.tEnergy[kEnergyOfCycles + kCostsReactive] = {3, 0, 0};
-    const QStringList lines = Lines(EnergyTable()).sliced(11);
+    const QStringList lines = Lines(EnergyTable(App().MachineI)).sliced(11);
     EXPECT_EQ(lines,
               (QStringList{"[Energie für 10 Messzyklen]", "Wel|M/G|0,1 kWh|0 Wh|0,1 kWh", "Wq|L/C|0 varh|0 varh|0 varh",
                            "I|M/G|0 Ah|0 Ah|0 Ah", "Ws|M/G|0 VAh|0 VAh|0 VAh", "Wmech|M/G|0,09 kWh|0 Wh|0,09 kWh",
@@ -258,8 +259,8 @@ TEST_F(WinManaging2Test, Cycles_TellOfTheShaftInTheSymmetricConfigurationAlone)
     };
     for (const Case c : {Case{2, 2}, Case{5, 1}, Case{0, 0}, Case{1, 0}, Case{3, 0}, Case{4, 0}, Case{6, 0}}) {
         App().iNetConfIndex = static_cast<qint16>(c.netConf);
-        EXPECT_EQ(Names(EnergyTable()).count("Wmech|M/G"), c.shaftRows) << c.netConf;
-        EXPECT_EQ(Names(EnergyTable()).count("eta|M/G"), c.shaftRows) << c.netConf;
+        EXPECT_EQ(Names(EnergyTable(App().MachineI)).count("Wmech|M/G"), c.shaftRows) << c.netConf;
+        EXPECT_EQ(Names(EnergyTable(App().MachineI)).count("eta|M/G"), c.shaftRows) << c.netConf;
     }
 }
 
@@ -271,7 +272,7 @@ TEST_F(WinManaging2Test, Utilisation_ShowsValueShareSetsAndVerdict)
     results.tAsm[kWindowPowerOfTorque] = {20000.4, 1.08111, 10, 192, QStringLiteral("schlecht")};
     results.tAsm[kWindowLoss] = {2000, 1.0325, 40, 192, QStringLiteral("schlecht")};
     results.tAsm[kWholeTorque] = {60, 0.4967, 40, 49152, QStringLiteral("gut")};
-    const ResultTable table = UtilisationTable();
+    const ResultTable table = UtilisationTable(App().MachineI);
     const QStringList lines = Lines(table);
     ASSERT_EQ(lines.size(), 14);
     EXPECT_EQ(lines[0], "[Maximal auftretendes Drehmoment]");
@@ -293,7 +294,7 @@ TEST_F(WinManaging2Test, Utilisation_ShowsDashesWhereNothingIsRated)
 {
     for (UtilisationEntry& entry : results.tAsm)
         entry = {10, std::nullopt, 40, 0, QStringLiteral("-")};
-    for (const ResultRow& row : UtilisationTable().rows)
+    for (const ResultRow& row : UtilisationTable(App().MachineI).rows)
         if (row.kind == ResultRowKind::Values) {
             EXPECT_EQ(row.cells[3], "-");
             EXPECT_EQ(row.cells[5], "-");
@@ -303,17 +304,17 @@ TEST_F(WinManaging2Test, Utilisation_ShowsDashesWhereNothingIsRated)
 
 TEST_F(WinManaging2Test, Utilisation_LeavesThePowerOfTheTorqueOutWithoutARatedSpeed)
 {
-    EXPECT_EQ(Names(UtilisationTable()).count("'Pmech|"), 2);
-    App().MachineI.n.reset();
-    EXPECT_EQ(Names(UtilisationTable()).count("'Pmech|"), 0);
-    EXPECT_EQ(Names(UtilisationTable()).count("Pmech|rms"), 2);
+    EXPECT_EQ(Names(UtilisationTable(App().MachineI)).count("'Pmech|"), 2);
+    App().MachineI.record.n.reset();
+    EXPECT_EQ(Names(UtilisationTable(App().MachineI)).count("'Pmech|"), 0);
+    EXPECT_EQ(Names(UtilisationTable(App().MachineI)).count("Pmech|rms"), 2);
 }
 
 TEST_F(WinManaging2Test, Utilisation_HasNoRowsWithoutAMachine)
 {
     for (const int netConf : {0, 1, 3, 4, 6}) {
         App().iNetConfIndex = static_cast<qint16>(netConf);
-        EXPECT_TRUE(UtilisationTable().rows.empty()) << netConf;
+        EXPECT_TRUE(UtilisationTable(App().MachineI).rows.empty()) << netConf;
     }
 }
 

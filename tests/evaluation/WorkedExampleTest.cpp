@@ -76,7 +76,8 @@ TEST_F(WorkedExample, TablesOfTheDocument_AreThoseOfTheProgram)
     PutExample(*options);
     EvaluateProject();
     std::map<QString, Rows> shown;
-    for (const ResultTable& table : {ExtremTable(), EnergyTable(), UtilisationTable()})
+    for (const ResultTable& table :
+         {ExtremTable(App().MachineI), EnergyTable(App().MachineI), UtilisationTable(App().MachineI)})
         Collect(table, shown);
 
     QFile document(QStringLiteral(KORVANEL_DOCS "/auswertung.md"));

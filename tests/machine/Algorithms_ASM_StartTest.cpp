@@ -19,13 +19,13 @@ class MachineModelTest : public BlockTest
 protected:
     void Build(const MachineRecord& record)
     {
-        App().MachineI = record;
+        App().MachineI.record = record;
         BuildMachineModel();
     }
     /// Builds a machine whose data are wrong, and expects the one message.
     void ExpectMessage(const MachineRecord& record, int number)
     {
-        App().Model = {};
+        App().MachineI.model = {};
         shell.boxes.clear();
         Build(record);
         EXPECT_EQ(App().ModelErrors, 1);
@@ -37,7 +37,7 @@ protected:
 
 TEST_F(MachineModelTest, Build_MakesResultsOutOfDate)
 {
-    App().MachineI = Motor();
+    App().MachineI.record = Motor();
     App().bEvaluated = 1;
     BuildMachineModel();
     EXPECT_EQ(App().bEvaluated, 0);
@@ -70,12 +70,12 @@ TEST_F(MachineModelTest, Build_OfAWholeMachine)
     EXPECT_TRUE(shell.boxes.empty());
     EXPECT_EQ(App().ModelErrors, 0);
     EXPECT_TRUE(App().bModelValid);
-    EXPECT_EQ(App().MachineI.Polpaarzahl, 2);
-    EXPECT_GT(App().Model.Kippmoment, 0);
-    EXPECT_GT(App().Model.Tth, 0);
-    EXPECT_EQ(App().Model.Tth, App().Model.Tth_ICL);
-    EXPECT_EQ(App().Model.Mreib_rech, App().Model.M_RZM_D_o);
-    EXPECT_EQ(App().Model.k_RZM, 1);
+    EXPECT_EQ(App().MachineI.record.Polpaarzahl, 2);
+    EXPECT_GT(App().MachineI.model.Kippmoment, 0);
+    EXPECT_GT(App().MachineI.model.Tth, 0);
+    EXPECT_EQ(App().MachineI.model.Tth, App().MachineI.model.Tth_ICL);
+    EXPECT_EQ(App().MachineI.model.Mreib_rech, App().MachineI.model.M_RZM_D_o);
+    EXPECT_EQ(App().MachineI.model.k_RZM, 1);
     EXPECT_EQ(App().DiagramLimits, (DiagramLimitList{1000, 100, 50000, 100, 500, 5000}));
 }
 
@@ -86,9 +86,9 @@ TEST_F(MachineModelTest, Build_OfPolePairsAndConnectionAloneIsValid)
     record.Schaltungsart = QStringLiteral("Y");
     Build(record);
     EXPECT_TRUE(App().bModelValid);
-    EXPECT_EQ(App().Model.Rs_rech, 0.000001);
-    EXPECT_EQ(App().Model.Po_rech, 0);
-    EXPECT_EQ(App().Model.R2, 0);
+    EXPECT_EQ(App().MachineI.model.Rs_rech, 0.000001);
+    EXPECT_EQ(App().MachineI.model.Po_rech, 0);
+    EXPECT_EQ(App().MachineI.model.R2, 0);
     EXPECT_EQ(App().DiagramLimits, (DiagramLimitList{500, 10, 50, 100, 50, 5000}));
     for (const double current : {5.0, 50.0}) {
         EstimateLoad(400, current, 50, 3000, 40, 0);
@@ -136,13 +136,13 @@ TEST_F(MachineModelTest, Build_ThatFailsKeepsTheFlagAndWhatItHasFoundSoFar)
         App().bModelValid = wasValid;
         MachineRecord record = MotorWithNoLoadData();
         record.fo = 53;
-        App().Model = {.R2 = 777};
+        App().MachineI.model = {.R2 = 777};
         Build(record);
         EXPECT_EQ(App().bModelValid, wasValid);
-        EXPECT_GT(App().Model.Pelec_n, 0);
-        EXPECT_GT(App().Model.Po_rech, 0);
-        EXPECT_EQ(App().Model.R2, 0) << "every build starts anew";
-        EXPECT_EQ(App().MachineI.Polpaarzahl, 2);
+        EXPECT_GT(App().MachineI.model.Pelec_n, 0);
+        EXPECT_GT(App().MachineI.model.Po_rech, 0);
+        EXPECT_EQ(App().MachineI.model.R2, 0) << "every build starts anew";
+        EXPECT_EQ(App().MachineI.record.Polpaarzahl, 2);
     }
 }
 
@@ -152,7 +152,7 @@ TEST_F(MachineModelTest, Build_ANewProgramComparesTheNoLoadDataWithNothing)
     record.Po = std::sqrt(3.0) * 400 * 11 * 0.95; // a greater factor than that of the rating
     Build(record);
     EXPECT_EQ(App().ModelErrors, 0);
-    EXPECT_NEAR(App().Model.cosphi_o, 0.95, 1e-12);
+    EXPECT_NEAR(App().MachineI.model.cosphi_o, 0.95, 1e-12);
     Build(record);
     EXPECT_EQ(shell.BoxTexts(), QStringList{ModelMessages(4)}) << "the next build compares with that of the first";
 }
@@ -160,10 +160,10 @@ TEST_F(MachineModelTest, Build_ANewProgramComparesTheNoLoadDataWithNothing)
 TEST_F(MachineModelTest, Build_TheNoLoadFactorOutlastsAMachineWithoutNoLoadData)
 {
     Build(MotorWithNoLoadData());
-    const double factor = App().Model.cosphi_o;
+    const double factor = App().MachineI.model.cosphi_o;
     Build(Motor());
-    EXPECT_EQ(App().Model.cosphi_o, factor);
-    EXPECT_EQ(App().Model.phi_o, 0) << "everything else starts at 0";
+    EXPECT_EQ(App().MachineI.model.cosphi_o, factor);
+    EXPECT_EQ(App().MachineI.model.phi_o, 0) << "everything else starts at 0";
 }
 
 TEST_F(MachineModelTest, Build_AResultThatIsNotFiniteLeavesTheFormerModel)
@@ -179,14 +179,14 @@ TEST_F(MachineModelTest, Build_AResultThatIsNotFiniteLeavesTheFormerModel)
     for (const auto& [what, enter] : faults) {
         MachineRecord record = MotorWithNoLoadData();
         enter(record);
-        const double constant = App().Model.R2;
+        const double constant = App().MachineI.model.R2;
         const DiagramLimitList limits = App().DiagramLimits;
         shell.boxes.clear();
-        App().MachineI = record;
+        App().MachineI.record = record;
         RunGuarded(QStringLiteral("Modell"), BuildMachineModel);
         ASSERT_EQ(shell.boxes.size(), 1U) << what;
         EXPECT_EQ(shell.boxes[0].text, "Modell\nDie Berechnung hat keine endliche Zahl ergeben.") << what;
-        EXPECT_EQ(App().Model.R2, constant) << what;
+        EXPECT_EQ(App().MachineI.model.R2, constant) << what;
         EXPECT_EQ(App().DiagramLimits, limits) << what;
         EXPECT_TRUE(App().bModelValid) << what;
         EXPECT_NE(App().ModelErrors, 0) << what;
@@ -195,15 +195,15 @@ TEST_F(MachineModelTest, Build_AResultThatIsNotFiniteLeavesTheFormerModel)
 
 TEST_F(MachineModelTest, ModelStep_RunsOneStepOnTheBlock)
 {
-    App().MachineI = Motor();
+    App().MachineI.record = Motor();
     ModelStep(8);
-    EXPECT_EQ(App().Model.Rs_rech, 0.56);
-    EXPECT_EQ(App().Model.R2, 0);
+    EXPECT_EQ(App().MachineI.model.Rs_rech, 0.56);
+    EXPECT_EQ(App().MachineI.model.R2, 0);
     ModelStep(1);
-    EXPECT_GT(App().Model.R2, 0);
-    App().Model.k_RZM = 0.95;
+    EXPECT_GT(App().MachineI.model.R2, 0);
+    App().MachineI.model.k_RZM = 0.95;
     ModelStep(6);
-    EXPECT_EQ(App().Model.k_RZM, 1);
+    EXPECT_EQ(App().MachineI.model.k_RZM, 1);
 }
 
 TEST_F(MachineModelTest, ModelStep_StartsWithoutErrorsAndCountsItsOwn)
@@ -229,7 +229,7 @@ TEST_F(MachineModelTest, ModelStep_OfANumberWithoutAStepIsAnErrorWithoutAMessage
 TEST_F(MachineModelTest, EstimateLoad_KeepsTheSampleAndRunsTheMethod)
 {
     Build(Motor());
-    const EstimationConstants constants = ConstantsOf(App().MachineI, App().Model);
+    const EstimationConstants constants = ConstantsOf(App().MachineI.record, App().MachineI.model);
     const LoadSample sample{398, 20, 49.9, 11000, 35};
     EstimateLoad(398, 20, 49.9, 11000, 35, 0);
     EXPECT_EQ(App().Sample.U, 398);
@@ -249,11 +249,11 @@ TEST_F(MachineModelTest, EstimateLoad_KeepsTheSampleAndRunsTheMethod)
 TEST_F(MachineModelTest, EstimateLoad_AtTheRatingPointBothMethodsFindTheRatedMachine)
 {
     Build(Motor());
-    const MachineRecord& r = App().MachineI;
+    const MachineRecord& r = App().MachineI.record;
     // The power balance begins with the no-load power at synchronous speed, so that a little of the cube is left.
     constexpr double kNear[] = {1e-12, 2e-5};
     for (const int method : {0, 1}) {
-        EstimateLoad(*r.U, *r.I, *r.f, App().Model.Pelec_n, App().Model.phi_n, method);
+        EstimateLoad(*r.U, *r.I, *r.f, App().MachineI.model.Pelec_n, App().MachineI.model.phi_n, method);
         EXPECT_NEAR(App().Estimate.M / *r.M, 1, kNear[method]) << method;
         EXPECT_NEAR(App().Estimate.n / *r.n, 1, kNear[method]) << method;
         EXPECT_NEAR(App().Estimate.Pmech / *r.Pmech, 1, kNear[method]) << method;
@@ -267,17 +267,17 @@ TEST_F(MachineModelTest, EstimateLoad_WritesTheFactorOfTheSampleIntoTheModel)
     record.Polpaarzahl = 2;
     record.Schaltungsart = QStringLiteral("D");
     Build(record);
-    EXPECT_EQ(App().Model.k_RZM, 1);
+    EXPECT_EQ(App().MachineI.model.k_RZM, 1);
     EstimateLoad(400, 20, 50, 11000, 35, 0);
-    EXPECT_EQ(App().Model.k_RZM, 0.95);
+    EXPECT_EQ(App().MachineI.model.k_RZM, 0.95);
     EstimateLoad(400, 20, 50, 0, 89, 0);
-    EXPECT_EQ(App().Model.k_RZM, 1.05);
+    EXPECT_EQ(App().MachineI.model.k_RZM, 1.05);
     EstimateLoad(400, 20, 50, 11000, 35, 1);
-    EXPECT_EQ(App().Model.k_RZM, 1.05) << "the power balance has no factor";
+    EXPECT_EQ(App().MachineI.model.k_RZM, 1.05) << "the power balance has no factor";
     record.Mreib = true;
     Build(record);
     EstimateLoad(400, 20, 50, 11000, 35, 0);
-    EXPECT_EQ(App().Model.k_RZM, 1) << "a friction torque that is forced to zero is known";
+    EXPECT_EQ(App().MachineI.model.k_RZM, 1) << "a friction torque that is forced to zero is known";
 }
 
 TEST_F(MachineModelTest, EstimateLoad_RaisesNoMessageWhateverTheGuards)
@@ -305,9 +305,9 @@ TEST_F(MachineModelTest, AdjustCalcMethod_ChangesToTheMethodThatCanBeUsed)
 {
     const auto adjusted = [](int method, bool hasRating, bool hasConnection) {
         App().iCalcMethod = static_cast<qint16>(method);
-        App().MachineIStatus = {};
-        App().MachineIStatus[kRatingKnown] = hasRating;
-        App().MachineIStatus[kConnectionKnown] = hasConnection;
+        App().MachineI.status = {};
+        App().MachineI.status[kRatingKnown] = hasRating;
+        App().MachineI.status[kConnectionKnown] = hasConnection;
         App().bProjectDirty = false;
         AdjustCalcMethod();
         EXPECT_EQ(App().bProjectDirty, App().iCalcMethod != method);

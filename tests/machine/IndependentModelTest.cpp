@@ -124,8 +124,8 @@ private:
         r.I_CL = Text(words.Next());
         r.Masse = Number(words.Next());
         r.Mreib = words.Next() == "1";
-        App().MachineI = r;
-        App().Model = {};
+        App().MachineI.record = r;
+        App().MachineI.model = {};
         App().bModelValid = false;
         shell.boxes.clear();
         BuildMachineModel();
@@ -137,9 +137,9 @@ private:
         EXPECT_EQ(shell.BoxTexts(), told) << "line " << lineNumber;
         EXPECT_EQ(App().ModelErrors, message == 0 ? 0 : 1) << "line " << lineNumber;
         EXPECT_EQ(App().bModelValid, words.NextNumber() != 0) << "line " << lineNumber;
-        EXPECT_EQ(App().MachineI.Polpaarzahl, words.NextNumber()) << "line " << lineNumber;
+        EXPECT_EQ(App().MachineI.record.Polpaarzahl, words.NextNumber()) << "line " << lineNumber;
         std::string known;
-        for (const bool isKnown : App().MachineIStatus)
+        for (const bool isKnown : App().MachineI.status)
             known += isKnown ? '1' : '0';
         EXPECT_EQ(known, words.Next()) << "line " << lineNumber;
     }
@@ -150,11 +150,11 @@ private:
             const std::string name = word.substr(0, word.find('='));
             const double expected = std::stod(word.substr(name.size() + 1));
             if (name == "M")
-                Compare(name, *App().MachineI.M, expected);
+                Compare(name, *App().MachineI.record.M, expected);
             else if (name == "eta")
-                Compare(name, *App().MachineI.eta, expected);
+                Compare(name, *App().MachineI.record.eta, expected);
             else
-                Compare(name, App().Model.*kModelFields.at(name), expected);
+                Compare(name, App().MachineI.model.*kModelFields.at(name), expected);
         }
     }
     void CompareLimits(Words& words)

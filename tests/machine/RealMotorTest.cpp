@@ -60,9 +60,9 @@ class RealMotor : public BlockTest
 protected:
     static void Build(const Case& known)
     {
-        App().MachineI = known.hasNoLoadData ? MotorWithNoLoadData() : Motor();
+        App().MachineI.record = known.hasNoLoadData ? MotorWithNoLoadData() : Motor();
         if (!known.hasResistance)
-            App().MachineI.Rs.reset();
+            App().MachineI.record.Rs.reset();
         BuildMachineModel();
         ASSERT_TRUE(App().bModelValid);
     }

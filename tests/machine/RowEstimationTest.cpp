@@ -17,7 +17,7 @@ protected:
     void CreateProjectWithMachine(int netConf)
     {
         CreateProject(netConf);
-        App().MachineI = Motor();
+        App().MachineI.record = Motor();
         BuildMachineModel();
         ASSERT_TRUE(App().bModelValid);
     }

@@ -82,7 +82,7 @@ TEST_F(FormF10EditTest, New_IsWrittenUnderTheFirstFreeNumberAndFoundInTheList)
     // 60 * 11000 / (2 pi 1465) = 71.70 Nm; 11000 / (sqrt(3) 400 21.5 0.84) = 0.8791
     EXPECT_NEAR(Motors("SELECT M FROM Motor WHERE set_ID = 1").toDouble(), 71.70, 0.005);
     EXPECT_NEAR(Motors("SELECT eta FROM Motor WHERE set_ID = 1").toDouble(), 0.8791, 0.0001);
-    EXPECT_EQ(App().MachineI.set_ID, 1);
+    EXPECT_EQ(App().MachineI.record.set_ID, 1);
     EXPECT_EQ(Label("BrowseBemess"), "2/3");
     EXPECT_TRUE(IsEnabled("cmdForw"));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -101,7 +101,7 @@ TEST_F(FormF10EditTest, Apply_UncheckedRatingStoresNullsWithFilledFields)
                "NULL AND I IS NULL AND f IS NULL AND cosphi IS NULL AND eta IS NULL"),
         "1");
     EXPECT_EQ(Rating(), QStringList({"", "", "", "", "", ""}));
-    EXPECT_FALSE(App().MachineIStatus[kRatingKnown]);
+    EXPECT_FALSE(App().MachineI.status[kRatingKnown]);
 }
 
 TEST_F(FormF10EditTest, Apply_TextThatIsNoNumberEmptiesItsFieldAndMakesTheRatingNull)
@@ -176,7 +176,7 @@ TEST_F(FormF10EditTest, Apply_NewTwinOfARowIsRefusedUntilTheRemarkDiffers)
     Press("cmdInsert_0");
     EXPECT_EQ(shell.boxes.size(), 1U);
     EXPECT_EQ(Motors("SELECT count(*) FROM Motor"), "4");
-    EXPECT_EQ(App().MachineI.set_ID, 4) << "a row of its own";
+    EXPECT_EQ(App().MachineI.record.set_ID, 4) << "a row of its own";
 }
 
 TEST_F(FormF10EditTest, Apply_AModelErrorIsToldKeepsTheEditStateAndWritesNothing)
@@ -191,7 +191,7 @@ TEST_F(FormF10EditTest, Apply_AModelErrorIsToldKeepsTheEditStateAndWritesNothing
     EXPECT_EQ(Motors("SELECT n FROM Motor WHERE set_ID = 2"), "1472.0");
     Press("cmdInsert_1");
     EXPECT_EQ(Rating(), kRated);
-    EXPECT_EQ(App().MachineI.n, 1472);
+    EXPECT_EQ(App().MachineI.record.n, 1472);
     EXPECT_EQ(App().ModelErrors, 0);
 }
 
@@ -359,7 +359,7 @@ TEST_F(FormF10EditTest, Delete_AsksAndMovesToTheFirst)
     EXPECT_EQ(shell.boxes[0].buttons, BoxButtons::YesNo);
     EXPECT_EQ(Motors("SELECT group_concat(set_ID) FROM Motor"), "2,3");
     EXPECT_EQ(Label("BrowseBemess"), "1/2");
-    EXPECT_EQ(App().MachineI.set_ID, 2);
+    EXPECT_EQ(App().MachineI.record.set_ID, 2);
 }
 
 TEST_F(FormF10EditTest, Delete_OfTheLastMachineIsRefused)

@@ -36,14 +36,14 @@ TEST_F(FormF10HostileTest, AbsurdRatedValues_AreToldAndThePageGoesOn)
     };
     for (const char* change : changes) {
         ExecuteMotors(QStringLiteral("UPDATE Motor SET %1 WHERE set_ID = 2").arg(change));
-        App().MachineI = {};
+        App().MachineI.record = {};
         ShowPage();
         ChooseByRemark(QStringLiteral("Generator"));
         ChooseByRemark(QStringLiteral("Werk B"));
         EXPECT_EQ(Line("txtComment"), "Werk B") << change;
         EXPECT_FALSE(shell.boxes.empty()) << change;
         ExpectThePageWorks();
-        App().MachineI = {};
+        App().MachineI.record = {};
         QFile::remove(App().sMotorDbPath);
         MakeMotorDb();
     }
@@ -97,7 +97,7 @@ TEST_F(FormF10HostileTest, DatabaseThatGoesAwayWhileThePageIsOnShow_IsTold)
     Press("cmdBrowse_2");
     EXPECT_EQ(shell.boxes.size(), 1U);
     EXPECT_EQ(Label("BrowseBemess"), "1/3") << "the machine is still the one before";
-    EXPECT_EQ(App().MachineI.set_ID, 2);
+    EXPECT_EQ(App().MachineI.record.set_ID, 2);
     Press("cmdEdit_1");
     Find<QLineEdit>("txtComment").setText("x");
     Press("cmdInsert_0");

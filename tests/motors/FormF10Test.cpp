@@ -97,7 +97,7 @@ TEST_F(FormF10Test, NewProject_BeginsWithTheFirstMachineOfTheList)
     EXPECT_EQ(Label("BrowseBemess"), "1/3");
     EXPECT_EQ(Rating(), kRated);
     EXPECT_EQ(Line("txtComment"), "Werk B");
-    EXPECT_EQ(App().MachineI.set_ID, 2);
+    EXPECT_EQ(App().MachineI.record.set_ID, 2);
     EXPECT_TRUE(App().bModelValid);
     EXPECT_TRUE(shell.boxes.empty());
 }
@@ -130,7 +130,7 @@ TEST_F(FormF10Test, Browse_LeadsThroughTheListAndShowsEachMachine)
     EXPECT_EQ(NoLoad(), QStringList({"0,6478", "400", "11", "50"}));
     EXPECT_EQ(Line("txtErwaerm"), "30");
     EXPECT_EQ(Chosen("cboWaermKlasse"), "F");
-    EXPECT_EQ(App().MachineI.set_ID, 1);
+    EXPECT_EQ(App().MachineI.record.set_ID, 1);
     Press("cmdBrowse_3");
     EXPECT_EQ(Label("BrowseBemess"), "3/3");
     EXPECT_TRUE(IsChecked("optGenerator_1"));
@@ -150,7 +150,7 @@ TEST_F(FormF10Test, Browse_ByTheGrid)
     auto& grid = Find<QTableWidget>("GridBemess");
     grid.setCurrentCell(2, 0);
     EXPECT_EQ(Label("BrowseBemess"), "3/3");
-    EXPECT_EQ(App().MachineI.set_ID, 3);
+    EXPECT_EQ(App().MachineI.record.set_ID, 3);
     Press("cmdBrowse_0");
     EXPECT_EQ(grid.currentRow(), 0) << "the grid follows";
 }
@@ -176,7 +176,7 @@ TEST_F(FormF10Test, ProjectMachine_WithAnythingUnknownIsNeverFoundAndAddedOnYes)
     ASSERT_EQ(shell.boxes.size(), 1U);
     EXPECT_TRUE(shell.boxes[0].text.startsWith("'Werk B'\n" + kMissing));
     EXPECT_EQ(Motors("SELECT count(*) FROM Motor"), "4");
-    EXPECT_EQ(App().MachineI.set_ID, 4);
+    EXPECT_EQ(App().MachineI.record.set_ID, 4);
     EXPECT_TRUE(Label("BrowseBemess").endsWith("/4"));
     EXPECT_TRUE(App().bModelValid);
 }
@@ -364,7 +364,7 @@ TEST_F(FormF10Test, Leave_DropsWhatWasBeingEdited)
     Press("cmdEdit_1");
     Enter("txtBemess_0", "99");
     window.UnloadAndOpen(kPageGeneralData);
-    EXPECT_EQ(App().MachineI.Pmech, 7500);
+    EXPECT_EQ(App().MachineI.record.Pmech, 7500);
     EXPECT_EQ(Query("SELECT Pmech FROM Motor WHERE set_ID = 1"), "7.5");
 }
 

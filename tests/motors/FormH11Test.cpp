@@ -167,7 +167,7 @@ TEST_F(FormH11Test, Ok_ComparesTheMachinesOfTheOpenProject)
     Press("cmdOK");
     EXPECT_TRUE(shell.boxes.empty());
     EXPECT_TRUE(App().bModelValid);
-    EXPECT_EQ(App().MachineI.set_ID, 1);
+    EXPECT_EQ(App().MachineI.record.set_ID, 1);
 }
 
 TEST_F(FormH11Test, Abort_ChangesNothing)

@@ -17,7 +17,7 @@ class FormH8Test : public WindowTest
 
 TEST_F(FormH8Test, ListsTheModelOfTheMeasuredMachine)
 {
-    App().MachineI = MotorWithNoLoadData();
+    App().MachineI.record = MotorWithNoLoadData();
     BuildMachineModel();
     FormH8 info(&window, MachineInfo::MachineI);
     EXPECT_EQ(info.windowTitle(), "Motor/Generator Info");
@@ -26,7 +26,7 @@ TEST_F(FormH8Test, ListsTheModelOfTheMeasuredMachine)
     QStringList lines;
     for (int i = 0; i < list->count(); ++i)
         lines << list->item(i)->text();
-    EXPECT_EQ(lines, ModelListing(App().MachineIStatus, App().Model));
+    EXPECT_EQ(lines, ModelListing(App().MachineI.status, App().MachineI.model));
     EXPECT_TRUE(lines.contains("n syn n = 1500 rpm"));
 }
 

@@ -100,14 +100,14 @@ TEST_F(MotorDbFile, EveryRowBuildsAModelThatAgreesWithIt)
 {
     for (const MachineLine& line : lines) {
         const std::string name = line.record.Hersteller.toStdString();
-        App().MachineI = line.record;
+        App().MachineI.record = line.record;
         App().bModelValid = false;
         BuildMachineModel();
         EXPECT_TRUE(App().bModelValid) << name;
-        EXPECT_EQ(App().MachineI.Polpaarzahl, line.record.Polpaarzahl) << name;
-        EXPECT_NEAR(*App().MachineI.M / *line.record.M, 1, kConsistent) << name;
-        EXPECT_NEAR(*App().MachineI.eta / *line.record.eta, 1, kConsistent) << name;
-        EXPECT_GT(App().Model.k_maschine, 0) << name;
+        EXPECT_EQ(App().MachineI.record.Polpaarzahl, line.record.Polpaarzahl) << name;
+        EXPECT_NEAR(*App().MachineI.record.M / *line.record.M, 1, kConsistent) << name;
+        EXPECT_NEAR(*App().MachineI.record.eta / *line.record.eta, 1, kConsistent) << name;
+        EXPECT_GT(App().MachineI.model.k_maschine, 0) << name;
     }
     EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
 }

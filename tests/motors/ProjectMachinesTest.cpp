@@ -55,9 +55,9 @@ TEST_F(ProjectMachines, Load_TakesTheFirstMachineAndBuildsItsModel)
         EXPECT_TRUE(App().bModelValid);
         EXPECT_TRUE(App().bMotorDbCheck);
         EXPECT_FALSE(App().bASMSim);
-        EXPECT_EQ(App().MachineI.Pmech, 18500);
-        EXPECT_EQ(App().MachineI.Tth, 1800);
-        EXPECT_EQ(App().MachineI.set_ID, 2) << "the number in the motor database";
+        EXPECT_EQ(App().MachineI.record.Pmech, 18500);
+        EXPECT_EQ(App().MachineI.record.Tth, 1800);
+        EXPECT_EQ(App().MachineI.record.set_ID, 2) << "the number in the motor database";
         EXPECT_TRUE(shell.boxes.empty());
         App().bProjectOpen = false;
         QFile::remove(App().sProjectPath);
@@ -70,8 +70,8 @@ TEST_F(ProjectMachines, Load_TakesTheSecondMachineWithASimulation)
     Add({KnownMachine()});
     Open();
     EXPECT_TRUE(App().bASMSim);
-    EXPECT_EQ(App().MachineII.Pmech, 18500);
-    EXPECT_EQ(App().MachineII.set_ID, 1);
+    EXPECT_EQ(App().MachineII.record.Pmech, 18500);
+    EXPECT_EQ(App().MachineII.record.set_ID, 1);
     EXPECT_TRUE(shell.boxes.empty());
 }
 
@@ -104,7 +104,7 @@ TEST_F(ProjectMachines, Load_InANetConfigurationWithoutAMachineIgnoresTheTable)
         Open();
         EXPECT_FALSE(App().bModelValid) << netConf;
         EXPECT_FALSE(App().bASMSim) << netConf;
-        EXPECT_FALSE(App().MachineI.Pmech) << netConf;
+        EXPECT_FALSE(App().MachineI.record.Pmech) << netConf;
         EXPECT_TRUE(shell.boxes.empty()) << netConf;
         App().bProjectOpen = false;
         QFile::remove(App().sProjectPath);
@@ -120,7 +120,7 @@ TEST_F(ProjectMachines, Load_AsksForAMachineThatTheDatabaseDoesNotHold)
     EXPECT_EQ(shell.boxes[0].buttons, BoxButtons::YesNo);
     EXPECT_EQ(shell.boxes[0].icon, BoxIcon::Question);
     EXPECT_EQ(MotorCount(), "1");
-    EXPECT_EQ(App().MachineI.set_ID, 1);
+    EXPECT_EQ(App().MachineI.record.set_ID, 1);
     EXPECT_TRUE(App().bModelValid);
 }
 
@@ -132,7 +132,7 @@ TEST_F(ProjectMachines, Load_BuildsTheModelAlsoOfAMachineThatIsNotAdded)
     Open();
     EXPECT_EQ(MotorCount(), "0");
     EXPECT_TRUE(App().bModelValid);
-    EXPECT_FALSE(App().MachineI.set_ID);
+    EXPECT_FALSE(App().MachineI.record.set_ID);
 }
 
 TEST_F(ProjectMachines, Load_NoForTheSecondMachineEndsTheSimulation)
@@ -166,7 +166,7 @@ TEST_F(ProjectMachines, Load_WithoutTheDatabaseTellsItOnceAndKeepsTheMachines)
     EXPECT_EQ(shell.calls.count("ChooseMotorDatabase"), 1);
     EXPECT_TRUE(App().bModelValid);
     EXPECT_TRUE(App().bASMSim);
-    EXPECT_FALSE(App().MachineI.set_ID); // the project's own number names no row of the database
+    EXPECT_FALSE(App().MachineI.record.set_ID); // the project's own number names no row of the database
 }
 
 TEST_F(ProjectMachines, Load_GoesOnWithTheDatabaseThatTheUserChose)
@@ -181,7 +181,7 @@ TEST_F(ProjectMachines, Load_GoesOnWithTheDatabaseThatTheUserChose)
     };
     Open();
     EXPECT_EQ(shell.boxes.size(), 1U);
-    EXPECT_EQ(App().MachineI.set_ID, 1);
+    EXPECT_EQ(App().MachineI.record.set_ID, 1);
     EXPECT_TRUE(App().bModelValid);
 }
 
@@ -250,7 +250,7 @@ TEST_F(ProjectMachines, Check_AsksOnceIfTheChoiceOfAFileHasCheckedAlready)
         return true;
     };
     shell.answers = {Answer::No, Answer::No};
-    CheckMachineInDb(App().MachineI, WhichMachine::I);
+    CheckMachineInDb(App().MachineI.record, WhichMachine::I);
     EXPECT_EQ(shell.BoxTexts().count(kQuestion), 1);
 }
 
@@ -333,8 +333,8 @@ TEST_F(ProjectMachines, SaveAs_CarriesTheMachinesInUseIntoTheCopy)
     Add({KnownMachine()});
     Open();
     const QString former = App().sProjectPath;
-    App().MachineI = RatedMachine(); // picked on the page and not yet left
-    App().MachineII = KnownMachine();
+    App().MachineI.record = RatedMachine(); // picked on the page and not yet left
+    App().MachineII.record = KnownMachine();
     App().bASMSim = true;
     shell.savePaths = {PathOf("kopie.MDB")};
     SaveProjectAs();
@@ -359,19 +359,19 @@ TEST_F(ProjectMachines, SaveAs_OfAProjectWithoutAMachineMakesNoTable)
 
 TEST_F(ProjectMachines, NewProject_ForgetsTheMachines)
 {
-    App().MachineI = App().MachineII = KnownMachine();
-    App().MachineIStatus.fill(true);
-    App().Model.Pelec_n = 1;
-    App().Model.cosphi_o = 0.085;
+    App().MachineI.record = App().MachineII.record = KnownMachine();
+    App().MachineI.status.fill(true);
+    App().MachineI.model.Pelec_n = 1;
+    App().MachineI.model.cosphi_o = 0.085;
     App().Estimate.n = 1500;
     App().DiagramLimits.fill(1);
     App().ModelErrors = 3;
     App().bModelValid = App().bMotorDbCheck = true;
     ResetProjectData();
-    EXPECT_FALSE(App().MachineI.Pmech || App().MachineII.Pmech);
-    EXPECT_EQ(App().MachineIStatus, MachineStatus{});
-    EXPECT_EQ(App().Model.Pelec_n, 0);
-    EXPECT_EQ(App().Model.cosphi_o, 0.085); // as the build before has left it
+    EXPECT_FALSE(App().MachineI.record.Pmech || App().MachineII.record.Pmech);
+    EXPECT_EQ(App().MachineI.status, MachineStatus{});
+    EXPECT_EQ(App().MachineI.model.Pelec_n, 0);
+    EXPECT_EQ(App().MachineI.model.cosphi_o, 0.085); // as the build before has left it
     EXPECT_EQ(App().Estimate.n, 0);
     EXPECT_EQ(App().DiagramLimits, (DiagramLimitList{500, 10, 50, 100, 50, 5000}));
     EXPECT_EQ(App().ModelErrors, 0);

@@ -76,7 +76,7 @@ protected:
     {
         QFile::remove(PathOf("test.MDB"));
         CreateProject(netConf);
-        App().MachineI = MotorWithNoLoadData();
+        App().MachineI.record = MotorWithNoLoadData();
         rows.clear();
         for (int set = 1; set <= sets; ++set)
             rows.push_back(FullRow(set));

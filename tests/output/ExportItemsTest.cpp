@@ -38,7 +38,7 @@ TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
     App().sMeasurementTerm = "00:00:02";
     App().dInterval = 1;
     App().dTWindow = 900;
-    App().Evaluation.lCorrectedRows = 2;
+    App().MachineI.evaluation.lCorrectedRows = 2;
     EXPECT_EQ(Items(), (QStringList{
                            "Projektname:\tFörderband\t",
                            "Firma:\tMüller & Söhne\t",
@@ -64,7 +64,7 @@ TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
 TEST_F(ExportItemsTest, MachineItems_OfAMachineThatIsKnown)
 {
     MakeRecording(2, 0);
-    MachineRecord& machine = App().MachineI;
+    MachineRecord& machine = App().MachineI.record;
     machine.Hersteller = "Bühler\tWerk 2";
     machine.M = 120.8;
     machine.eta = 0.905;
@@ -104,7 +104,7 @@ TEST_F(ExportItemsTest, MachineItems_OfAMachineThatIsKnown)
 TEST_F(ExportItemsTest, WhatIsNotKnownOfTheMachineIsAnEmptyValue)
 {
     MakeRecording(5, 0);
-    App().MachineI = {};
+    App().MachineI.record = {};
     const QStringList items = Items().mid(kOfProject);
     EXPECT_EQ(items.size(), 22);
     for (const QString& item : items)
@@ -114,7 +114,7 @@ TEST_F(ExportItemsTest, WhatIsNotKnownOfTheMachineIsAnEmptyValue)
 TEST_F(ExportItemsTest, GeneratorIsCalledOne)
 {
     MakeRecording(2, 0);
-    App().MachineI = Generator();
+    App().MachineI.record = Generator();
     EXPECT_EQ(Items().at(kOfProject), "Betriebsart:\tGenerator\t");
     EXPECT_EQ(Items().at(kOfProject + 2), "Pmech:\t-18,5\tkW");
 }

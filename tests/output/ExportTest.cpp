@@ -134,8 +134,8 @@ TEST_F(ExportTest, ProjectWithoutSets_GivesTheHeaderLineAndTheLaterSections)
     EXPECT_EQ(lines[1], "");
     EXPECT_EQ(lines[2], "");
     EXPECT_TRUE(lines[3].startsWith("Projektname:\t"));
-    EXPECT_TRUE(lines.contains(ExtremTable().heads.join(u'\t') + u'\t'));
-    EXPECT_TRUE(lines.contains(UtilisationTable().heads.join(u'\t') + u'\t'));
+    EXPECT_TRUE(lines.contains(ExtremTable(App().MachineI).heads.join(u'\t') + u'\t'));
+    EXPECT_TRUE(lines.contains(UtilisationTable(App().MachineI).heads.join(u'\t') + u'\t'));
     EXPECT_EQ(shell.BoxTexts(), QStringList());
 }
 
@@ -236,7 +236,7 @@ TEST_F(ExportTest, VerdictIsThatOfTheWorstValueWritten)
         {"UPDATE ComputedValues SET eta=1", "schlecht"},
     };
     MakeRecording(2, 1);
-    App().Model.Pelec_n = 20450;
+    App().MachineI.model.Pelec_n = 20450;
     for (const Case& c : cases) {
         Execute(good);
         Execute(goodToo);
@@ -248,7 +248,7 @@ TEST_F(ExportTest, VerdictIsThatOfTheWorstValueWritten)
 TEST_F(ExportTest, VerdictStartsAnewWithEachSet)
 {
     MakeRecording(2, 2);
-    App().Model.Pelec_n = 20450;
+    App().MachineI.model.Pelec_n = 20450;
     Execute("UPDATE SampledValues SET [U sum]=400, [f sum]=50, [P sum]=10000, [phi sum]=30");
     Execute("UPDATE ComputedValues SET [S sum]=0, Wq=0");
     Execute("UPDATE SampledValues SET [f sum]=1 WHERE [Set]=1");
@@ -260,8 +260,8 @@ TEST_F(ExportTest, VerdictStartsAnewWithEachSet)
 TEST_F(ExportTest, VerdictIsTheMeasuredMachinesAlone)
 {
     MakeRecording(2, 1);
-    App().MachineI = {};
-    App().MachineII = Motor();
+    App().MachineI.record = {};
+    App().MachineII.record = Motor();
     EXPECT_EQ(FromEnd(Fields(Export().at(1)), kVerdict), "schlecht") << "without rated data speed and power are bad";
 }
 
@@ -270,9 +270,9 @@ TEST_F(ExportTest, TablesStandRowByRowAsOnThePage)
     for (int netConf = 0; netConf < kNetConfCount; ++netConf) {
         MakeRecording(netConf, 20);
         EvaluateProject();
-        std::vector<ResultTable> tables{ExtremTable(), EnergyTable()};
+        std::vector<ResultTable> tables{ExtremTable(App().MachineI), EnergyTable(App().MachineI)};
         if (netConf == 2 || netConf == 5)
-            tables.push_back(UtilisationTable());
+            tables.push_back(UtilisationTable(App().MachineI));
         QStringList expected;
         for (const ResultTable& table : tables) {
             expected << table.heads.join(u'\t') + u'\t';
@@ -329,12 +329,12 @@ TEST_F(ExportTest, WholeDocumentOfAMachineIsToTheLetter)
     rows = DutyCycle();
     StoreRows(rows);
     App().bModelValid = true;
-    App().Model.Pelec_n = 20437;
-    App().Model.Kippmoment = 326.2;
-    App().MachineI.M = 120.8;
-    App().MachineI.eta = 0.905;
-    App().MachineI.Mkipp_Mn = 2.7;
-    App().MachineI.Hersteller = "Käfigläufer, Halle 3";
+    App().MachineI.model.Pelec_n = 20437;
+    App().MachineI.model.Kippmoment = 326.2;
+    App().MachineI.record.M = 120.8;
+    App().MachineI.record.eta = 0.905;
+    App().MachineI.record.Mkipp_Mn = 2.7;
+    App().MachineI.record.Hersteller = "Käfigläufer, Halle 3";
     App().sProjectName = "Förderband";
     App().sCompany = "Müller & Söhne";
     App().sEditor = "Änne Weiß";

@@ -58,11 +58,11 @@ protected:
         OpenInWindow(netConf);
         BuildColumnLayout();
         if (HasMachine(netConf)) {
-            App().MachineI = KnownMachine();
+            App().MachineI.record = KnownMachine();
             App().bModelValid = true;
-            App().Model.Tth = 1800;
-            App().Model.Pelec_n = 20437;
-            App().Model.Kippmoment = 374.48;
+            App().MachineI.model.Tth = 1800;
+            App().MachineI.model.Pelec_n = 20437;
+            App().MachineI.model.Kippmoment = 374.48;
         }
     }
     static void Store(std::vector<tValueRow> rows)

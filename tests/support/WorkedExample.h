@@ -42,8 +42,8 @@ inline std::vector<tValueRow> ExampleRows()
 /// Fills the open project of configuration 2 with the example, and the options with what it takes.
 inline void PutExample(clsProgSettings& options)
 {
-    App().MachineI = Motor();
-    App().MachineI.Mkipp_Mn = 2.5;
+    App().MachineI.record = Motor();
+    App().MachineI.record.Mkipp_Mn = 2.5;
     BuildMachineModel();
     App().dInterval = 60;
     options.SetTWindowSelection(0);
