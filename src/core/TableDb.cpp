@@ -49,7 +49,7 @@ TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersio
     return WithDbErrors([&] {
         TableDb db(SQLite::Database(path.toStdString(), kReadWrite | SQLite::OPEN_CREATE, kBusyTimeoutMs));
         db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));
-        db.Execute(QStringLiteral("PRAGMA user_version=%1").arg(schemaVersion));
+        db.SetSchemaVersion(schemaVersion);
         return db;
     });
 }
@@ -78,6 +78,22 @@ void TableDb::DropTable(const QString& name)
 {
     if (TableExists(name))
         Execute(QStringLiteral("DROP TABLE %1;").arg(BracketedName(name)));
+}
+
+bool TableDb::HasColumn(const char* table, const char* column)
+{
+    return sqlite3_table_column_metadata(database.getHandle(), nullptr, table, column, nullptr, nullptr, nullptr,
+                                         nullptr, nullptr) == SQLITE_OK;
+}
+
+int TableDb::SchemaVersion()
+{
+    return WithDbErrors([&] { return database.execAndGet("PRAGMA user_version").getInt(); });
+}
+
+void TableDb::SetSchemaVersion(int version)
+{
+    Execute(QStringLiteral("PRAGMA user_version=%1").arg(version));
 }
 
 void TableDb::RequirePlainTables(std::initializer_list<const char*> names)

@@ -42,6 +42,11 @@ public:
     bool TableExists(const QString& name);
     /// Drops the table if it exists.
     void DropTable(const QString& name);
+    /// Whether a table has a column; false without the table. Upper and lower case count as equal.
+    bool HasColumn(const char* table, const char* column);
+    /// Version of the schema, as the header of the file holds it; 0 for a file that never got one.
+    int SchemaVersion();
+    void SetSchemaVersion(int version);
     /// Throws if one of these names is a view or has a trigger: this program makes none, and a foreign one could change
     /// what is read or stored behind its back.
     void RequirePlainTables(std::initializer_list<const char*> names);

@@ -46,21 +46,22 @@ bool IsStored(const ValueColumn& column, int netConf, SetSource source)
     return isSampled || IsIn(column.computed, netConf);
 }
 
-std::string NameIn(const ValueColumn& column, int netConf, SetSource source)
+/// The table of a column within a source.
+const char* TableIn(const ValueColumn& column, int netConf, SetSource source)
 {
     switch (source) {
     case SetSource::Simulated:
-        return "SimulatedValues." + Bracketed(column);
+        return TableName(ValueTable::Simulated);
     case SetSource::Scratch:
-        return Bracketed(column);
+        return "Temp";
     case SetSource::Measured:
     case SetSource::Sampled:
         break;
     }
-    return QualifiedName(column, netConf);
+    return TableName(IsIn(column.sampled, netConf) ? ValueTable::Sampled : ValueTable::Computed);
 }
 
-Selection Select(int netConf, SetSource source, std::span<const int> quantities)
+Selection Select(TableDb& db, int netConf, SetSource source, std::span<const int> quantities)
 {
     Selection selection;
     const bool isScratch = source == SetSource::Scratch;
@@ -73,7 +74,7 @@ Selection Select(int netConf, SetSource source, std::span<const int> quantities)
         if (column.type == ColumnType::Key || !IsStored(column, netConf, source) || !IsWanted(column, quantities))
             continue;
         selection.columns.push_back(&column);
-        selection.names.push_back(NameIn(column, netConf, source));
+        selection.names.push_back(ReadName(db, column, netConf, source));
     }
     return selection;
 }
@@ -112,9 +113,17 @@ quint8 MarkOf(qint64 stored)
 
 } // namespace
 
+std::string ReadName(TableDb& db, const ValueColumn& column, int netConf, SetSource source)
+{
+    const char* const table = TableIn(column, netConf, source);
+    if (column.since > 1 && !db.HasColumn(table, column.name))
+        return "NULL";
+    return '[' + std::string(table) + "]." + Bracketed(column);
+}
+
 SetReader::SetReader(TableDb& db, int netConf, SetRange range, SetSource source, std::span<const int> quantities)
 {
-    const Selection selection = Select(netConf, source, quantities);
+    const Selection selection = Select(db, netConf, source, quantities);
     std::string sql = "SELECT " + selection.key;
     for (std::size_t i = 0; i < selection.columns.size(); ++i) {
         sql += ", " + selection.names[i];

@@ -6,6 +6,7 @@
 
 #include "core/ProjectDb.h"
 #include "core/ValueRow.h"
+#include "data/ValueColumns.h"
 
 #include <QString>
 
@@ -33,6 +34,10 @@ enum class SetRange
     Behind,  ///< those of `Seek(set, count)`: at most so many behind a set, in order
     All      ///< all of them, in order
 };
+
+/// What a read names for a column of a source: its name, or Null for a column that came with a later schema than the
+/// file's, as in a write-protected file from before.
+std::string ReadName(TableDb& db, const ValueColumn& column, int netConf, SetSource source);
 
 class SetReader : public Recordset
 {

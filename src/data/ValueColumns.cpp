@@ -189,16 +189,25 @@ const char* TableName(ValueTable table)
     return "";
 }
 
+bool IsHeld(const ValueColumn& column, ValueTable table, int netConf)
+{
+    switch (table) {
+    case ValueTable::Sampled:
+        return IsIn(column.sampled, netConf);
+    case ValueTable::Computed:
+        return IsIn(column.computed, netConf);
+    case ValueTable::Simulated:
+        return column.simulatedPosition > 0;
+    }
+    return false;
+}
+
 std::vector<const ValueColumn*> ColumnsOf(ValueTable table, int netConf)
 {
     std::vector<const ValueColumn*> columns;
-    for (const ValueColumn& column : kColumns) {
-        const bool isHeld = table == ValueTable::Sampled    ? IsIn(column.sampled, netConf)
-                            : table == ValueTable::Computed ? IsIn(column.computed, netConf)
-                                                            : column.simulatedPosition > 0;
-        if (isHeld)
+    for (const ValueColumn& column : kColumns)
+        if (IsHeld(column, table, netConf))
             columns.push_back(&column);
-    }
     if (table == ValueTable::Simulated)
         std::sort(columns.begin(), columns.end(), [](const ValueColumn* a, const ValueColumn* b) {
             return a->simulatedPosition < b->simulatedPosition;
@@ -213,6 +222,12 @@ QString CreateStatement(ValueTable table, int netConf)
         columns << QStringLiteral("[%1] %2").arg(QLatin1String(column->name), DeclaredType(column->type));
     return QStringLiteral("CREATE TABLE [%1] (%2);")
         .arg(QLatin1String(TableName(table)), columns.join(QStringLiteral(", ")));
+}
+
+QString AddStatement(ValueTable table, const ValueColumn& column)
+{
+    return QStringLiteral("ALTER TABLE [%1] ADD COLUMN [%2] %3;")
+        .arg(QLatin1String(TableName(table)), QLatin1String(column.name), DeclaredType(column.type));
 }
 
 std::string QualifiedName(const ValueColumn& column, int netConf)

@@ -49,14 +49,21 @@ struct ValueColumn
     ConfigMask updated = 0;    ///< configurations in which a change of a row writes it
     bool isEstimate = false;   ///< result of the load estimation; null in a set without one
     int simulatedPosition = 0; ///< place within `SimulatedValues`, from 1; 0: none
+    int since = 1;             ///< version of the schema of the project file that brought it
 };
 
 std::span<const ValueColumn> ValueColumns();
 
 const char* TableName(ValueTable table);
 
+/// Whether a table has a column in a net configuration.
+bool IsHeld(const ValueColumn& column, ValueTable table, int netConf);
+
 /// Columns of one table in a net configuration, in the order of creation.
 std::vector<const ValueColumn*> ColumnsOf(ValueTable table, int netConf);
+
+/// Statement that adds a column to a table that was made without it.
+QString AddStatement(ValueTable table, const ValueColumn& column);
 
 /// Statement that creates a table for a net configuration.
 QString CreateStatement(ValueTable table, int netConf);

@@ -10,6 +10,7 @@
 #include "core/texts/Default.h"
 #include "data/ValueTables.h"
 #include "project/KeyValueTable.h"
+#include "project/ProjectSchema.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -20,7 +21,6 @@ namespace korvanel {
 
 namespace {
 
-constexpr int kSchemaVersion = 1;
 constexpr std::initializer_list<const char*> kTables{"Overview",       "Settings",        "SampledValues",
                                                      "ComputedValues", "SimulatedValues", "Motor"};
 const QString kExtension = QStringLiteral(".MDB");
@@ -87,7 +87,7 @@ void CreateProjectFile(const QString& path)
 {
     const bool wasThere = QFileInfo::exists(path);
     try {
-        TableDb::Create(path, kProjectApplicationId, kSchemaVersion);
+        TableDb::Create(path, kProjectApplicationId, CurrentSchema().Version());
         App().sProjectPath = path;
         const ProjectDbScope scope;
         CreateTables();
@@ -116,22 +116,31 @@ void TransferMeasurementHeader(Direction direction)
 
 namespace {
 
-/// Reads the project in `sProjectPath` into the block; true if the file is write-protected.
-bool ReadProject()
+/// What the user is told of a project that was opened.
+struct OpenedFile
+{
+    bool isReadOnly = false;
+    bool isNewer = false; ///< a later version of the program has written it
+};
+
+/// Reads the project in `sProjectPath` into the block, and brings an older file up.
+OpenedFile ReadProject()
 {
     clsWaitCursor cursor;
     cursor.Show();
     const ProjectDbScope scope;
     ProjectDb().RequirePlainTables(kTables);
+    const SchemaAge age = AgeOfSchema(ProjectDb());
     TransferProjectData(Direction::Read);
     if (!TableExists(QStringLiteral("SampledValues")))
         throw DbError("no table SampledValues");
+    BringUpProject(ProjectDb(), App().iNetConfIndex);
     if (App().sMeasurementTerm.isEmpty())
         UpdateMeasurementTerm();
     else
         RefreshSetCount();
     ProjectDb().UseRollbackJournal();
-    return ProjectDb().IsReadOnly();
+    return {.isReadOnly = ProjectDb().IsReadOnly(), .isNewer = age == SchemaAge::Newer};
 }
 
 } // namespace
@@ -141,9 +150,9 @@ void OpenProject(const QString& path)
     App().bFileError = false;
     App().sProjectPath = path;
     ResetProjectData();
-    bool isReadOnly = false;
+    OpenedFile file;
     try {
-        isReadOnly = ReadProject();
+        file = ReadProject();
         Machines().load();
     } catch (const DbError&) {
         ShowBadFormat(path);
@@ -152,8 +161,10 @@ void OpenProject(const QString& path)
     }
     App().TheShell->EnableMachineMenu(HasMachine(App().iNetConfIndex));
     BuildColumnLayout();
-    if (isReadOnly)
+    if (file.isReadOnly)
         ShowInformation(FillPlaceholders(texts::readOnlyProject, {path}));
+    if (file.isNewer)
+        ShowInformation(FillPlaceholders(texts::newerProject, {path}));
 }
 
 namespace {

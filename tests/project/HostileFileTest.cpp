@@ -272,12 +272,14 @@ TEST_F(HostileFile, LockedByAnotherProcess)
     EXPECT_TRUE(App().bProjectOpen);
 }
 
-TEST_F(HostileFile, NewerVersionOpensAsItStands)
+TEST_F(HostileFile, NewerVersionIsToldAndOpensAsItStands)
 {
     MakeProject();
     Execute("PRAGMA user_version=77; ALTER TABLE SampledValues ADD COLUMN [T oil] REAL");
     OpenRecentProject(PathOf("test.MDB"));
     EXPECT_TRUE(App().bProjectOpen);
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_TRUE(shell.boxes[0].text.contains("neueren Programmversion")) << shell.boxes[0].text.toStdString();
     EXPECT_TRUE(SaveProject());
     EXPECT_EQ(Query("PRAGMA user_version"), "77");
 }
