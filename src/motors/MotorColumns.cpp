@@ -193,6 +193,32 @@ std::string MotorColumnNames(std::span<const MotorColumn> columns)
     return names;
 }
 
+namespace {
+
+bool IsMissing(TableDb& db, const MotorColumn& column)
+{
+    return column.since > 1 && !db.HasColumn(kMotorTable, column.name);
+}
+
+} // namespace
+
+std::string MotorReadNames(TableDb& db, std::span<const MotorColumn> columns)
+{
+    std::string names;
+    for (const MotorColumn& column : columns)
+        names += (names.empty() ? "" : ", ") + (IsMissing(db, column) ? "NULL" : Bracketed(column));
+    return names;
+}
+
+void AddLaterMotorColumns(TableDb& db, std::span<const MotorColumn> columns)
+{
+    for (const MotorColumn& column : columns)
+        if (IsMissing(db, column))
+            db.Execute(QStringLiteral("ALTER TABLE [%1] ADD COLUMN %2 %3;")
+                           .arg(QLatin1String(kMotorTable), QString::fromStdString(Bracketed(column)),
+                                QLatin1String(std::visit(SqlType(), column.member))));
+}
+
 bool TakeValue(const SQLite::Column& value, const MotorColumn& column, MachineRecord& record)
 {
     return std::visit(Taker{value, column.factor, record}, column.member);
@@ -203,8 +229,10 @@ void BindValue(SQLite::Statement& statement, int position, const MotorColumn& co
     std::visit(Binder{statement, position, column.factor, record}, column.member);
 }
 
-std::string ComparisonOf(const MotorColumn& column)
+std::string ComparisonOf(TableDb& db, const MotorColumn& column)
 {
+    if (IsMissing(db, column))
+        return "NULL = ?";
     const std::string name = Bracketed(column);
     // Other engines store "true" as -1, and a column of theirs may ignore case.
     if (std::holds_alternative<bool R::*>(column.member))
@@ -215,11 +243,13 @@ std::string ComparisonOf(const MotorColumn& column)
     return column.factor == 1 ? name + " = ?" : name + " * ? = ?";
 }
 
-int BindComparison(SQLite::Statement& statement, int position, const MotorColumn& column, const MachineRecord& record)
+int BindComparison(TableDb& db, SQLite::Statement& statement, int position, const MotorColumn& column,
+                   const MachineRecord& record)
 {
+    const bool isMissing = IsMissing(db, column);
     // Compared in the unit of the record: reading, writing and reading again gives the same number there, while a value
     // of the table may change in its last digit.
-    if (column.factor != 1)
+    if (column.factor != 1 && !isMissing)
         statement.bind(position++, column.factor);
     std::visit(Binder{statement, position, 1, record}, column.member);
     return position + 1;

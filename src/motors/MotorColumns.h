@@ -27,6 +27,7 @@ struct MotorColumn
     const char* name;
     MotorMember member;
     double factor = 1; ///< from the unit of the table to that of the record
+    int since = 1;     ///< version of the schema that brought it; a table from before is read without it
 };
 
 /// All columns in the order of the table; the first one is the key.
@@ -41,6 +42,13 @@ QString CreateMotorStatement();
 /// Names of the columns, each in brackets, joined with commas.
 std::string MotorColumnNames(std::span<const MotorColumn> columns);
 
+/// The same for reading a table that may be older than the newest columns: Null stands for one that it lacks, which is
+/// "not known" to the record.
+std::string MotorReadNames(TableDb& db, std::span<const MotorColumn> columns);
+
+/// Adds the columns that came after the first version to a table that lacks them. Throws DbError.
+void AddLaterMotorColumns(TableDb& db, std::span<const MotorColumn> columns);
+
 /// Takes a value of a row into the record. False, with the record as it was, for a value that is of another type, not
 /// finite, outside the range of the member, or longer than any box shows. A Null is "not known"; where the record can't
 /// say so it is 0, an empty text or false.
@@ -52,9 +60,10 @@ void BindValue(SQLite::Statement& statement, int position, const MotorColumn& co
 
 /// Condition that a row holds the record's value, with one place for the factor where there is one, and one for the
 /// value. It is never true where either of the two is Null.
-std::string ComparisonOf(const MotorColumn& column);
+std::string ComparisonOf(TableDb& db, const MotorColumn& column);
 
 /// Binds the places of `ComparisonOf` from `position` on; returns the position behind them.
-int BindComparison(SQLite::Statement& statement, int position, const MotorColumn& column, const MachineRecord& record);
+int BindComparison(TableDb& db, SQLite::Statement& statement, int position, const MotorColumn& column,
+                   const MachineRecord& record);
 
 } // namespace korvanel

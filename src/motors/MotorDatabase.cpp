@@ -31,7 +31,7 @@ void RequireMotorDatabase(TableDb& db)
     if (!db.TableExists(QLatin1String(kMotorTable)))
         throw DbError(texts::databaseIncompatible.toStdString());
     WithDbErrors([&db] {
-        SQLite::Statement(db.Handle(), "SELECT " + MotorColumnNames(MotorColumns()) + " FROM [" + kMotorTable + ']');
+        SQLite::Statement(db.Handle(), "SELECT " + MotorReadNames(db, MotorColumns()) + " FROM [" + kMotorTable + ']');
     });
 }
 

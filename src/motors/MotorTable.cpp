@@ -14,9 +14,9 @@ const std::string kFrom = std::string(" FROM [") + kMotorTable + ']';
 const std::string kWhereKey = " WHERE [set_ID]=?";
 const std::string kListOrder = " ORDER BY [Polpaarzahl],[U],[Pmech],[M],[n],[I],[eta],[Hersteller]";
 
-std::string SelectSql()
+std::string SelectSql(TableDb& db)
 {
-    return "SELECT " + MotorColumnNames(MotorColumns()) + kFrom;
+    return "SELECT " + MotorReadNames(db, MotorColumns()) + kFrom;
 }
 
 std::string InsertSql()
@@ -91,7 +91,7 @@ void ReadMachine(TableDb& db, qint32 set_ID, MachineRecord& record)
 {
     WithDbErrors([&] {
         record = MachineRecord();
-        SQLite::Statement row(db.Handle(), SelectSql() + kWhereKey);
+        SQLite::Statement row(db.Handle(), SelectSql(db) + kWhereKey);
         row.bind(1, set_ID);
         if (!row.executeStep())
             return;
@@ -106,6 +106,7 @@ void WriteMachine(TableDb& db, MachineRecord& record, bool isNew)
 {
     WithDbErrors([&] {
         DbTransaction transaction(db); // nobody else takes the free number meanwhile
+        AddLaterMotorColumns(db, MotorColumns());
         MachineRecord row = record;
         if (isNew && !row.set_ID)
             row.set_ID = FirstFreeNumber(db);
@@ -133,7 +134,7 @@ bool FindDuplicate(TableDb& db, MachineRecord& record, DuplicateScope scope, std
     // wanted.
     std::string sql = "SELECT [set_ID]" + kFrom;
     for (const MotorColumn& column : MotorDataColumns())
-        sql += (&column == MotorDataColumns().data() ? " WHERE " : " AND ") + ComparisonOf(column);
+        sql += (&column == MotorDataColumns().data() ? " WHERE " : " AND ") + ComparisonOf(db, column);
     std::optional<qint32> end;
     if (scope == DuplicateScope::OthersOnly)
         end = record.set_ID; // without a number of its own every row is another one's
@@ -145,7 +146,7 @@ bool FindDuplicate(TableDb& db, MachineRecord& record, DuplicateScope scope, std
         SQLite::Statement query(db.Handle(), sql);
         int position = 1;
         for (const MotorColumn& column : MotorDataColumns())
-            position = BindComparison(query, position, column, record);
+            position = BindComparison(db, query, position, column, record);
         if (end)
             query.bind(position, *end);
         const bool isFound = query.executeStep();
@@ -162,7 +163,7 @@ void VisitMachines(TableDb& db, const std::optional<MachineFilter>& filter,
                    const std::function<bool(const MachineLine&)>& visit)
 {
     WithDbErrors([&] {
-        SQLite::Statement row(db.Handle(), SelectSql() + (filter ? FilterSql(*filter) : std::string()) + kListOrder);
+        SQLite::Statement row(db.Handle(), SelectSql(db) + (filter ? FilterSql(*filter) : std::string()) + kListOrder);
         if (filter) {
             row.bind(1, filter->polePairs);
             row.bind(2, filter->Pmech);

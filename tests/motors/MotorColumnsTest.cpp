@@ -138,7 +138,7 @@ TEST_F(MotorColumnsTest, Bind_RefusesNumbersThatAreNotFinite)
     for (const double number : {kInfinity, -kInfinity, std::numeric_limits<double>::quiet_NaN()}) {
         record.Pmech = number;
         EXPECT_THROW(BindValue(row, 1, Column("Pmech"), record), DbError);
-        EXPECT_THROW(BindComparison(row, 1, Column("Pmech"), record), DbError);
+        EXPECT_THROW(BindComparison(db, row, 1, Column("Pmech"), record), DbError);
     }
 }
 
@@ -158,7 +158,7 @@ TEST_F(MotorColumnsTest, Comparison_FindsAgainWhatWasReadWrittenAndRead)
     std::mt19937 random(20260314);
     std::uniform_real_distribution<double> anyPower(0.001, 1000);
     for (const char* name : {"Pmech", "Po", "Tth"}) {
-        SQLite::Statement query(db.Handle(), std::string("SELECT ") + ComparisonOf(Column(name)) +
+        SQLite::Statement query(db.Handle(), std::string("SELECT ") + ComparisonOf(db, Column(name)) +
                                                  " FROM (SELECT ? AS " + name + ")");
         for (int i = 0; i < 20000; ++i) {
             const double stored = anyPower(random);
@@ -167,12 +167,42 @@ TEST_F(MotorColumnsTest, Comparison_FindsAgainWhatWasReadWrittenAndRead)
             MachineRecord again;
             again.*std::get<std::optional<double> MachineRecord::*>(Column(name).member) = copied * Column(name).factor;
             query.reset();
-            const int next = BindComparison(query, 1, Column(name), again);
+            const int next = BindComparison(db, query, 1, Column(name), again);
             query.bind(next, stored);
             ASSERT_TRUE(query.executeStep());
             ASSERT_EQ(query.getColumn(0).getInt(), 1) << name << ' ' << stored;
         }
     }
+}
+
+// A table from before a column came.
+
+constexpr MotorColumn kLater{.name = "Jahr", .member = &MachineRecord::Masse, .factor = 12, .since = 2};
+
+TEST_F(MotorColumnsTest, ALaterColumn_ReadsAsNotKnownWhereTheTableLacksIt)
+{
+    EXPECT_EQ(MotorReadNames(db, std::span(&kLater, 1)), "NULL");
+    EXPECT_EQ(MotorReadNames(db, MotorColumns()), MotorColumnNames(MotorColumns()))
+        << "what was always there is missed";
+    AddLaterMotorColumns(db, std::span(&kLater, 1));
+    EXPECT_EQ(MotorReadNames(db, std::span(&kLater, 1)), "[Jahr]");
+    AddLaterMotorColumns(db, std::span(&kLater, 1)); // it is there already
+    EXPECT_EQ(Text("SELECT type FROM pragma_table_info('Motor') WHERE name='Jahr'"), "REAL");
+}
+
+TEST_F(MotorColumnsTest, ALaterColumn_MakesNoDuplicateWhereTheTableLacksIt)
+{
+    MachineRecord machine = KnownMachine();
+    const auto isFound = [&] {
+        SQLite::Statement query(db.Handle(), "SELECT " + ComparisonOf(db, kLater) + " FROM Motor");
+        EXPECT_EQ(BindComparison(db, query, 1, kLater, machine), query.getBindParameterCount() + 1);
+        return query.executeStep() && query.getColumn(0).getInt() == 1;
+    };
+    WriteMachine(db, machine, true);
+    EXPECT_FALSE(isFound());
+    AddLaterMotorColumns(db, std::span(&kLater, 1));
+    db.Execute(QStringLiteral("UPDATE Motor SET Jahr=%1").arg(*machine.Masse / 12));
+    EXPECT_TRUE(isFound());
 }
 
 } // namespace
