@@ -20,7 +20,7 @@ void Export_Program(benchmark::State& state)
     for (auto _ : state)
         ExportEvaluation(path);
     constexpr qint64 kLeastBytesOfASet = 100;
-    if (QFileInfo(path).size() < kSets * kLeastBytesOfASet)
+    if (QFileInfo(path).size() < Sets() * kLeastBytesOfASet)
         state.SkipWithError("sets are missing");
 }
 

@@ -25,7 +25,7 @@ void Open_Empty(benchmark::State& state)
 }
 void Open_Program(benchmark::State& state)
 {
-    Open(state, LargeProject(), kSets);
+    Open(state, LargeProject(), Sets());
 }
 
 void Open_Count(benchmark::State& state)
@@ -35,7 +35,7 @@ void Open_Count(benchmark::State& state)
         sqlite3_stmt* statement =
             db.Prepare("SELECT COUNT(SampledValues.[Set]) FROM SampledValues INNER JOIN ComputedValues ON "
                        "SampledValues.[Set] = ComputedValues.[Set]");
-        if (sqlite3_step(statement) != SQLITE_ROW || sqlite3_column_int(statement, 0) != kSets)
+        if (sqlite3_step(statement) != SQLITE_ROW || sqlite3_column_int(statement, 0) != Sets())
             state.SkipWithError("sets are missing");
     }
 }

@@ -41,7 +41,7 @@ void Cursor_Program(benchmark::State& state)
         for (; reader.Next(); ++sets)
             sum += reader.Row().dP[kSum] + reader.Set();
         benchmark::DoNotOptimize(sum);
-        if (sets != kSets)
+        if (sets != Sets())
             state.SkipWithError("sets are missing");
     }
 }
@@ -55,7 +55,7 @@ void ReadRow_Bare(benchmark::State& state)
         double sum = 0;
         for (int i = 0; i < kLookUps; ++i) {
             sqlite3_reset(statement);
-            sqlite3_bind_int(statement, 1, static_cast<int>(random() % kSets) + 1);
+            sqlite3_bind_int(statement, 1, static_cast<int>(random() % Sets()) + 1);
             if (sqlite3_step(statement) == SQLITE_ROW)
                 sum += FetchBareRow(statement);
         }
@@ -72,7 +72,7 @@ void ReadRow_Program(benchmark::State& state)
         std::minstd_rand random(kSeed);
         double sum = 0;
         for (int i = 0; i < kLookUps; ++i) {
-            ReadRow(static_cast<int>(random() % kSets) + 1);
+            ReadRow(static_cast<int>(random() % Sets()) + 1);
             sum += App().CurrentRow.dP[kSum];
         }
         benchmark::DoNotOptimize(sum);

@@ -60,7 +60,7 @@ void FillProject()
     DbTransaction transaction(ProjectDb());
     RowWriter writer(ProjectDb(), kNetConf, RowOrigin::Measured);
     QDateTime moment(QDate(2026, 3, 14), QTime(15, 9, 26), Qt::UTC);
-    for (int set = 1; set <= kSets; ++set) {
+    for (int set = 1; set <= Sets(); ++set) {
         tValueRow row = RowOf(set);
         writer.Append(row, {.set = set, .time = StoredDateText(moment), .mark = 0});
         moment = moment.addSecs(1);
@@ -104,6 +104,13 @@ QString ScratchPath(const QString& name)
 {
     static const QTemporaryDir folder;
     return folder.filePath(name);
+}
+
+int Sets()
+{
+    constexpr int kMillion = 1'000'000;
+    static const int sets = std::max(qEnvironmentVariableIntValue("KORVANEL_BENCH_SETS"), 0);
+    return sets > 0 ? sets : kMillion;
 }
 
 const QString& LargeProject()

@@ -8,7 +8,8 @@ struct sqlite3_stmt;
 
 namespace korvanel::bench {
 
-inline constexpr int kSets = 1'000'000;
+/// Sets of the large project: a million, or what the environment variable `KORVANEL_BENCH_SETS` says for a short run.
+int Sets();
 inline constexpr int kNetConf = 2;
 
 /// Prepares the application block for use without a window.
@@ -17,7 +18,7 @@ void PrepareBlock();
 void PrepareMachine();
 /// Creates a project and leaves it current.
 void CreateProject(const QString& path);
-/// Path of a project of `kSets` sets, made on first use.
+/// Path of a project of `Sets()` sets, made on first use.
 const QString& LargeProject();
 /// Path of a project without sets.
 const QString& EmptyProject();

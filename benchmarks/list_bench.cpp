@@ -50,5 +50,5 @@ int main(int argc, char* argv[])
         longest = std::max(longest, timer.nsecsElapsed());
     }
     std::printf("%.2f\n", static_cast<double>(longest) / kNanosecondsPerMillisecond);
-    return App().iSetCount == bench::kSets && bar->maximum() > 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    return App().iSetCount == bench::Sets() && bar->maximum() > 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

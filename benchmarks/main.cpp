@@ -50,13 +50,18 @@ private:
     std::map<std::string, double> medians;
 };
 
+/// A short run looks for what has become slow by far; the machine may have other things to do.
+constexpr double kToleranceOfShortRun = 2;
+double tolerance = 1;
+
 bool PrintRatio(const KeepingReporter& reporter, const char* what, const char* program, const char* bare, double limit)
 {
     if (!reporter.Has(program) || !reporter.Has(bare))
         return true;
     const double ratio = reporter.Median(program) / reporter.Median(bare);
-    std::printf("%-46s %6.2f  (at most %.1f)%s\n", what, ratio, limit, ratio > limit ? "  TOO SLOW" : "");
-    return ratio <= limit;
+    const bool isGood = ratio <= limit * tolerance;
+    std::printf("%-46s %6.2f  (at most %.1f)%s\n", what, ratio, limit, isGood ? "" : "  TOO SLOW");
+    return isGood;
 }
 
 bool PrintOpening(const KeepingReporter& reporter)
@@ -191,7 +196,7 @@ bool PrintList()
     process.waitForFinished(-1);
     const double longest = process.readAllStandardOutput().toDouble();
     const bool isGood = process.exitCode() == EXIT_SUCCESS && longest > 0 && longest <= kLimit;
-    std::printf("%-46s %6.1f ms (at most %.0f, longest of 200)%s\n", "show any place of a million sets", longest,
+    std::printf("%-46s %6.1f ms (at most %.0f, longest of 200)%s\n", "show any place of the sets", longest,
                 kLimit, isGood ? "" : "  TOO SLOW");
     return isGood;
 }
@@ -203,7 +208,7 @@ bool PrintMemory()
         const double empty = PeakMemory(task, EmptyProject());
         const double large = PeakMemory(task, LargeProject());
         const bool isLittle = empty > 0 && large > 0 && large - empty < task.limit;
-        std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with a million)%s\n", task.what, large - empty,
+        std::printf("%-46s %6.1f MB (below %.0f; %.1f with none, %.1f with all sets)%s\n", task.what, large - empty,
                     task.limit, empty, large, isLittle ? "" : "  TOO MUCH");
         isGood = isGood && isLittle;
     }
@@ -221,8 +226,15 @@ int main(int argc, char* argv[])
         if (argc == 3 && std::string(argv[1]) == task.option)
             return RunMemoryTask(task, QString::fromLocal8Bit(argv[2]));
 
+    const bool isShort = argc == 2 && std::string(argv[1]) == "--short";
+    if (isShort) {
+        --argc;
+        tolerance = kToleranceOfShortRun;
+        qputenv("KORVANEL_BENCH_SETS", "100000");
+    }
     // Turn by turn, so that a disturbance of the machine hits both sides of a ratio.
-    std::vector<std::string> arguments{argv[0], "--benchmark_repetitions=9", "--benchmark_min_time=0.1",
+    std::vector<std::string> arguments{argv[0], isShort ? "--benchmark_repetitions=3" : "--benchmark_repetitions=9",
+                                       isShort ? "--benchmark_min_time=0.02" : "--benchmark_min_time=0.1",
                                        "--benchmark_enable_random_interleaving=true",
                                        "--benchmark_display_aggregates_only=true"};
     arguments.insert(arguments.end(), argv + 1, argv + argc);
@@ -236,15 +248,15 @@ int main(int argc, char* argv[])
     KeepingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
-    std::printf("\nRatio of the program to the bare work, median of 9\n");
+    std::printf("\nRatio of the program to the bare work, median of %d, %d sets\n", isShort ? 3 : 9, Sets());
     bool isGood = !reporter.failed;
-    isGood &= PrintRatio(reporter, "walk a million sets / bare loop", "Cursor_Program", "Cursor_Bare", 1.4);
+    isGood &= PrintRatio(reporter, "walk all sets / bare loop", "Cursor_Program", "Cursor_Bare", 1.4);
     isGood &= PrintRatio(reporter, "read a set at random / bare look-up", "ReadRow_Program", "ReadRow_Bare", 1.5);
     isGood &= PrintRatio(reporter, "store a set durably / two bare inserts", "Append_Program", "Append_Bare", 1.3);
-    isGood &= PrintRatio(reporter, "recompute a million sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
-    isGood &= PrintRatio(reporter, "evaluate a million sets / bare loop", "Evaluate_Program", "Cursor_Bare", 2.0);
-    isGood &= PrintRatio(reporter, "the same, window of 250000 sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
-    isGood &= PrintRatio(reporter, "export a million sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "recompute all sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "evaluate all sets / bare loop", "Evaluate_Program", "Cursor_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "the same, window of a quarter of the sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "export all sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);
