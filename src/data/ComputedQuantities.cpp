@@ -4,6 +4,7 @@
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
 #include "core/texts/Default.h"
+#include "data/ElectricalFormulas.h"
 #include "data/EstimateUpdater.h"
 #include "data/FileManaging.h"
 #include "data/PassOverSets.h"
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace korvanel {
 
@@ -60,13 +60,11 @@ void AddSteps()
 
 DerivedQuantities DeriveQuantities(double U, double I, double P, double phi, bool isThreePhase)
 {
-    constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
     DerivedQuantities derived;
-    derived.S = U * I * (isThreePhase ? std::numbers::sqrt3 : 1);
+    derived.S = ApparentPower(U, I, isThreePhase);
     derived.cosPhi = derived.S == 0 ? 0 : std::abs(P / derived.S);
-    derived.Q = std::abs(P) >= std::abs(derived.S) ? 0 : std::sqrt(derived.S * derived.S - P * P);
-    const bool hasAngle = derived.S != 0 && derived.cosPhi < 1;
-    derived.phi = hasAngle ? std::acos(derived.cosPhi) * kDegreesPerRadian : 0;
+    derived.Q = ReactivePower(derived.S, P);
+    derived.phi = derived.S == 0 ? 0 : AngleOfPowerFactor(derived.cosPhi);
     if (P < 0) {
         derived.phi = 180 - derived.phi;
         derived.cosPhi = -derived.cosPhi;
