@@ -1,23 +1,14 @@
 #include "instruments/AddressSearch.h"
 
 #include "core/Common.h"
-#include "core/NumberText.h"
 #include "instruments/DevManaging.h"
+#include "instruments/Frames.h"
 #include "instruments/SerialPort.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace korvanel {
-
-namespace {
-
-bool IsBusAddress(int address)
-{
-    return IsBetween(address, kLeastBusAddress, kGreatestBusAddress);
-}
-
-} // namespace
 
 bool ring_for_address(int iAddress)
 {

@@ -8,9 +8,6 @@
 
 namespace korvanel {
 
-inline constexpr int kLeastBusAddress = 1;
-inline constexpr int kGreatestBusAddress = 247;
-
 /// The one family of instruments with bus addresses, as a list names it.
 inline constexpr const char* kFamilyWithAddress = "ISKRA MI71XX";
 

@@ -3,6 +3,8 @@
 #include "core/Common.h"
 #include "core/texts/Default.h"
 #include "core/texts/FormF2.h"
+#include "instruments/EntryTable.h"
+#include "instruments/IskraDriver.h"
 
 #include <algorithm>
 
@@ -31,9 +33,6 @@ constexpr std::array<NetConfiguration, kNetConfCount> kNetConfigurations{{
     {NetTab::Voltage, &texts::netConfVoltage, kVoltageMeter},
 }};
 
-/// Net, U, I, P, wattmeter method.
-using Wiring = std::array<TextRef, 5>;
-
 constexpr Wiring kOnePhase{&texts::wiringN1, &texts::wiringV1, &texts::wiringV1, &texts::wiringP1, &texts::wiringW1};
 constexpr Wiring kSymmetric{&texts::wiringN2, &texts::wiringV2, &texts::wiringC1, &texts::wiringP1, &texts::wiringW1};
 constexpr Wiring kSymmetricThreeWire{&texts::wiringN5, &texts::wiringV2, &texts::wiringC1, &texts::wiringP1,
@@ -47,24 +46,13 @@ constexpr Wiring kPhaseToPhase{&texts::wiringN4, &texts::wiringV4, &texts::wirin
 constexpr Wiring kVoltageOnly{&texts::wiringN2, &texts::wiringV2, &texts::wiringC3, &texts::wiringNone,
                               &texts::wiringNone};
 
-struct Instrument
+/// A row of the family ISKRA MI71XX, with what its entries have in common.
+constexpr Instrument Iskra(Instrument row)
 {
-    const char* entry;
-    Wiring wiring;
-    TextRef remark = nullptr;
-    qint16 minInterval = 1;
-    bool hasDeviceFunctions = false;
-    /// Wiring of a single-phase meter in a three-phase net, which is net configuration 1 alone.
-    const Wiring* wiringInThreePhaseNet = nullptr;
-};
-
-constexpr Instrument Iskra(const char* entry, const Wiring& wiring, qint16 minInterval = 1)
-{
-    return {.entry = entry,
-            .wiring = wiring,
-            .remark = &texts::wiringR2,
-            .minInterval = minInterval,
-            .hasDeviceFunctions = true};
+    row.driver = &kIskraDriver;
+    row.remark = &texts::wiringR2;
+    row.hasDeviceFunctions = true;
+    return row;
 }
 
 // A sample of the phase recorders takes 34 requests one after the other, hence their 5 s.
@@ -72,15 +60,15 @@ constexpr qint16 kPhaseRecorderInterval = 5;
 constexpr qint16 kSlowInterval = 2;
 
 constexpr Instrument kInstruments[] = {
-    Iskra("ISKRA MI71XX 1Ø2W (1b)", kOnePhase),
-    Iskra("ISKRA MI71XX 1Ø2W (1b) Rec", kOnePhase),
-    Iskra("ISKRA MI71XX 3Ø3W (3u)", kAron),
-    Iskra("ISKRA MI71XX 3Ø4W (4u)", kFourWire),
-    Iskra("ISKRA MI71XX 3Ø3W (3b)", kSymmetricThreeWire),
-    Iskra("ISKRA MI71XX 3Ø4W (4b)", kSymmetric),
-    Iskra("ISKRA MI71XX 3Ø4W (4u) Rec L-N", kFourWire, kPhaseRecorderInterval),
-    Iskra("ISKRA MI71XX 3Ø4W (4u) Rec L-L", kPhaseToPhase, kPhaseRecorderInterval),
-    Iskra("ISKRA MI71XX 3Ø4W U ", kVoltageOnly),
+    Iskra({.entry = "ISKRA MI71XX 1Ø2W (1b)", .wiring = kOnePhase}),
+    Iskra({.entry = "ISKRA MI71XX 1Ø2W (1b) Rec", .wiring = kOnePhase}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø3W (3u)", .wiring = kAron}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u)", .wiring = kFourWire}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø3W (3b)", .wiring = kSymmetricThreeWire}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4b)", .wiring = kSymmetric}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-N", .wiring = kFourWire, .minInterval = kPhaseRecorderInterval}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-L", .wiring = kPhaseToPhase, .minInterval = kPhaseRecorderInterval}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W U ", .wiring = kVoltageOnly}),
     {.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
     {.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire, .minInterval = kSlowInterval},
     {.entry = "NORMA D4355 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
@@ -113,12 +101,21 @@ QStringList InstrumentEntries(int netConf)
     return entries;
 }
 
+std::span<const Instrument> Instruments()
+{
+    return kInstruments;
+}
+
+const Instrument* FindInstrument(const QString& entry)
+{
+    return FindEntry(kInstruments, entry);
+}
+
 InstrumentFacts FactsOf(const QString& entry, int netConf)
 {
-    const auto* instrument = std::find_if(std::begin(kInstruments), std::end(kInstruments),
-                                          [&](const Instrument& i) { return entry == QString::fromUtf8(i.entry); });
+    const Instrument* instrument = FindInstrument(entry);
     InstrumentFacts facts;
-    if (instrument == std::end(kInstruments))
+    if (!instrument)
         return facts;
     const bool isInThreePhaseNet = instrument->wiringInThreePhaseNet && netConf == kThreePhaseNet;
     const Wiring& wiring = isInThreePhaseNet ? *instrument->wiringInThreePhaseNet : instrument->wiring;

@@ -8,6 +8,7 @@
 #include "core/texts/FormF3.h"
 #include "core/texts/FormH5.h"
 #include "core/window/PendingInput.h"
+#include "instruments/Frames.h"
 #include "instruments/PortBox.h"
 
 #include <QApplication>

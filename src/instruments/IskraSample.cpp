@@ -158,14 +158,13 @@ const Plan& PlanOf(IskraPlan plan)
 /// gives 0: half a number is no number.
 double ReadIskraValue(quint8 code, Kind kind)
 {
-    constexpr qsizetype kHead = 2;
     constexpr qsizetype kTextStart = 3;
     QByteArray request;
     request.append(static_cast<char>(App().lModbusAddress));
     request.append('M');
     request.append(static_cast<char>(code));
     const QByteArray reply = Exchange(Crc16Append(request), kQueryWait);
-    if (reply.left(kHead) != request.left(kHead) || reply.size() < kTextStart + IskraTextLength(kind)) {
+    if (!IsAnswerTo(request, reply, kTextStart + IskraTextLength(kind))) {
         App().MeasuredRow.sValidMask = QStringLiteral("EEEE");
         return 0;
     }
