@@ -46,12 +46,16 @@ constexpr Wiring kPhaseToPhase{&texts::wiringN4, &texts::wiringV4, &texts::wirin
 constexpr Wiring kVoltageOnly{&texts::wiringN2, &texts::wiringV2, &texts::wiringC3, &texts::wiringNone,
                               &texts::wiringNone};
 
+constexpr const char* kIskraBasicEntry = "ISKRA MI71XX 1Ø2W (1b)";
+constexpr BusFamily kIskraFamily{.name = "ISKRA MI71XX", .basicEntry = kIskraBasicEntry};
+
 /// A row of the family ISKRA MI71XX, with what its entries have in common.
 constexpr Instrument Iskra(Instrument row)
 {
     row.driver = &kIskraDriver;
     row.remark = &texts::wiringR2;
     row.hasDeviceFunctions = true;
+    row.busFamily = &kIskraFamily;
     return row;
 }
 
@@ -59,8 +63,16 @@ constexpr Instrument Iskra(Instrument row)
 constexpr qint16 kPhaseRecorderInterval = 5;
 constexpr qint16 kSlowInterval = 2;
 
+/// A row of the family NANOVIP-PLUS, which sends all values in one block of 1.5 s.
+constexpr Instrument Nanovip(Instrument row)
+{
+    row.minInterval = kSlowInterval;
+    row.leastRunInterval = 1.5;
+    return row;
+}
+
 constexpr Instrument kInstruments[] = {
-    Iskra({.entry = "ISKRA MI71XX 1Ø2W (1b)", .wiring = kOnePhase}),
+    Iskra({.entry = kIskraBasicEntry, .wiring = kOnePhase}),
     Iskra({.entry = "ISKRA MI71XX 1Ø2W (1b) Rec", .wiring = kOnePhase}),
     Iskra({.entry = "ISKRA MI71XX 3Ø3W (3u)", .wiring = kAron}),
     Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u)", .wiring = kFourWire}),
@@ -69,8 +81,8 @@ constexpr Instrument kInstruments[] = {
     Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-N", .wiring = kFourWire, .minInterval = kPhaseRecorderInterval}),
     Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-L", .wiring = kPhaseToPhase, .minInterval = kPhaseRecorderInterval}),
     Iskra({.entry = "ISKRA MI71XX 3Ø4W U ", .wiring = kVoltageOnly}),
-    {.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
-    {.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire, .minInterval = kSlowInterval},
+    Nanovip({.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase}),
+    Nanovip({.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire}),
     {.entry = "NORMA D4355 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
     {.entry = "NORMA D4355 3Ø4W", .wiring = kFourWire, .minInterval = kSlowInterval},
     {.entry = "YOKOGAWA WT130 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric},
@@ -101,6 +113,11 @@ QStringList InstrumentEntries(int netConf)
     return entries;
 }
 
+const BusFamily& FamilyWithAddresses()
+{
+    return kIskraFamily;
+}
+
 std::span<const Instrument> Instruments()
 {
     return kInstruments;
@@ -123,7 +140,9 @@ InstrumentFacts FactsOf(const QString& entry, int netConf)
     if (instrument->remark)
         facts.wiring.back() = TextOf(instrument->remark);
     facts.minInterval = instrument->minInterval;
+    facts.leastRunInterval = instrument->leastRunInterval;
     facts.hasDeviceFunctions = instrument->hasDeviceFunctions;
+    facts.hasBusAddress = instrument->busFamily != nullptr;
     return facts;
 }
 

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <array>
+#include <optional>
 #include <span>
 
 namespace korvanel {
@@ -41,6 +42,16 @@ QStringList InstrumentEntries(int netConf);
 /// Net, U, I, P, wattmeter method.
 using Wiring = std::array<TextRef, 5>;
 
+/// A family of instruments that have an address on a bus.
+struct BusFamily
+{
+    const char* name;       ///< as a list names it
+    const char* basicEntry; ///< by which an instrument of any mode is reached
+};
+
+/// The one that there is.
+const BusFamily& FamilyWithAddresses();
+
 /// A row of the catalogue: an instrument in one of the ways in which it measures.
 struct Instrument
 {
@@ -48,8 +59,11 @@ struct Instrument
     const InstrumentDriver* driver = nullptr; ///< none: the instrument can be chosen, but not yet be asked
     Wiring wiring;
     TextRef remark = nullptr;
-    qint16 minInterval = 1;          ///< s
-    bool hasDeviceFunctions = false; ///< transformers, counter reset and device info
+    qint16 minInterval = 1; ///< s, for the user to choose
+    /// s. A bound that a run has before `minInterval` and tells first; some have none.
+    std::optional<double> leastRunInterval = std::nullopt;
+    bool hasDeviceFunctions = false;      ///< transformers, counter reset and device info
+    const BusFamily* busFamily = nullptr; ///< none: the instrument has no bus address
     /// Wiring of a single-phase meter in a three-phase net, which is net configuration 1 alone.
     const Wiring* wiringInThreePhaseNet = nullptr;
 };
@@ -63,12 +77,14 @@ const Instrument* FindInstrument(const QString& entry);
 /// What the catalogue says of an instrument entry.
 struct InstrumentFacts
 {
-    std::array<QString, 6> wiring;   ///< net, U, I, P, wattmeter method, remark
-    qint16 minInterval = 1;          ///< s
-    bool hasDeviceFunctions = false; ///< transformers, counter reset and device info
+    std::array<QString, 6> wiring;          ///< net, U, I, P, wattmeter method, remark
+    qint16 minInterval = 1;                 ///< s
+    std::optional<double> leastRunInterval; ///< s, as in the row
+    bool hasDeviceFunctions = false;        ///< transformers, counter reset and device info
+    bool hasBusAddress = false;
 };
 
-/// An unknown entry has empty texts, 1 s and no functions.
+/// An unknown entry has empty texts, 1 s, no functions and no address.
 InstrumentFacts FactsOf(const QString& entry, int netConf);
 
 /// Looks an entry up for the net configuration of the block and puts the result there.
