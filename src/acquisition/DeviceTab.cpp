@@ -7,7 +7,6 @@
 #include "core/texts/FormH7.h"
 #include "core/window/EntryBox.h"
 #include "core/window/Page.h"
-#include "instruments/AddressSearch.h"
 #include "instruments/Catalogue.h"
 #include "instruments/PortBox.h"
 #include "instruments/WiringView.h"
@@ -124,7 +123,7 @@ void DeviceTab::ShowInstrument()
     identityLabel->setText(App().sDeviceId);
     identityLabel->setToolTip(PlainToolTip(App().sDeviceId));
     addressLabel->setText(FillPlaceholders(texts::modbusAddress, {QString::number(App().lModbusAddress)}));
-    addressLabel->setVisible(App().sDevice.startsWith(QLatin1String(kFamilyWithAddress)));
+    addressLabel->setVisible(FactsOf(App().sDevice, App().iNetConfIndex).hasBusAddress);
     wiring->Refresh();
 }
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace korvanel {
 
@@ -188,11 +189,10 @@ TypedEntry EnterInterval(const QString& text)
 
 bool CheckIntervalForRun()
 {
-    constexpr double kLeastForNanovip = 1.5;
     const ApplicationBlock& app = App();
+    const std::optional<double> least = FactsOf(app.sDevice, app.iNetConfIndex).leastRunInterval;
     QString text = NumberText(app.dInterval);
-    if (app.sDevice.startsWith(QLatin1String("NANOVIP-PLUS")) &&
-        !CheckNumberRange(text, kLeastForNanovip, kLongestInterval))
+    if (least && !CheckNumberRange(text, *least, kLongestInterval))
         return false;
     return CheckNumberRange(text, app.iMinInterval, kLongestInterval);
 }

@@ -1,12 +1,12 @@
 #include "data/ComputedQuantities.h"
 
 #include "core/Common.h"
+#include "data/ElectricalFormulas.h"
 #include "data/ValueColumns.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace korvanel {
 
@@ -45,13 +45,11 @@ void AddSteps()
 
 DerivedQuantities DeriveQuantities(double U, double I, double P, double phi, bool isThreePhase)
 {
-    constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
     DerivedQuantities derived;
-    derived.S = U * I * (isThreePhase ? std::numbers::sqrt3 : 1);
+    derived.S = ApparentPower(U, I, isThreePhase);
     derived.cosPhi = derived.S == 0 ? 0 : std::abs(P / derived.S);
-    derived.Q = std::abs(P) >= std::abs(derived.S) ? 0 : std::sqrt(derived.S * derived.S - P * P);
-    const bool hasAngle = derived.S != 0 && derived.cosPhi < 1;
-    derived.phi = hasAngle ? std::acos(derived.cosPhi) * kDegreesPerRadian : 0;
+    derived.Q = ReactivePower(derived.S, P);
+    derived.phi = derived.S == 0 ? 0 : AngleOfPowerFactor(derived.cosPhi);
     if (P < 0) {
         derived.phi = 180 - derived.phi;
         derived.cosPhi = -derived.cosPhi;

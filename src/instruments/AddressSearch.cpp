@@ -1,23 +1,15 @@
 #include "instruments/AddressSearch.h"
 
 #include "core/Common.h"
-#include "core/NumberText.h"
+#include "instruments/Catalogue.h"
 #include "instruments/DevManaging.h"
+#include "instruments/Frames.h"
 #include "instruments/SerialPort.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace korvanel {
-
-namespace {
-
-bool IsBusAddress(int address)
-{
-    return IsBetween(address, kLeastBusAddress, kGreatestBusAddress);
-}
-
-} // namespace
 
 bool ring_for_address(int iAddress)
 {
@@ -40,7 +32,7 @@ SearchResult SearchInterval(int iFrom, int iTo, const AddressObserver& observe)
 {
     if (!IsBusAddress(iFrom) || !IsBusAddress(iTo))
         return {SearchOutcome::OutOfRange, 0, {}};
-    const QScopedValueRollback device(App().sDevice, QStringLiteral("ISKRA MI71XX 1Ø2W (1b)"));
+    const QScopedValueRollback device(App().sDevice, QString::fromUtf8(FamilyWithAddresses().basicEntry));
     const QScopedValueRollback deviceId(App().sDeviceId);
     for (int address = iFrom; address <= iTo; ++address) {
         observe(address);

@@ -1,5 +1,5 @@
-// Finding the bus address of an ISKRA instrument: one address is tried, or an interval is walked through until an
-// instrument answers. The block is as before when a search is over; what was found is the result.
+// Finding the bus address of an instrument: one address is tried, or an interval is walked through until an instrument
+// answers. The block is as before when a search is over; what was found is the result.
 #pragma once
 
 #include <QString>
@@ -7,12 +7,6 @@
 #include <functional>
 
 namespace korvanel {
-
-inline constexpr int kLeastBusAddress = 1;
-inline constexpr int kGreatestBusAddress = 247;
-
-/// The one family of instruments with bus addresses, as a list names it.
-inline constexpr const char* kFamilyWithAddress = "ISKRA MI71XX";
 
 enum class SearchOutcome
 {

@@ -3,6 +3,8 @@
 #include "core/Common.h"
 #include "core/texts/Default.h"
 #include "core/texts/FormF2.h"
+#include "instruments/EntryTable.h"
+#include "instruments/IskraDriver.h"
 
 #include <algorithm>
 
@@ -31,9 +33,6 @@ constexpr std::array<NetConfiguration, kNetConfCount> kNetConfigurations{{
     {NetTab::Voltage, &texts::netConfVoltage, kVoltageMeter},
 }};
 
-/// Net, U, I, P, wattmeter method.
-using Wiring = std::array<TextRef, 5>;
-
 constexpr Wiring kOnePhase{&texts::wiringN1, &texts::wiringV1, &texts::wiringV1, &texts::wiringP1, &texts::wiringW1};
 constexpr Wiring kSymmetric{&texts::wiringN2, &texts::wiringV2, &texts::wiringC1, &texts::wiringP1, &texts::wiringW1};
 constexpr Wiring kSymmetricThreeWire{&texts::wiringN5, &texts::wiringV2, &texts::wiringC1, &texts::wiringP1,
@@ -47,42 +46,43 @@ constexpr Wiring kPhaseToPhase{&texts::wiringN4, &texts::wiringV4, &texts::wirin
 constexpr Wiring kVoltageOnly{&texts::wiringN2, &texts::wiringV2, &texts::wiringC3, &texts::wiringNone,
                               &texts::wiringNone};
 
-struct Instrument
-{
-    const char* entry;
-    Wiring wiring;
-    TextRef remark = nullptr;
-    qint16 minInterval = 1;
-    bool hasDeviceFunctions = false;
-    /// Wiring of a single-phase meter in a three-phase net, which is net configuration 1 alone.
-    const Wiring* wiringInThreePhaseNet = nullptr;
-};
+constexpr const char* kIskraBasicEntry = "ISKRA MI71XX 1Ø2W (1b)";
+constexpr BusFamily kIskraFamily{.name = "ISKRA MI71XX", .basicEntry = kIskraBasicEntry};
 
-constexpr Instrument Iskra(const char* entry, const Wiring& wiring, qint16 minInterval = 1)
+/// A row of the family ISKRA MI71XX, with what its entries have in common.
+constexpr Instrument Iskra(Instrument row)
 {
-    return {.entry = entry,
-            .wiring = wiring,
-            .remark = &texts::wiringR2,
-            .minInterval = minInterval,
-            .hasDeviceFunctions = true};
+    row.driver = &kIskraDriver;
+    row.remark = &texts::wiringR2;
+    row.hasDeviceFunctions = true;
+    row.busFamily = &kIskraFamily;
+    return row;
 }
 
 // A sample of the phase recorders takes 34 requests one after the other, hence their 5 s.
 constexpr qint16 kPhaseRecorderInterval = 5;
 constexpr qint16 kSlowInterval = 2;
 
+/// A row of the family NANOVIP-PLUS, which sends all values in one block of 1.5 s.
+constexpr Instrument Nanovip(Instrument row)
+{
+    row.minInterval = kSlowInterval;
+    row.leastRunInterval = 1.5;
+    return row;
+}
+
 constexpr Instrument kInstruments[] = {
-    Iskra("ISKRA MI71XX 1Ø2W (1b)", kOnePhase),
-    Iskra("ISKRA MI71XX 1Ø2W (1b) Rec", kOnePhase),
-    Iskra("ISKRA MI71XX 3Ø3W (3u)", kAron),
-    Iskra("ISKRA MI71XX 3Ø4W (4u)", kFourWire),
-    Iskra("ISKRA MI71XX 3Ø3W (3b)", kSymmetricThreeWire),
-    Iskra("ISKRA MI71XX 3Ø4W (4b)", kSymmetric),
-    Iskra("ISKRA MI71XX 3Ø4W (4u) Rec L-N", kFourWire, kPhaseRecorderInterval),
-    Iskra("ISKRA MI71XX 3Ø4W (4u) Rec L-L", kPhaseToPhase, kPhaseRecorderInterval),
-    Iskra("ISKRA MI71XX 3Ø4W U ", kVoltageOnly),
-    {.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
-    {.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire, .minInterval = kSlowInterval},
+    Iskra({.entry = kIskraBasicEntry, .wiring = kOnePhase}),
+    Iskra({.entry = "ISKRA MI71XX 1Ø2W (1b) Rec", .wiring = kOnePhase}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø3W (3u)", .wiring = kAron}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u)", .wiring = kFourWire}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø3W (3b)", .wiring = kSymmetricThreeWire}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4b)", .wiring = kSymmetric}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-N", .wiring = kFourWire, .minInterval = kPhaseRecorderInterval}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-L", .wiring = kPhaseToPhase, .minInterval = kPhaseRecorderInterval}),
+    Iskra({.entry = "ISKRA MI71XX 3Ø4W U ", .wiring = kVoltageOnly}),
+    Nanovip({.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase}),
+    Nanovip({.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire}),
     {.entry = "NORMA D4355 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
     {.entry = "NORMA D4355 3Ø4W", .wiring = kFourWire, .minInterval = kSlowInterval},
     {.entry = "YOKOGAWA WT130 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric},
@@ -95,8 +95,6 @@ constexpr Instrument kInstruments[] = {
     {.entry = "YOKOGAWA 2535 3Ø3W", .wiring = kAron, .remark = &texts::wiringR1},
     {.entry = "YOKOGAWA 2535 3Ø4W", .wiring = kFourWire, .remark = &texts::wiringR1},
 };
-
-constexpr int kThreePhaseNet = 1;
 
 } // namespace
 
@@ -113,20 +111,36 @@ QStringList InstrumentEntries(int netConf)
     return entries;
 }
 
+const BusFamily& FamilyWithAddresses()
+{
+    return kIskraFamily;
+}
+
+std::span<const Instrument> Instruments()
+{
+    return kInstruments;
+}
+
+const Instrument* FindInstrument(const QString& entry)
+{
+    return FindEntry(kInstruments, entry);
+}
+
 InstrumentFacts FactsOf(const QString& entry, int netConf)
 {
-    const auto* instrument = std::find_if(std::begin(kInstruments), std::end(kInstruments),
-                                          [&](const Instrument& i) { return entry == QString::fromUtf8(i.entry); });
+    const Instrument* instrument = FindInstrument(entry);
     InstrumentFacts facts;
-    if (instrument == std::end(kInstruments))
+    if (!instrument)
         return facts;
-    const bool isInThreePhaseNet = instrument->wiringInThreePhaseNet && netConf == kThreePhaseNet;
+    const bool isInThreePhaseNet = instrument->wiringInThreePhaseNet && netConf == kNetThreePhase;
     const Wiring& wiring = isInThreePhaseNet ? *instrument->wiringInThreePhaseNet : instrument->wiring;
     std::transform(wiring.begin(), wiring.end(), facts.wiring.begin(), TextOf);
     if (instrument->remark)
         facts.wiring.back() = TextOf(instrument->remark);
     facts.minInterval = instrument->minInterval;
+    facts.leastRunInterval = instrument->leastRunInterval;
     facts.hasDeviceFunctions = instrument->hasDeviceFunctions;
+    facts.hasBusAddress = instrument->busFamily != nullptr;
     return facts;
 }
 

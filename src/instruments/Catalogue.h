@@ -1,6 +1,6 @@
 // What can be measured with what: the seven net configurations with the instruments that each allows, and for every
-// instrument entry its wiring, its smallest interval and its capabilities. The text of an entry is its key everywhere;
-// case and blanks count.
+// instrument entry its driver, its wiring, its intervals and its capabilities. The text of an entry is its key
+// everywhere; case and blanks count. Whatever is special about an entry is told here and asked for nowhere by its name.
 #pragma once
 
 #include "core/NetConfigurations.h"
@@ -10,9 +10,12 @@
 #include <QStringList>
 
 #include <array>
+#include <optional>
 #include <span>
 
 namespace korvanel {
+
+class InstrumentDriver;
 
 /// Tabs of the net configuration page, by their keys A to D.
 enum class NetTab
@@ -36,15 +39,52 @@ const NetConfiguration& NetConfigurationOf(int netConf);
 /// Instrument entries of a net configuration, in list order.
 QStringList InstrumentEntries(int netConf);
 
-/// What the catalogue knows of an instrument entry.
-struct InstrumentFacts
+/// Net, U, I, P, wattmeter method.
+using Wiring = std::array<TextRef, 5>;
+
+/// A family of instruments that have an address on a bus.
+struct BusFamily
 {
-    std::array<QString, 6> wiring;   ///< net, U, I, P, wattmeter method, remark
-    qint16 minInterval = 1;          ///< s
-    bool hasDeviceFunctions = false; ///< transformers, counter reset and device info
+    const char* name;       ///< as a list names it
+    const char* basicEntry; ///< by which an instrument of any mode is reached
 };
 
-/// An unknown entry has empty texts, 1 s and no functions.
+/// The one that there is.
+const BusFamily& FamilyWithAddresses();
+
+/// A row of the catalogue: an instrument in one of the ways in which it measures.
+struct Instrument
+{
+    const char* entry;
+    const InstrumentDriver* driver = nullptr; ///< none: the instrument can be chosen, but not yet be asked
+    Wiring wiring;
+    TextRef remark = nullptr;
+    qint16 minInterval = 1; ///< s, for the user to choose
+    /// s. A bound that a run has before `minInterval` and tells first; some have none.
+    std::optional<double> leastRunInterval = std::nullopt;
+    bool hasDeviceFunctions = false;      ///< transformers, counter reset and device info
+    const BusFamily* busFamily = nullptr; ///< none: the instrument has no bus address
+    /// Wiring of a single-phase meter in a three-phase net, which is `kNetThreePhase` alone.
+    const Wiring* wiringInThreePhaseNet = nullptr;
+};
+
+/// All entries, each once.
+std::span<const Instrument> Instruments();
+
+/// The row of an entry; null for any other text.
+const Instrument* FindInstrument(const QString& entry);
+
+/// What the catalogue says of an instrument entry.
+struct InstrumentFacts
+{
+    std::array<QString, 6> wiring;          ///< net, U, I, P, wattmeter method, remark
+    qint16 minInterval = 1;                 ///< s
+    std::optional<double> leastRunInterval; ///< s, as in the row
+    bool hasDeviceFunctions = false;        ///< transformers, counter reset and device info
+    bool hasBusAddress = false;
+};
+
+/// An unknown entry has empty texts, 1 s, no functions and no address.
 InstrumentFacts FactsOf(const QString& entry, int netConf);
 
 /// Looks an entry up for the net configuration of the block and puts the result there.

@@ -4,22 +4,11 @@
 #include "core/Messages.h"
 #include "core/texts/Default.h"
 #include "instruments/Catalogue.h"
-#include "instruments/IskraDriver.h"
 #include "instruments/SerialPort.h"
 
 namespace korvanel {
 
 namespace {
-
-/// Runs the driver that knows the entry; false if there is none.
-bool RunDriver(const QString& entry, quint8 command)
-{
-    using Driver = bool (*)(const QString&, quint8);
-    for (const Driver driver : {RunIskraDriver})
-        if (driver(entry, command))
-            return true;
-    return false;
-}
 
 void CloseIfOpen()
 {
@@ -33,8 +22,11 @@ bool DevCommand(quint8 command)
 {
     ApplicationBlock& app = App();
     app.sDevError.clear();
+    const Instrument* instrument = FindInstrument(app.sDevice);
     try {
-        if (!RunDriver(app.sDevice, command))
+        if (instrument && instrument->driver)
+            instrument->driver->Run(command);
+        else
             app.sDevError = texts::devUnknown + app.sDevice;
     } catch (const PortError& error) {
         app.sDevError = QString::fromUtf8(error.what());

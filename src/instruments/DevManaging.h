@@ -1,25 +1,10 @@
-// The one dispatcher by which everything talks to an instrument, and the sequences built on it. A driver is found by
-// the text of the chosen instrument entry.
+// The one dispatcher by which everything talks to an instrument, and the sequences built on it. The driver is that of
+// the row of the catalogue whose text is the chosen instrument entry.
 #pragma once
 
-#include <QtGlobal>
+#include "instruments/InstrumentDriver.h"
 
 namespace korvanel {
-
-enum DeviceCommand : quint8
-{
-    kDevSettings = 0,
-    kDevOpen = 1,
-    kDevIdentify = 2,
-    kDevConfigure = 3,
-    kDevPrepare = 4,
-    kDevSample = 5,
-    kDevClose = 6,
-    kDevReadTransformers = 7,
-    kDevWriteTransformers = 8,
-    kDevResetCounters = 9,
-    kDevInfo = 10,
-};
 
 /// Direction of `DevTransfer`.
 enum class TransferDirection

@@ -8,6 +8,8 @@
 #include "core/texts/FormF3.h"
 #include "core/texts/FormH5.h"
 #include "core/window/PendingInput.h"
+#include "instruments/Catalogue.h"
+#include "instruments/Frames.h"
 #include "instruments/PortBox.h"
 
 #include <QApplication>
@@ -68,7 +70,7 @@ QWidget* FormH5::BuildTop()
     auto* form = new QFormLayout(top);
     deviceBox = new QComboBox;
     deviceBox->setObjectName(QStringLiteral("cboDevice"));
-    deviceBox->addItem(QLatin1String(kFamilyWithAddress));
+    deviceBox->addItem(QString::fromUtf8(FamilyWithAddresses().name));
     form->addRow(texts::labelDevice, deviceBox);
     portBox = new PortBox;
     portBox->ShowPort(App().lComPort);
@@ -176,7 +178,7 @@ int FormH5::TypedAddress(int index) const
 
 void FormH5::Search(int index)
 {
-    if (deviceBox->currentText() != QLatin1String(kFamilyWithAddress)) {
+    if (deviceBox->currentText() != QString::fromUtf8(FamilyWithAddresses().name)) {
         infos.at(static_cast<std::size_t>(index))->setText(texts::modbusUnknownDevice);
         return;
     }

@@ -33,6 +33,12 @@ bool HasValidCrc(const QByteArray& reply)
     return reply.size() > kCrcBytes && Crc16Append(reply.chopped(kCrcBytes)) == reply;
 }
 
+bool IsAnswerTo(const QByteArray& request, const QByteArray& reply, qsizetype leastLength)
+{
+    constexpr qsizetype kHead = 2;
+    return reply.size() >= leastLength && reply.left(kHead) == request.left(kHead);
+}
+
 double UnitPrefixFactor(const QString& text)
 {
     struct Prefix

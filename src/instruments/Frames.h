@@ -6,6 +6,14 @@
 
 namespace korvanel {
 
+inline constexpr int kLeastBusAddress = 1;
+inline constexpr int kGreatestBusAddress = 247;
+
+constexpr bool IsBusAddress(int address)
+{
+    return address >= kLeastBusAddress && address <= kGreatestBusAddress;
+}
+
 /// The bytes with the CRC-16 of MODBUS RTU behind them, low byte first: start value 0xFFFF, reflected polynomial
 /// 0xA001.
 QByteArray Crc16Append(const QByteArray& frame);
@@ -13,6 +21,9 @@ QByteArray Crc16Append(const QByteArray& frame);
 /// True if the last two bytes are the CRC-16 of those before them. A reply of two bytes or less has none. A zero byte
 /// behind a sound frame is not noticed, as with every such sum: the length has to be looked at besides.
 bool HasValidCrc(const QByteArray& reply);
+
+/// True if a reply has the head of the request, which is address and function, and at least this many bytes.
+bool IsAnswerTo(const QByteArray& request, const QByteArray& reply, qsizetype leastLength);
 
 /// Factor of a unit prefix within a reply: 0.001 for "m", 1000 for "k", 1000000 for "M", else 1, looked for in this
 /// order and from the third character on, since the digits of the value stand before it. Upper and lower case differ.

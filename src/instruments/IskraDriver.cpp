@@ -4,24 +4,20 @@
 #include "core/Texts.h"
 #include "core/texts/Default.h"
 #include "core/texts/FormH5.h"
-#include "instruments/DevManaging.h"
+#include "instruments/EntryTable.h"
 #include "instruments/Frames.h"
 #include "instruments/IskraSample.h"
 #include "instruments/IskraValues.h"
 #include "instruments/SerialLink.h"
-#include "instruments/SerialPort.h"
 
-#include <algorithm>
-#include <iterator>
 #include <optional>
+#include <stdexcept>
 
 namespace korvanel {
 
 namespace {
 
 constexpr double kRegisterWait = 0.15;
-constexpr int kDataBits = 8;
-constexpr const char* kBaseEntry = "ISKRA MI71XX 1Ø2W (1b)";
 
 struct Mode
 {
@@ -31,16 +27,27 @@ struct Mode
     IskraPlan plan;
 };
 
+using enum IskraPlan;
+
 constexpr Mode kModes[] = {
-    {kBaseEntry, 1, &texts::devNotSinglePhase, IskraPlan::SinglePhase},
-    {"ISKRA MI71XX 1Ø2W (1b) Rec", 1, &texts::devNotSinglePhase, IskraPlan::SinglePhaseRecorder},
-    {"ISKRA MI71XX 3Ø3W (3u)", 5, &texts::devNotThreeWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W (4u)", 7, &texts::devNotFourWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", 7, &texts::devNotFourWire, IskraPlan::PhaseRecorderToNeutral},
-    {"ISKRA MI71XX 3Ø4W (4u) Rec L-L", 7, &texts::devNotFourWire, IskraPlan::PhaseRecorderToPhase},
-    {"ISKRA MI71XX 3Ø3W (3b)", 9, &texts::devNotThreeWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W (4b)", 25, &texts::devNotFourWire, IskraPlan::ThreePhase},
-    {"ISKRA MI71XX 3Ø4W U ", 25, &texts::devNotFourWire, IskraPlan::Voltages},
+    {.entry = "ISKRA MI71XX 1Ø2W (1b)", .connection = 1, .refusal = &texts::devNotSinglePhase, .plan = SinglePhase},
+    {.entry = "ISKRA MI71XX 1Ø2W (1b) Rec",
+     .connection = 1,
+     .refusal = &texts::devNotSinglePhase,
+     .plan = SinglePhaseRecorder},
+    {.entry = "ISKRA MI71XX 3Ø3W (3u)", .connection = 5, .refusal = &texts::devNotThreeWire, .plan = ThreePhase},
+    {.entry = "ISKRA MI71XX 3Ø4W (4u)", .connection = 7, .refusal = &texts::devNotFourWire, .plan = ThreePhase},
+    {.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-N",
+     .connection = 7,
+     .refusal = &texts::devNotFourWire,
+     .plan = PhaseRecorderToNeutral},
+    {.entry = "ISKRA MI71XX 3Ø4W (4u) Rec L-L",
+     .connection = 7,
+     .refusal = &texts::devNotFourWire,
+     .plan = PhaseRecorderToPhase},
+    {.entry = "ISKRA MI71XX 3Ø3W (3b)", .connection = 9, .refusal = &texts::devNotThreeWire, .plan = ThreePhase},
+    {.entry = "ISKRA MI71XX 3Ø4W (4b)", .connection = 25, .refusal = &texts::devNotFourWire, .plan = ThreePhase},
+    {.entry = "ISKRA MI71XX 3Ø4W U ", .connection = 25, .refusal = &texts::devNotFourWire, .plan = Voltages},
 };
 
 enum Function : quint8
@@ -80,8 +87,10 @@ QByteArray Ask(const QByteArray& request)
 /// Writes a register; true if the instrument echoes the request.
 bool WriteRegister(quint16 reg, quint16 value)
 {
+    constexpr qsizetype kCrcBytes = 2;
     const QByteArray request = Request(kWriteRegister, reg, value);
-    return Ask(request).chopped(2) == request;
+    const QByteArray reply = Ask(request);
+    return reply.size() == request.size() + kCrcBytes && reply.startsWith(request);
 }
 
 /// A register of a reply to a read: the 16-bit value at a data position, or nothing if the head is not the request's.
@@ -90,47 +99,50 @@ std::optional<quint16> ReadRegister(Function function, quint16 reg)
     constexpr qsizetype kWithData = 5;
     const QByteArray request = Request(function, reg, 1);
     const QByteArray reply = Ask(request);
-    if (reply.size() < kWithData || reply.left(2) != request.left(2))
+    if (!IsAnswerTo(request, reply, kWithData))
         return std::nullopt;
     return static_cast<quint16>(static_cast<quint8>(reply[3]) << 8 | static_cast<quint8>(reply[4]));
 }
 
-/// Opens the port that the project names now, which may be another one than at the last connection.
-void Open()
+/// The mode of the chosen entry. Every entry of the family has one.
+const Mode& ChosenMode()
 {
-    constexpr qint32 kGreatestAddress = 247;
-    if (App().lModbusAddress < 1 || App().lModbusAddress > kGreatestAddress) {
+    if (const Mode* mode = FindEntry(kModes, App().sDevice))
+        return *mode;
+    throw std::out_of_range("no mode for this entry");
+}
+
+} // namespace
+
+const IskraDriver kIskraDriver{};
+
+void IskraDriver::Open() const
+{
+    if (IsBusAddress(App().lModbusAddress))
+        InstrumentDriver::Open();
+    else
         App().sDevError = texts::modbusAddressRange;
-        return;
-    }
-    LinkSettings(kDataBits);
-    App().ThePort->Open();
 }
 
-void Identify(const Mode& mode)
+InstrumentDriver::Identity IskraDriver::Identify() const
 {
-    ApplicationBlock& app = App();
-    app.bDevConnected = false;
-    app.sDevFound.clear();
-    app.bConfigDue = true;
     const QByteArray reply = Ask(Request(kReadInput, kModelText, 3));
-    if (reply.isEmpty()) {
-        app.sDevError = texts::devTimeout;
-    } else if (HasValidCrc(reply) && reply.mid(3, 4) == "MI71") {
-        app.bDevConnected = true;
-        app.sDevFound = QString::fromUtf8(mode.entry);
-    } else {
-        app.sDevError = texts::devNotFound;
-    }
+    return {.reply = reply, .isOfFamily = HasValidCrc(reply) && reply.mid(3, 4) == "MI71"};
 }
 
-void Configure(const Mode& mode)
+void IskraDriver::Configure() const
 {
-    if (App().bConfigDue && !WriteRegister(kConnectionMode, mode.connection))
+    const Mode& mode = ChosenMode();
+    if (!WriteRegister(kConnectionMode, mode.connection))
         App().sDevError = TextOf(mode.refusal);
 }
 
-void ReadTransformers()
+void IskraDriver::Sample() const
+{
+    TakeIskraSample(ChosenMode().plan);
+}
+
+void IskraDriver::ReadTransformers() const
 {
     ApplicationBlock& app = App();
     // A register that can't be read, or holds nothing to divide by, counts as 1; the message stands.
@@ -149,7 +161,7 @@ void ReadTransformers()
     app.dDevTransPrimary[1] = read(kCurrentRatio, asItStands) * app.dDevTransSecondary[1];
 }
 
-void WriteTransformers()
+void IskraDriver::WriteTransformers() const
 {
     constexpr double kWrittenSecondary = 5; // the instrument's own secondary current isn't written
     ApplicationBlock& app = App();
@@ -164,20 +176,20 @@ void WriteTransformers()
             app.sDevError = texts::devTransNotWritten;
 }
 
-void ResetCounters()
+void IskraDriver::ResetCounters() const
 {
     constexpr quint16 kAll = 0xFFFF;
     if (!WriteRegister(kCounterReset, kAll))
         App().sDevError = texts::devResetFailed;
 }
 
-void ReadInfo()
+void IskraDriver::ReadInfo() const
 {
     constexpr qsizetype kModelLength = 6;
     ApplicationBlock& app = App();
     const QByteArray request = Request(kReadInput, kModelText, 3);
     const QByteArray reply = Ask(request);
-    const bool isModel = reply.size() >= 3 + kModelLength && reply.left(2) == request.left(2);
+    const bool isModel = IsAnswerTo(request, reply, 3 + kModelLength);
     // Asked whatever came before, so that an address without an instrument costs the same as one with it.
     const std::optional<quint16> number = ReadRegister(kReadInput, kDeviceNumber);
     if (!isModel || !number) {
@@ -186,53 +198,6 @@ void ReadInfo()
         return;
     }
     app.sDeviceId = QString::fromLatin1(reply.mid(3, kModelLength)) + u' ' + QString::number(*number);
-}
-
-} // namespace
-
-bool RunIskraDriver(const QString& entry, quint8 command)
-{
-    const auto* mode = std::find_if(std::begin(kModes), std::end(kModes),
-                                    [&](const Mode& m) { return entry == QString::fromUtf8(m.entry); });
-    if (mode == std::end(kModes))
-        return false;
-    switch (command) {
-    case kDevSettings:
-        LinkSettings(kDataBits);
-        break;
-    case kDevOpen:
-        Open();
-        break;
-    case kDevIdentify:
-        Identify(*mode);
-        break;
-    case kDevConfigure:
-        Configure(*mode);
-        break;
-    case kDevPrepare:
-        break;
-    case kDevSample:
-        TakeIskraSample(mode->plan);
-        break;
-    case kDevClose:
-        App().ThePort->Close();
-        break;
-    case kDevReadTransformers:
-        ReadTransformers();
-        break;
-    case kDevWriteTransformers:
-        WriteTransformers();
-        break;
-    case kDevResetCounters:
-        ResetCounters();
-        break;
-    case kDevInfo:
-        ReadInfo();
-        break;
-    default:
-        App().sDevError = texts::devUnknownCommand + QString::number(command);
-    }
-    return true;
 }
 
 } // namespace korvanel

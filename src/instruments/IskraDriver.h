@@ -2,13 +2,24 @@
 // transformers and counters, and the instrument's own text query for the measured values.
 #pragma once
 
-#include <QString>
-#include <QtGlobal>
+#include "instruments/InstrumentDriver.h"
 
 namespace korvanel {
 
-/// Carries out an operation if the entry is one of this family; false if it is none. Errors go into `sDevError`, a bad
-/// sample into the mask of `MeasuredRow`.
-bool RunIskraDriver(const QString& entry, quint8 command);
+class IskraDriver : public InstrumentDriver
+{
+protected:
+    /// Refuses an address outside the bus before anything is opened.
+    void Open() const override;
+    Identity Identify() const override;
+    void Configure() const override;
+    void Sample() const override;
+    void ReadTransformers() const override;
+    void WriteTransformers() const override;
+    void ResetCounters() const override;
+    void ReadInfo() const override;
+};
+
+extern const IskraDriver kIskraDriver;
 
 } // namespace korvanel

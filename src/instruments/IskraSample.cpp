@@ -1,12 +1,12 @@
 #include "instruments/IskraSample.h"
 
 #include "core/Common.h"
+#include "data/ElectricalFormulas.h"
 #include "instruments/Frames.h"
 #include "instruments/IskraValues.h"
 #include "instruments/SerialLink.h"
 
-#include <cmath>
-#include <numbers>
+#include <array>
 #include <span>
 
 namespace korvanel {
@@ -138,14 +138,14 @@ struct Plan
 {
     std::array<std::span<const Query>, 3> queries;
     Rest rest = Rest::Nothing;
-    double phaseFactor = 1; ///< of the apparent power: the square root of 3 for three phases
+    bool isThreePhase = false; ///< for the powers that are formed
 };
 
 const Plan& PlanOf(IskraPlan plan)
 {
     static constexpr std::array<Plan, 6> kPlans{{
         {{kSinglePhase}, Rest::Powers},
-        {{kThreePhase}, Rest::Powers, std::numbers::sqrt3},
+        {{kThreePhase}, Rest::Powers, true},
         {{kSinglePhaseRecorder, kEnergies}, Rest::EnergySums},
         {{kVoltagesToNeutral, kPhaseValues, kEnergies}, Rest::EnergySums},
         {{kVoltagesBetweenPhases, kPhaseValues, kEnergies}, Rest::EnergySums},
@@ -158,14 +158,13 @@ const Plan& PlanOf(IskraPlan plan)
 /// gives 0: half a number is no number.
 double ReadIskraValue(quint8 code, Kind kind)
 {
-    constexpr qsizetype kHead = 2;
     constexpr qsizetype kTextStart = 3;
     QByteArray request;
     request.append(static_cast<char>(App().lModbusAddress));
     request.append('M');
     request.append(static_cast<char>(code));
     const QByteArray reply = Exchange(Crc16Append(request), kQueryWait);
-    if (reply.left(kHead) != request.left(kHead) || reply.size() < kTextStart + IskraTextLength(kind)) {
+    if (!IsAnswerTo(request, reply, kTextStart + IskraTextLength(kind))) {
         App().MeasuredRow.sValidMask = QStringLiteral("EEEE");
         return 0;
     }
@@ -188,13 +187,13 @@ double FactorOf(Scale scale)
     return 1;
 }
 
-void FormPowers(Row& row, double phaseFactor)
+void FormPowers(Row& row, bool isThreePhase)
 {
-    const double phi = row.dPhi[kSum] * std::numbers::pi / 180;
-    row.dCosPhi[kSum] = std::cos(phi);
-    row.dS[kSum] = row.dU[kSum] * row.dI[kSum] * phaseFactor;
-    row.dP[kSum] = row.dS[kSum] * row.dCosPhi[kSum];
-    row.dQ[kSum] = row.dS[kSum] * std::sin(phi);
+    const Powers powers = PowersOfAngle(row.dU[kSum], row.dI[kSum], row.dPhi[kSum], isThreePhase);
+    row.dS[kSum] = powers.S;
+    row.dP[kSum] = powers.P;
+    row.dQ[kSum] = powers.Q;
+    row.dCosPhi[kSum] = powers.cosPhi;
 }
 
 } // namespace
@@ -215,7 +214,7 @@ void TakeIskraSample(IskraPlan plan)
         for (const Query& query : queries)
             query.field(row) = ReadIskraValue(query.code, query.kind) * FactorOf(query.scale) / query.divisor;
     if (told.rest == Rest::Powers)
-        FormPowers(row, told.phaseFactor);
+        FormPowers(row, told.isThreePhase);
     if (told.rest == Rest::EnergySums) {
         row.dWpAbs = row.dWpPlusAbs - row.dWpMinusAbs;
         row.dWqAbs = row.dWqPlusAbs - row.dWqMinusAbs;

@@ -1,5 +1,6 @@
 #include "acquisition/MeasurementConfiguration.h"
 
+#include "instruments/Catalogue.h"
 #include "support/Fixture.h"
 
 #include <cmath>
@@ -278,6 +279,51 @@ TEST_F(MeasurementConfiguration, RunCheck_OfANanovipIsFromOneAndAHalfToSixty)
     }
     App().dInterval = 1.6;
     EXPECT_FALSE(CheckIntervalForRun()) << "below what the instrument can do";
+}
+
+TEST_F(MeasurementConfiguration, RunCheck_TellsTheLeastIntervalOfEachEntry)
+{
+    struct Case
+    {
+        const char* entry;
+        const char* bound; ///< that is told to an interval far too short
+        double shortest;   ///< s, that a run accepts
+    };
+    const Case cases[] = {
+        {"ISKRA MI71XX 1Ø2W (1b)", "1", 1},
+        {"ISKRA MI71XX 1Ø2W (1b) Rec", "1", 1},
+        {"ISKRA MI71XX 3Ø3W (3u)", "1", 1},
+        {"ISKRA MI71XX 3Ø4W (4u)", "1", 1},
+        {"ISKRA MI71XX 3Ø3W (3b)", "1", 1},
+        {"ISKRA MI71XX 3Ø4W (4b)", "1", 1},
+        {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", "5", 5},
+        {"ISKRA MI71XX 3Ø4W (4u) Rec L-L", "5", 5},
+        {"ISKRA MI71XX 3Ø4W U ", "1", 1},
+        {"NANOVIP-PLUS 1Ø2W", "1,5", 2},
+        {"NANOVIP-PLUS 3Ø3W", "1,5", 2},
+        {"NORMA D4355 1Ø2W", "2", 2},
+        {"NORMA D4355 3Ø4W", "2", 2},
+        {"YOKOGAWA WT130 1Ø2W", "1", 1},
+        {"YOKOGAWA WT130 3Ø3W", "1", 1},
+        {"YOKOGAWA WT130 3Ø4W", "1", 1},
+        {"YOKOGAWA 2535 1Ø2W", "1", 1},
+        {"YOKOGAWA 2535 3Ø3W", "1", 1},
+        {"YOKOGAWA 2535 3Ø4W", "1", 1},
+    };
+    for (const Case& c : cases) {
+        App().sDevice = QString::fromUtf8(c.entry);
+        LookUpInstrument(App().sDevice);
+        shell.boxes.clear();
+        App().dInterval = 0.5;
+        EXPECT_FALSE(CheckIntervalForRun()) << c.entry;
+        EXPECT_EQ(RangeMessage(), QString("Der eingegebene Wert muss sich\nzwischen %1 und 60  befinden.").arg(c.bound))
+            << c.entry;
+        EXPECT_EQ(shell.boxes.size(), 1U) << c.entry;
+        App().dInterval = c.shortest - 0.01;
+        EXPECT_FALSE(CheckIntervalForRun()) << c.entry;
+        App().dInterval = c.shortest;
+        EXPECT_TRUE(CheckIntervalForRun()) << c.entry;
+    }
 }
 
 TEST_F(MeasurementConfiguration, Transformers_ZeroOrLessOrNoNumberBecomesOne)

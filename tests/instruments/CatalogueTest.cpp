@@ -1,7 +1,10 @@
 // The catalogue: net configurations with their instruments, and what is known of each instrument entry.
 #include "instruments/Catalogue.h"
 
+#include "instruments/DevManaging.h"
+#include "instruments/IskraDriver.h"
 #include "support/Fixture.h"
+#include "support/ScriptedPort.h"
 
 #include <stdexcept>
 
@@ -187,6 +190,104 @@ TEST_F(CatalogueTest, EveryOfferedEntry_IsKnown)
     for (int netConf = 0; netConf < kNetConfCount; ++netConf)
         for (const QString& entry : InstrumentEntries(netConf))
             EXPECT_NE(FactsOf(entry, netConf).wiring[0], "") << entry.toStdString();
+}
+
+TEST_F(CatalogueTest, Instruments_AreTheEntriesEachOnce)
+{
+    QStringList entries;
+    for (const Instrument& instrument : Instruments())
+        entries << QString::fromUtf8(instrument.entry);
+    QStringList expected;
+    for (const Row& row : kRows)
+        expected << QString::fromUtf8(row.entry);
+    EXPECT_EQ(entries.size(), std::ssize(kRows));
+    EXPECT_EQ(QSet<QString>(entries.begin(), entries.end()), QSet<QString>(expected.begin(), expected.end()));
+}
+
+TEST_F(CatalogueTest, FindInstrument_IsTheRowOfExactlyThisText)
+{
+    for (const Instrument& instrument : Instruments())
+        EXPECT_EQ(FindInstrument(QString::fromUtf8(instrument.entry)), &instrument) << instrument.entry;
+    for (const char* entry : {"", "ISKRA MI71XX 3Ø4W U", "iskra mi71xx 1ø2w (1b)", "NORMA D4355 1Ø2W ", "NORMA D4355"})
+        EXPECT_EQ(FindInstrument(QString::fromUtf8(entry)), nullptr) << entry;
+}
+
+/// The instrument of an entry, which the dispatcher asks on a line where nobody answers.
+class CataloguedDriver : public CatalogueTest
+{
+protected:
+    CataloguedDriver()
+    {
+        App().ThePort = &port;
+        App().lModbusAddress = 33;
+    }
+    /// Error of an operation of an entry.
+    static QString ErrorOf(const char* entry, quint8 command)
+    {
+        App().sDevice = QString::fromUtf8(entry);
+        App().bConfigDue = true;
+        DevCommand(command);
+        return App().sDevError;
+    }
+    static QString UnknownCommand(int command) { return QString("Unbekanntes Gerätekommando: %1").arg(command); }
+
+    ScriptedPort port;
+};
+
+TEST_F(CataloguedDriver, OfEachRow_IsThatOfItsFamily)
+{
+    for (const Instrument& instrument : Instruments()) {
+        const bool isIskra = QString::fromUtf8(instrument.entry).startsWith("ISKRA");
+        EXPECT_EQ(instrument.driver, isIskra ? &kIskraDriver : nullptr) << instrument.entry;
+    }
+}
+
+TEST_F(CataloguedDriver, IsReachedByTheTextOfItsRow)
+{
+    for (const Instrument& instrument : Instruments())
+        EXPECT_EQ(ErrorOf(instrument.entry, 11),
+                  instrument.driver ? UnknownCommand(11)
+                                    : QStringLiteral("Unbekanntes Messgerät: ") + QString::fromUtf8(instrument.entry))
+            << instrument.entry;
+}
+
+TEST_F(CataloguedDriver, CanConfigureAndSampleEveryEntryThatNamesIt)
+{
+    for (const Instrument& instrument : Instruments())
+        for (const quint8 command : {kDevConfigure, kDevSample})
+            if (instrument.driver) {
+                port.requests.clear();
+                EXPECT_NE(ErrorOf(instrument.entry, command), UnknownCommand(command)) << instrument.entry;
+                EXPECT_FALSE(port.requests.empty()) << instrument.entry << ' ' << int{command};
+            }
+}
+
+TEST_F(CataloguedDriver, HasTheFunctionsThatTheRowPromisesAndNoOthers)
+{
+    for (const Instrument& instrument : Instruments())
+        for (const quint8 command : {kDevReadTransformers, kDevWriteTransformers, kDevResetCounters, kDevInfo})
+            if (instrument.driver)
+                EXPECT_EQ(ErrorOf(instrument.entry, command) != UnknownCommand(command), instrument.hasDeviceFunctions)
+                    << instrument.entry << ' ' << int{command};
+}
+
+TEST_F(CatalogueTest, LeastRunInterval_IsOfTheBlockInstrumentsAlone)
+{
+    for (const Row& row : kRows) {
+        const bool isBlock = QString::fromUtf8(row.entry).startsWith("NANOVIP");
+        EXPECT_EQ(FactsOf(row.entry, 0).leastRunInterval, isBlock ? std::optional(1.5) : std::nullopt) << row.entry;
+    }
+    EXPECT_EQ(FactsOf("FLUKE", 0).leastRunInterval, std::nullopt);
+}
+
+TEST_F(CatalogueTest, BusAddresses_AreOfOneFamilyWhoseBasicEntryIsAmongThem)
+{
+    EXPECT_STREQ(FamilyWithAddresses().name, "ISKRA MI71XX");
+    EXPECT_STREQ(FamilyWithAddresses().basicEntry, "ISKRA MI71XX 1Ø2W (1b)");
+    EXPECT_TRUE(FactsOf(FamilyWithAddresses().basicEntry, 0).hasBusAddress);
+    for (const Row& row : kRows)
+        EXPECT_EQ(FactsOf(row.entry, 0).hasBusAddress, QString::fromUtf8(row.entry).startsWith("ISKRA")) << row.entry;
+    EXPECT_FALSE(FactsOf("ISKRA MI71XX", 0).hasBusAddress) << "the family is no entry";
 }
 
 TEST_F(CatalogueTest, LookUpInstrument_PutsTheResultIntoTheBlock)

@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <map>
+#include <stdexcept>
 
 namespace korvanel::test {
 namespace {
@@ -313,6 +314,15 @@ TEST_F(IskraDriver, DevCommand_UnknownEntriesAndOperationsAreTold)
     App().sDevice += u' ';
     EXPECT_FALSE(DevCommand(11));
     EXPECT_EQ(App().sDevError, "Unbekanntes Gerätekommando: 11");
+}
+
+TEST_F(IskraDriver, AnEntryThatIsNoModeOfItsOwn_IsAFaultOfTheProgram)
+{
+    App().sDevice = QStringLiteral("NORMA D4355 1Ø2W");
+    App().bConfigDue = true;
+    EXPECT_THROW(kIskraDriver.Run(kDevConfigure), std::out_of_range);
+    EXPECT_THROW(kIskraDriver.Run(kDevSample), std::out_of_range);
+    EXPECT_TRUE(port.requests.empty());
 }
 
 TEST_F(IskraDriver, DevCommand_APortThatCantBeOpenedIsTold)

@@ -31,6 +31,30 @@ TEST(Frames, HasValidCrc_RefusesDamageAndWhatIsTooShort)
     EXPECT_FALSE(HasValidCrc(QByteArray::fromHex("FFFF"))) << "a CRC of nothing is no reply";
 }
 
+TEST(Frames, IsAnswerTo_NeedsTheAddressAndTheFunctionOfTheRequest)
+{
+    const QByteArray request = QByteArray::fromHex("210400040001");
+    EXPECT_TRUE(IsAnswerTo(request, QByteArray::fromHex("2104021267"), 5));
+    EXPECT_TRUE(IsAnswerTo(request, QByteArray::fromHex("210402126700"), 5)) << "more than that is no fault";
+    for (const char* reply : {"2204021267", "2184021267", "0421021267", "002104021267"})
+        EXPECT_FALSE(IsAnswerTo(request, QByteArray::fromHex(reply), 5)) << reply;
+}
+
+TEST(Frames, IsAnswerTo_NeedsTheWholeLength)
+{
+    const QByteArray request = QByteArray::fromHex("210400040001");
+    for (const char* reply : {"", "21", "2104", "21040212"})
+        EXPECT_FALSE(IsAnswerTo(request, QByteArray::fromHex(reply), 5)) << reply;
+}
+
+TEST(Frames, IsBusAddress_FromOneTo247)
+{
+    for (const int address : {1, 33, 247})
+        EXPECT_TRUE(IsBusAddress(address)) << address;
+    for (const int address : {0, -1, 248, 256 + 33, 2147483647})
+        EXPECT_FALSE(IsBusAddress(address)) << address;
+}
+
 TEST(Frames, UnitPrefixFactor_CountsFromTheThirdCharacterOn)
 {
     EXPECT_EQ(UnitPrefixFactor("12.5mA"), 0.001);
