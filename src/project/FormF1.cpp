@@ -5,6 +5,7 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/texts/FormF1.h"
+#include "core/window/PlainToolTip.h"
 #include "project/ProjectCommands.h"
 
 #include <QEvent>

@@ -16,15 +16,9 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace korvanel {
-
-QString PlainToolTip(const QString& text)
-{
-    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
-}
 
 Page::Page(MainWindow& window, const PageEntry& entry) : frameWindow(window), pageEntry(entry), body(new QVBoxLayout)
 {

@@ -19,9 +19,6 @@ struct PageEntry;
 inline constexpr int kPageWidth = 754;
 inline constexpr int kPageHeight = 487;
 
-/// A tool tip that shows the text as it stands, also where it looks like markup.
-QString PlainToolTip(const QString& text);
-
 class Page : public QWidget
 {
     Q_OBJECT
