@@ -49,24 +49,18 @@ using namespace korvanel;
 
 namespace {
 
-template <typename Form>
-Page* Build(MainWindow& window, const PageEntry& entry)
-{
-    return new Form(window, entry);
-}
-
 void RegisterPages(MainWindow& window)
 {
     for (const PageEntry& entry : Pages())
-        window.RegisterPage(entry.number, Build<FormLater>);
-    window.RegisterPage(kPageGeneralData, Build<FormF1>);
-    window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
-    window.RegisterPage(kPageDevice, Build<FormF3>);
-    window.RegisterPage(kPageMeasure, Build<FormF4>);
-    window.RegisterPage(kPageResultTable, [](MainWindow& frame, const PageEntry& entry) -> Page* {
+        window.RegisterPage(entry.number, BuildPage<FormLater>);
+    window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
+    window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
+    window.RegisterPage(kPageDevice, BuildPage<FormF3>);
+    window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
+    window.RegisterPage(kPageResultTable, [](PageFrame& frame, const PageEntry& entry) -> Page* {
         return new FormF6(frame, entry, ExportFromPage);
     });
-    window.RegisterPage(kPageMachine, Build<FormF10>);
+    window.RegisterPage(kPageMachine, BuildPage<FormF10>);
 }
 
 void ConnectPageEntries(MainWindow& window)

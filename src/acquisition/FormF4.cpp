@@ -13,7 +13,7 @@
 #include "core/clsSymbols.h"
 #include "core/texts/Default.h"
 #include "core/texts/FormF4.h"
-#include "core/window/MainWindow.h"
+#include "core/window/PageFrame.h"
 #include "core/window/StatusLamp.h"
 #include "data/RowQuantities.h"
 #include "data/SampleGrid.h"
@@ -64,8 +64,8 @@ bool WasMeasuredWell(const std::vector<OnlineCurve>& curves, int quantity, const
 
 } // namespace
 
-FormF4::FormF4(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
+FormF4::FormF4(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
       grid(new SampleGrid(App().iGridRows.at(kShownSetsEntry))), graph(new OnlineGraph), side(new QTabWidget),
       curveList(new CurveList), extraTable(new QTableWidget), scheduleGrid(new ScheduleGrid),
       lamp(new StatusLamp(QStringLiteral("shpLamp")))
@@ -294,7 +294,7 @@ void FormF4::EnableTicks(bool areEnabled)
 
 void FormF4::LockPage(bool isLocked)
 {
-    Window().SetPageButtons(!isLocked);
+    Frame().SetPageButtons(!isLocked);
     engineBox->setEnabled(!isLocked);
     scheduleGrid->setEnabled(!isLocked);
     if (isLocked && HasMachine(App().iNetConfIndex)) {

@@ -39,8 +39,8 @@ constexpr int kVoltagesOnly = 6; ///< net configuration without power
 
 } // namespace
 
-FormF6::FormF6(MainWindow& window, const PageEntry& entry, std::function<void()> exportRecording)
-    : Page(window, entry), exportSets(std::move(exportRecording)), tabs(new QTabWidget),
+FormF6::FormF6(PageFrame& host, const PageEntry& entry, std::function<void()> exportRecording)
+    : Page(host, entry), exportSets(std::move(exportRecording)), tabs(new QTabWidget),
       list(new SetList(JudgeBy(RatingMode::MachineI)))
 {
     Body().setSpacing(5);

@@ -8,7 +8,7 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/texts/FormF10.h"
-#include "core/window/MainWindow.h"
+#include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "data/ComputedQuantities.h"
 #include "instruments/DevManaging.h"
@@ -38,8 +38,8 @@
 
 namespace korvanel {
 
-FormF10::FormF10(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), measurement(*this), timer(new QTimer(this)), tabs(new QTabWidget), grid(new MachineGrid),
+FormF10::FormF10(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), measurement(*this), timer(new QTimer(this)), tabs(new QTabWidget), grid(new MachineGrid),
       ratingTab(new RatingTab), furtherTab(new FurtherTab), browseBar(new BrowseBar)
 {
     timer->setObjectName(QStringLiteral("Timer1"));
@@ -181,7 +181,7 @@ void FormF10::ShowMachine()
     grid->ShowRow(browser.Row());
     browseBar->ShowPlace(browser.Row(), static_cast<int>(browser.Lines().size()));
     noDatabaseLabel->setVisible(!browser.HasDatabase());
-    Window().ShowDatabase(browser.HasDatabase() ? FileNameOf(App().sMotorDbPath) : QString());
+    Frame().ShowDatabase(browser.HasDatabase() ? FileNameOf(App().sMotorDbPath) : QString());
     ShowState();
 }
 
@@ -219,7 +219,7 @@ void FormF10::ShowState()
     ratingTab->SetEditing(isEdited);
     furtherTab->SetEditing(isEdited);
     ratingTab->SetMeasuring(isMeasuring);
-    Window().SetPageButtons(isBrowsing);
+    Frame().SetPageButtons(isBrowsing);
 }
 
 MachineEntry FormF10::Entry() const
@@ -373,7 +373,7 @@ void FormF10::Leave()
     measurement.Stop();
     if (std::exchange(isLeft, true))
         return;
-    Window().ShowDatabase({});
+    Frame().ShowDatabase({});
     if (isEdited)
         RunGuarded(objectName(), [this] { browser.CancelEdit(); });
     RunGuarded(objectName(), [this] { PassOn(); });

@@ -21,8 +21,7 @@
 
 namespace korvanel {
 
-FormF1::FormF1(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), form(new QFormLayout), frame(new QGroupBox)
+FormF1::FormF1(PageFrame& host, const PageEntry& entry) : Page(host, entry), form(new QFormLayout), frame(new QGroupBox)
 {
     frame->setObjectName(QStringLiteral("fraProject"));
     frame->setLayout(form);

@@ -14,7 +14,7 @@ class ExportPageTest : public ResultPageTest
 protected:
     void Bind(const std::function<void()>& routine)
     {
-        window.RegisterPage(kPageResultTable, [routine](MainWindow& frame, const PageEntry& entry) -> Page* {
+        window.RegisterPage(kPageResultTable, [routine](PageFrame& frame, const PageEntry& entry) -> Page* {
             return new FormF6(frame, entry, routine);
         });
     }

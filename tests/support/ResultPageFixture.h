@@ -47,7 +47,7 @@ protected:
                           .fileName());
         settings = std::make_unique<clsProgSettings>(folder.path());
         App().ProgSettings = settings.get();
-        window.RegisterPage(kPageResultTable, [this](MainWindow& frame, const PageEntry& entry) -> Page* {
+        window.RegisterPage(kPageResultTable, [this](PageFrame& frame, const PageEntry& entry) -> Page* {
             return new FormF6(frame, entry, [this] { ++exports; });
         });
     }

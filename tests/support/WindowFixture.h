@@ -46,12 +46,12 @@ protected:
         App().ThePort = &port;
         App().sVersion = QStringLiteral("V1.2.3");
         for (const PageEntry& entry : Pages())
-            window.RegisterPage(entry.number, Build<FormLater>);
-        window.RegisterPage(kPageGeneralData, Build<FormF1>);
-        window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
-        window.RegisterPage(kPageDevice, Build<FormF3>);
-        window.RegisterPage(kPageMeasure, Build<FormF4>);
-        window.RegisterPage(kPageMachine, Build<FormF10>);
+            window.RegisterPage(entry.number, BuildPage<FormLater>);
+        window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
+        window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
+        window.RegisterPage(kPageDevice, BuildPage<FormF3>);
+        window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
+        window.RegisterPage(kPageMachine, BuildPage<FormF10>);
         App().sMotorDbPath = PathOf("NO_MOTORS.MDB");
         SQLite::Database(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
             .exec(kCreateMotor);
@@ -63,12 +63,6 @@ protected:
         App().bProjectDirty = false;
         App().bProjectOpen = false;
         window.UnloadPage();
-    }
-
-    template <typename Form>
-    static Page* Build(MainWindow& frame, const PageEntry& entry)
-    {
-        return new Form(frame, entry);
     }
 
     /// A project of a net configuration, open in the window without a page.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/Shell.h"
+#include "core/window/PageFrame.h"
 #include "core/window/clsMRUMenu.h"
 
 #include <QMainWindow>
@@ -18,13 +19,17 @@ class QMdiSubWindow;
 namespace korvanel {
 
 class MainMenu;
-class MainWindow;
 class Page;
 class StatusPanels;
 struct PageEntry;
 
 /// Makes a page when it is shown.
-using PageBuilder = std::function<Page*(MainWindow&, const PageEntry&)>;
+using PageBuilder = std::function<Page*(PageFrame&, const PageEntry&)>;
+template <typename Form>
+Page* BuildPage(PageFrame& frame, const PageEntry& entry)
+{
+    return new Form(frame, entry);
+}
 
 /// What the window asks of the project when a page is left and when it closes. The project's own page stands on the
 /// window, so the window knows the project by these alone.
@@ -34,7 +39,7 @@ struct ProjectHooks
     std::function<bool()> close; ///< false if the user cancels
 };
 
-class MainWindow : public QMainWindow, public Shell
+class MainWindow : public QMainWindow, public Shell, public PageFrame
 {
     Q_OBJECT
 
@@ -53,16 +58,10 @@ public:
     /// Puts title and version on the window and its first panel, and the texts of the table on the menu.
     void ApplyMainTexts();
 
-    /// Unloads the page on show and shows another; 7 shows none.
-    void UnloadAndOpen(int page);
     /// Tells whether the current page may be shown; without a valid machine it shows the machine page instead.
     bool CheckPageAllowed();
     /// Ends what the page keeps running and forgets it as the current one.
     void LeavePage();
-    /// Buttons of a page that a run must not be left by.
-    void SetPageButtons(bool areEnabled);
-    /// Shows the file name of the motor database in the status bar; an empty name ends that.
-    void ShowDatabase(const QString& name);
     Page* PageOnShow() const { return page; }
     MainMenu& Menu() { return *menu; }
 
@@ -70,6 +69,11 @@ public:
     void EndProgram();
     /// Starts the program anew in another language, if the user agrees.
     void ChooseLanguage(const QString& languageFile);
+
+    // PageFrame
+    void UnloadAndOpen(int page) override;
+    void SetPageButtons(bool areEnabled) override;
+    void ShowDatabase(const QString& name) override;
 
     // Shell
     Answer ShowBox(const Box& box) override;
