@@ -1,11 +1,12 @@
-// Composition root: creates the long-lived objects in their order, registers the pages and what the menu does, and
-// starts the event loop.
+// Composition root: creates the long-lived objects in their order, says who answers the hooks, registers the pages and
+// what the menu does, and starts the event loop.
 
 #include "acquisition/FormF3.h"
 #include "acquisition/FormF4.h"
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Paths.h"
@@ -43,11 +44,31 @@
 #include <QPixmap>
 #include <QTranslator>
 
+#include <functional>
 #include <optional>
 
 using namespace korvanel;
 
 namespace {
+
+/// What a lower room wants of a higher one, and who answers.
+void SetHooks()
+{
+    struct Line
+    {
+        Hook hook;
+        std::function<bool()> answer;
+    };
+    const Line lines[] = {
+        {.hook = Hook::SaveIfDirty, .answer = Done(SaveIfDirty)},
+        {.hook = Hook::CloseProject, .answer = CloseProject},
+        {.hook = Hook::LoadMachines, .answer = Done(LoadProjectMachines)},
+        {.hook = Hook::CopyMachines, .answer = Done(CopyMachinesIntoProject)},
+        {.hook = Hook::ExportEvaluation, .answer = Done(ExportFromPage)},
+    };
+    for (const Line& line : lines)
+        SetHook(line.hook, line.answer);
+}
 
 void RegisterPages(MainWindow& window)
 {
@@ -57,9 +78,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
     window.RegisterPage(kPageDevice, BuildPage<FormF3>);
     window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
-    window.RegisterPage(kPageResultTable, [](PageFrame& frame, const PageEntry& entry) -> Page* {
-        return new FormF6(frame, entry, ExportFromPage);
-    });
+    window.RegisterPage(kPageResultTable, BuildPage<FormF6>);
     window.RegisterPage(kPageMachine, BuildPage<FormF10>);
 }
 
@@ -142,10 +161,10 @@ int main(int argc, char* argv[])
     StartDayClock();
     SystemPort port([](int number) { return DeviceOfPort(number, SystemPortSources()); });
     App().ThePort = &port;
-    MainWindow window({SaveIfDirty, CloseProject});
+    SetHooks();
+    MainWindow window;
     App().TheShell = &window;
     window.SetMotorDatabaseChooser([&window] { return FormH11::ChangeDatabase(&window); });
-    SetMachineHooks({LoadProjectMachines, CopyMachinesIntoProject});
 
     const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
     clsTimeSchedule schedule;

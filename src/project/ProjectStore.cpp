@@ -1,6 +1,7 @@
 #include "project/ProjectStore.h"
 
 #include "core/Clock.h"
+#include "core/Hooks.h"
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
@@ -63,26 +64,6 @@ void CreateTables()
 
 } // namespace
 
-namespace {
-
-MachineHooks& InstalledHooks()
-{
-    static MachineHooks hooks;
-    return hooks;
-}
-
-} // namespace
-
-void SetMachineHooks(MachineHooks hooks)
-{
-    InstalledHooks() = std::move(hooks);
-}
-
-const MachineHooks& Machines()
-{
-    return InstalledHooks();
-}
-
 void CreateProjectFile(const QString& path)
 {
     const bool wasThere = QFileInfo::exists(path);
@@ -144,7 +125,7 @@ void OpenProject(const QString& path)
     bool isReadOnly = false;
     try {
         isReadOnly = ReadProject();
-        Machines().load();
+        CallHook(Hook::LoadMachines);
     } catch (const DbError&) {
         ShowBadFormat(path);
         App().bFileError = true;

@@ -1,5 +1,7 @@
 // The machines of a project: loaded with it, compared with the motor database, copied into it.
 #include "motors/MotorDatabase.h"
+
+#include "core/Hooks.h"
 #include "project/ProjectCommands.h"
 #include "support/MotorDbFixture.h"
 
@@ -16,10 +18,10 @@ class ProjectMachines : public MotorDbTest
 protected:
     ProjectMachines()
     {
-        SetMachineHooks({LoadProjectMachines, CopyMachinesIntoProject});
+        SetHook(Hook::LoadMachines, Done(LoadProjectMachines));
+        SetHook(Hook::CopyMachines, Done(CopyMachinesIntoProject));
         MakeMotorDb();
     }
-    ~ProjectMachines() override { SetMachineHooks({}); }
 
     /// A project with the machines given, closed.
     void MakeProject(int netConf, bool hasFirst, bool hasSecond)

@@ -4,6 +4,7 @@
 #include "acquisition/FormF3.h"
 #include "acquisition/FormF4.h"
 #include "acquisition/clsTimeSchedule.h"
+#include "core/Hooks.h"
 #include "core/clsGraphColours.h"
 #include "core/window/FormLater.h"
 #include "core/window/MainMenu.h"
@@ -14,6 +15,7 @@
 #include "motors/FormF10.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
+#include "project/ProjectStore.h"
 #include "support/MotorDbFixture.h"
 #include "support/ScriptedPort.h"
 
@@ -25,7 +27,7 @@ namespace korvanel::test {
 class ScriptedWindow : public MainWindow
 {
 public:
-    explicit ScriptedWindow(RecordingShell& ofScript) : MainWindow({SaveIfDirty, CloseProject}), script(ofScript) {}
+    explicit ScriptedWindow(RecordingShell& ofScript) : script(ofScript) {}
     Answer ShowBox(const Box& box) override { return script.ShowBox(box); }
     QString AskOpenPath(const FileQuestion& question) override { return script.AskOpenPath(question); }
     std::optional<QString> AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }
@@ -45,13 +47,9 @@ protected:
         App().GraphColours = &colours;
         App().ThePort = &port;
         App().sVersion = QStringLiteral("V1.2.3");
-        for (const PageEntry& entry : Pages())
-            window.RegisterPage(entry.number, BuildPage<FormLater>);
-        window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
-        window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
-        window.RegisterPage(kPageDevice, BuildPage<FormF3>);
-        window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
-        window.RegisterPage(kPageMachine, BuildPage<FormF10>);
+        SetHook(Hook::SaveIfDirty, Done(SaveIfDirty));
+        SetHook(Hook::CloseProject, CloseProject);
+        RegisterForms();
         App().sMotorDbPath = PathOf("NO_MOTORS.MDB");
         SQLite::Database(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
             .exec(kCreateMotor);
@@ -63,6 +61,17 @@ protected:
         App().bProjectDirty = false;
         App().bProjectOpen = false;
         window.UnloadPage();
+    }
+
+    void RegisterForms()
+    {
+        for (const PageEntry& entry : Pages())
+            window.RegisterPage(entry.number, BuildPage<FormLater>);
+        window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
+        window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
+        window.RegisterPage(kPageDevice, BuildPage<FormF3>);
+        window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
+        window.RegisterPage(kPageMachine, BuildPage<FormF10>);
     }
 
     /// A project of a net configuration, open in the window without a page.

@@ -1,6 +1,7 @@
 #include "core/window/MainWindow.h"
 
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Paths.h"
@@ -33,9 +34,7 @@ const QString kRecentSection = QStringLiteral("MRU");
 
 } // namespace
 
-MainWindow::MainWindow(ProjectHooks hooks)
-    : project(std::move(hooks)), menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this)),
-      panels(new StatusPanels)
+MainWindow::MainWindow() : menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this)), panels(new StatusPanels)
 {
     setObjectName(QStringLiteral("MainForm"));
     area->setObjectName(QStringLiteral("mdiFrame"));
@@ -77,7 +76,7 @@ void MainWindow::UnloadPage()
     App().lPageLeft = pageFrame->x();
     App().lPageTop = pageFrame->y();
     const QPointer<Page> left = page;
-    project.saveIfDirty();
+    CallHook(Hook::SaveIfDirty);
     if (!left || page != left) // the save may have told a failure, and much can happen while a box is on show
         return;
     LeavePage();
@@ -103,7 +102,7 @@ bool MainWindow::CheckPageAllowed()
     if (!entry)
         return true;
     if (entry->number == kPageMachine)
-        return isMachinePageAllowed();
+        return CallHook(Hook::AllowMachinePage);
     if (MayShowWithoutMachine(*entry, App().iNetConfIndex, App().bModelValid))
         return true;
     ShowError(texts::noMachineChosen);
@@ -266,7 +265,7 @@ QString MainWindow::DefaultPrinterName()
 void MainWindow::EndProgram()
 {
     UnloadPage();
-    if (project.close())
+    if (CallHook(Hook::CloseProject))
         close();
 }
 
@@ -291,10 +290,10 @@ void MainWindow::closeEvent(QCloseEvent* event)
     RunGuarded(objectName(), [this, event] {
         if (page)
             page->Leave(); // a recording ends before its file does
-        const bool isClosing = project.close();
+        const bool isClosing = CallHook(Hook::CloseProject);
         event->setAccepted(isClosing);
         // A cancelled closing goes on all the same: the user keeps the window and the project, without a page.
-        project.saveIfDirty();
+        CallHook(Hook::SaveIfDirty);
         UnloadPage();
         recentFiles.StoreSettings(kSettingsApplication, kRecentSection);
         if (IsAnyValueLost())

@@ -31,26 +31,16 @@ Page* BuildPage(PageFrame& frame, const PageEntry& entry)
     return new Form(frame, entry);
 }
 
-/// What the window asks of the project when a page is left and when it closes. The project's own page stands on the
-/// window, so the window knows the project by these alone.
-struct ProjectHooks
-{
-    std::function<void()> saveIfDirty;
-    std::function<bool()> close; ///< false if the user cancels
-};
-
 class MainWindow : public QMainWindow, public Shell, public PageFrame
 {
     Q_OBJECT
 
 public:
-    explicit MainWindow(ProjectHooks hooks);
+    MainWindow();
     ~MainWindow() override;
 
     /// The builder of a page; the composition root registers one for each number.
     void RegisterPage(int number, PageBuilder builder);
-    /// Whether the machine page can be shown, asked each time.
-    void SetMachinePageCheck(std::function<bool()> check) { isMachinePageAllowed = std::move(check); }
 
     /// The dialog in which another motor database is chosen; it stands in another room.
     void SetMotorDatabaseChooser(std::function<bool()> chooser) { chooseMotorDatabase = std::move(chooser); }
@@ -102,11 +92,9 @@ protected:
 private:
     void PlacePage(QMdiSubWindow& frame);
 
-    ProjectHooks project;
     std::unique_ptr<MainMenu> menu;
     clsMRUMenu recentFiles;
     std::map<int, PageBuilder> builders;
-    std::function<bool()> isMachinePageAllowed = [] { return true; };
     std::function<bool()> chooseMotorDatabase = [] { return false; };
     QMdiArea* area;
     StatusPanels* panels;
