@@ -1,5 +1,5 @@
-// Composition root: creates the long-lived objects in their order, says who answers the hooks, registers the pages and
-// what the menu does, and starts the event loop.
+// Composition root: creates the long-lived objects in their order, says who answers the hooks, registers pages, dialogs
+// and what the menu does, and starts the event loop.
 
 #include "acquisition/FormF3.h"
 #include "acquisition/FormF4.h"
@@ -16,6 +16,7 @@
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
 #include "core/texts/Default.h"
+#include "core/window/DialogTable.h"
 #include "core/window/FormH2.h"
 #include "core/window/FormLater.h"
 #include "core/window/Help.h"
@@ -26,6 +27,7 @@
 #include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
 #include "instruments/FormH5.h"
+#include "instruments/FormH7.h"
 #include "instruments/PortNames.h"
 #include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
@@ -82,6 +84,14 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageMachine, BuildPage<FormF10>);
 }
 
+void RegisterDialogs(MainWindow& window)
+{
+    window.RegisterDialog(kDialogAbout, BuildDialog<FormH2>);
+    window.RegisterDialog(kDialogAddressSearch, BuildDialog<FormH5>);
+    window.RegisterDialog(kDialogWiring, BuildDialog<FormH7>);
+    window.RegisterDialog(kDialogMotorDatabase, BuildDialog<FormH11>);
+}
+
 void ConnectPageEntries(MainWindow& window)
 {
     struct Way
@@ -105,10 +115,31 @@ void ConnectPageEntries(MainWindow& window)
         window.Menu().OnTriggered(QLatin1String(way.entry), [&window, way] { window.UnloadAndOpen(way.page); });
 }
 
+void ConnectDialogEntries(MainWindow& window)
+{
+    struct Way
+    {
+        const char* entry;
+        DialogNumber dialog;
+        bool changesPage = false; ///< what is accepted in the dialog may be shown by the page
+    };
+    constexpr Way kWays[] = {
+        {.entry = "mnuInfo", .dialog = kDialogAbout},
+        {.entry = "mnuModbus", .dialog = kDialogAddressSearch, .changesPage = true},
+        {.entry = "mnuDatabaseOpt", .dialog = kDialogMotorDatabase, .changesPage = true},
+    };
+    for (const Way& way : kWays)
+        window.Menu().OnTriggered(QLatin1String(way.entry), [&window, way] {
+            if (window.ShowDialog(way.dialog) && way.changesPage)
+                window.RefreshPage();
+        });
+}
+
 void ConnectMenu(MainWindow& window)
 {
     MainMenu& menu = window.Menu();
     ConnectPageEntries(window);
+    ConnectDialogEntries(window);
     menu.OnTriggered(QStringLiteral("mnuNew"), NewProject);
     menu.OnTriggered(QStringLiteral("mnuOpen"), OpenProjectFromMenu);
     menu.OnTriggered(QStringLiteral("mnuSave"), SaveProjectFromMenu);
@@ -117,15 +148,6 @@ void ConnectMenu(MainWindow& window)
     menu.OnTriggered(QStringLiteral("mnuDelete"), DeleteProjectFile);
     menu.OnTriggered(QStringLiteral("mnuEnd"), [&window] { window.EndProgram(); });
     menu.OnTriggered(QStringLiteral("mnuBook"), OpenManual);
-    menu.OnTriggered(QStringLiteral("mnuInfo"), [&window] { FormH2(&window).exec(); });
-    menu.OnTriggered(QStringLiteral("mnuModbus"), [&window] {
-        if (FormH5(&window).exec() == QDialog::Accepted)
-            window.RefreshPage();
-    });
-    menu.OnTriggered(QStringLiteral("mnuDatabaseOpt"), [&window] {
-        if (FormH11::ChangeDatabase(&window))
-            window.RefreshPage();
-    });
     menu.OnTriggered(QStringLiteral("mnuConvert"), [] { ShowInformation(texts::laterVersion); });
     menu.OnRecentFile(OpenRecentProject);
 }
@@ -164,7 +186,6 @@ int main(int argc, char* argv[])
     SetHooks();
     MainWindow window;
     App().TheShell = &window;
-    window.SetMotorDatabaseChooser([&window] { return FormH11::ChangeDatabase(&window); });
 
     const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
     clsTimeSchedule schedule;
@@ -188,6 +209,7 @@ int main(int argc, char* argv[])
     StartScreen startScreen(logo);
     startScreen.ShowInFront();
     RegisterPages(window);
+    RegisterDialogs(window);
     ConnectMenu(window);
     const Languages languages = LoadLanguage();
     if (settings.LanguageFile() == kStandardLanguage)

@@ -13,13 +13,13 @@
 #include "core/clsSymbols.h"
 #include "core/texts/Default.h"
 #include "core/texts/FormF4.h"
+#include "core/window/DialogTable.h"
 #include "core/window/PageFrame.h"
 #include "core/window/StatusLamp.h"
 #include "data/RowQuantities.h"
 #include "data/SampleGrid.h"
 #include "data/ValueTables.h"
 #include "instruments/Catalogue.h"
-#include "instruments/FormH7.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <QBoxLayout>
@@ -118,7 +118,7 @@ QBoxLayout* FormF4::BuildInstrumentRow()
     row->addWidget(countdownLabel);
     auto* info = new QPushButton(texts::showWiring);
     info->setObjectName(QStringLiteral("cmdInfo"));
-    connect(info, &QPushButton::clicked, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
+    connect(info, &QPushButton::clicked, this, [this] { Guarded([] { App().TheShell->ShowDialog(kDialogWiring); }); });
     row->addWidget(info);
     return row;
 }

@@ -8,11 +8,11 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/texts/FormF10.h"
+#include "core/window/DialogTable.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "data/ComputedQuantities.h"
 #include "instruments/DevManaging.h"
-#include "instruments/FormH7.h"
 #include "motors/BrowseBar.h"
 #include "motors/FormH11.h"
 #include "motors/FormH6.h"
@@ -128,7 +128,8 @@ void FormF10::Connect()
     NoLoadPanel& panel = ratingTab->Panel();
     connect(&panel, &NoLoadPanel::MeasurementWanted, this, [this] { Guarded([this] { PressNoLoad(); }); });
     connect(&panel, &NoLoadPanel::DiagnosisWanted, this, [this] { Guarded([this] { Diagnose(); }); });
-    connect(&panel, &NoLoadPanel::WiringWanted, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
+    connect(&panel, &NoLoadPanel::WiringWanted, this,
+            [this] { Guarded([] { App().TheShell->ShowDialog(kDialogWiring); }); });
 }
 
 void FormF10::ShowTabOf(const NumberBox& box)

@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPrinterInfo>
@@ -25,6 +26,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <stdexcept>
+#include <string>
 
 namespace korvanel {
 
@@ -58,6 +61,11 @@ void MainWindow::ApplyMainTexts()
 void MainWindow::RegisterPage(int number, PageBuilder builder)
 {
     builders[number] = std::move(builder);
+}
+
+void MainWindow::RegisterDialog(int number, DialogBuilder builder)
+{
+    dialogBuilders[number] = std::move(builder);
 }
 
 // The flow of pages.
@@ -192,6 +200,14 @@ QString MainWindow::AskOpenPath(const FileQuestion& question)
 std::optional<QString> MainWindow::AskSavePath(const FileQuestion& question)
 {
     return RunSaveDialog(this, question);
+}
+
+bool MainWindow::ShowDialog(int number)
+{
+    const auto builder = dialogBuilders.find(number);
+    if (builder == dialogBuilders.end())
+        throw std::out_of_range("no dialog " + std::to_string(number));
+    return builder->second(this)->exec() == QDialog::Accepted;
 }
 
 void MainWindow::SetWaitCursor(bool isWaiting)

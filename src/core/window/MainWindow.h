@@ -13,6 +13,7 @@
 #include <map>
 #include <memory>
 
+class QDialog;
 class QMdiArea;
 class QMdiSubWindow;
 
@@ -31,6 +32,14 @@ Page* BuildPage(PageFrame& frame, const PageEntry& entry)
     return new Form(frame, entry);
 }
 
+/// Makes a dialog when it is shown.
+using DialogBuilder = std::function<std::unique_ptr<QDialog>(QWidget* parent)>;
+template <typename Form>
+std::unique_ptr<QDialog> BuildDialog(QWidget* parent)
+{
+    return std::make_unique<Form>(parent);
+}
+
 class MainWindow : public QMainWindow, public Shell, public PageFrame
 {
     Q_OBJECT
@@ -41,9 +50,8 @@ public:
 
     /// The builder of a page; the composition root registers one for each number.
     void RegisterPage(int number, PageBuilder builder);
-
-    /// The dialog in which another motor database is chosen; it stands in another room.
-    void SetMotorDatabaseChooser(std::function<bool()> chooser) { chooseMotorDatabase = std::move(chooser); }
+    /// The builder of a dialog that other rooms than its own open.
+    void RegisterDialog(int number, DialogBuilder builder);
 
     /// Puts title and version on the window and its first panel, and the texts of the table on the menu.
     void ApplyMainTexts();
@@ -82,7 +90,7 @@ public:
     void RefreshCaption() override;
     void AddFileMRU(const QString& path) override;
     void SelectRecentFile(const QString& path) override;
-    bool ChooseMotorDatabase() override { return chooseMotorDatabase(); }
+    bool ShowDialog(int number) override;
     QStringList PrinterNames() override;
     QString DefaultPrinterName() override;
 
@@ -95,7 +103,7 @@ private:
     std::unique_ptr<MainMenu> menu;
     clsMRUMenu recentFiles;
     std::map<int, PageBuilder> builders;
-    std::function<bool()> chooseMotorDatabase = [] { return false; };
+    std::map<int, DialogBuilder> dialogBuilders;
     QMdiArea* area;
     StatusPanels* panels;
     bool isProgressShown = false;
