@@ -1,11 +1,12 @@
-// Composition root: creates the long-lived objects in their order, registers the pages and what the menu does, and
-// starts the event loop.
+// Composition root: creates the long-lived objects in their order, says who answers the hooks, registers pages, dialogs
+// and what the menu does, and starts the event loop.
 
 #include "acquisition/FormF3.h"
 #include "acquisition/FormF4.h"
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Paths.h"
@@ -15,6 +16,7 @@
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
 #include "core/texts/Default.h"
+#include "core/window/DialogTable.h"
 #include "core/window/FormH2.h"
 #include "core/window/FormLater.h"
 #include "core/window/Help.h"
@@ -25,6 +27,7 @@
 #include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
 #include "instruments/FormH5.h"
+#include "instruments/FormH7.h"
 #include "instruments/PortNames.h"
 #include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
@@ -43,30 +46,50 @@
 #include <QPixmap>
 #include <QTranslator>
 
+#include <functional>
 #include <optional>
 
 using namespace korvanel;
 
 namespace {
 
-template <typename Form>
-Page* Build(MainWindow& window, const PageEntry& entry)
+/// What a lower room wants of a higher one, and who answers.
+void SetHooks()
 {
-    return new Form(window, entry);
+    struct Line
+    {
+        Hook hook;
+        std::function<bool()> answer;
+    };
+    const Line lines[] = {
+        {.hook = Hook::SaveIfDirty, .answer = Done(SaveIfDirty)},
+        {.hook = Hook::CloseProject, .answer = CloseProject},
+        {.hook = Hook::LoadMachines, .answer = Done(LoadProjectMachines)},
+        {.hook = Hook::CopyMachines, .answer = Done(CopyMachinesIntoProject)},
+        {.hook = Hook::ExportEvaluation, .answer = Done(ExportFromPage)},
+    };
+    for (const Line& line : lines)
+        SetHook(line.hook, line.answer);
 }
 
 void RegisterPages(MainWindow& window)
 {
     for (const PageEntry& entry : Pages())
-        window.RegisterPage(entry.number, Build<FormLater>);
-    window.RegisterPage(kPageGeneralData, Build<FormF1>);
-    window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
-    window.RegisterPage(kPageDevice, Build<FormF3>);
-    window.RegisterPage(kPageMeasure, Build<FormF4>);
-    window.RegisterPage(kPageResultTable, [](MainWindow& frame, const PageEntry& entry) -> Page* {
-        return new FormF6(frame, entry, ExportFromPage);
-    });
-    window.RegisterPage(kPageMachine, Build<FormF10>);
+        window.RegisterPage(entry.number, BuildPage<FormLater>);
+    window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
+    window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
+    window.RegisterPage(kPageDevice, BuildPage<FormF3>);
+    window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
+    window.RegisterPage(kPageResultTable, BuildPage<FormF6>);
+    window.RegisterPage(kPageMachine, BuildPage<FormF10>);
+}
+
+void RegisterDialogs(MainWindow& window)
+{
+    window.RegisterDialog(kDialogAbout, BuildDialog<FormH2>);
+    window.RegisterDialog(kDialogAddressSearch, BuildDialog<FormH5>);
+    window.RegisterDialog(kDialogWiring, BuildDialog<FormH7>);
+    window.RegisterDialog(kDialogMotorDatabase, BuildDialog<FormH11>);
 }
 
 void ConnectPageEntries(MainWindow& window)
@@ -92,10 +115,31 @@ void ConnectPageEntries(MainWindow& window)
         window.Menu().OnTriggered(QLatin1String(way.entry), [&window, way] { window.UnloadAndOpen(way.page); });
 }
 
+void ConnectDialogEntries(MainWindow& window)
+{
+    struct Way
+    {
+        const char* entry;
+        DialogNumber dialog;
+        bool changesPage = false; ///< what is accepted in the dialog may be shown by the page
+    };
+    constexpr Way kWays[] = {
+        {.entry = "mnuInfo", .dialog = kDialogAbout},
+        {.entry = "mnuModbus", .dialog = kDialogAddressSearch, .changesPage = true},
+        {.entry = "mnuDatabaseOpt", .dialog = kDialogMotorDatabase, .changesPage = true},
+    };
+    for (const Way& way : kWays)
+        window.Menu().OnTriggered(QLatin1String(way.entry), [&window, way] {
+            if (window.ShowDialog(way.dialog) && way.changesPage)
+                window.RefreshPage();
+        });
+}
+
 void ConnectMenu(MainWindow& window)
 {
     MainMenu& menu = window.Menu();
     ConnectPageEntries(window);
+    ConnectDialogEntries(window);
     menu.OnTriggered(QStringLiteral("mnuNew"), NewProject);
     menu.OnTriggered(QStringLiteral("mnuOpen"), OpenProjectFromMenu);
     menu.OnTriggered(QStringLiteral("mnuSave"), SaveProjectFromMenu);
@@ -104,15 +148,6 @@ void ConnectMenu(MainWindow& window)
     menu.OnTriggered(QStringLiteral("mnuDelete"), DeleteProjectFile);
     menu.OnTriggered(QStringLiteral("mnuEnd"), [&window] { window.EndProgram(); });
     menu.OnTriggered(QStringLiteral("mnuBook"), OpenManual);
-    menu.OnTriggered(QStringLiteral("mnuInfo"), [&window] { FormH2(&window).exec(); });
-    menu.OnTriggered(QStringLiteral("mnuModbus"), [&window] {
-        if (FormH5(&window).exec() == QDialog::Accepted)
-            window.RefreshPage();
-    });
-    menu.OnTriggered(QStringLiteral("mnuDatabaseOpt"), [&window] {
-        if (FormH11::ChangeDatabase(&window))
-            window.RefreshPage();
-    });
     menu.OnTriggered(QStringLiteral("mnuConvert"), [] { ShowInformation(texts::laterVersion); });
     menu.OnRecentFile(OpenRecentProject);
 }
@@ -148,10 +183,9 @@ int main(int argc, char* argv[])
     StartDayClock();
     SystemPort port([](int number) { return DeviceOfPort(number, SystemPortSources()); });
     App().ThePort = &port;
-    MainWindow window({SaveIfDirty, CloseProject});
+    SetHooks();
+    MainWindow window;
     App().TheShell = &window;
-    window.SetMotorDatabaseChooser([&window] { return FormH11::ChangeDatabase(&window); });
-    SetMachineHooks({LoadProjectMachines, CopyMachinesIntoProject});
 
     const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
     clsTimeSchedule schedule;
@@ -175,6 +209,7 @@ int main(int argc, char* argv[])
     StartScreen startScreen(logo);
     startScreen.ShowInFront();
     RegisterPages(window);
+    RegisterDialogs(window);
     ConnectMenu(window);
     const Languages languages = LoadLanguage();
     if (settings.LanguageFile() == kStandardLanguage)

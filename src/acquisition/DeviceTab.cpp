@@ -6,7 +6,7 @@
 #include "core/texts/FormF3.h"
 #include "core/texts/FormH7.h"
 #include "core/window/EntryBox.h"
-#include "core/window/Page.h"
+#include "core/window/PlainToolTip.h"
 #include "instruments/Catalogue.h"
 #include "instruments/PortBox.h"
 #include "instruments/WiringView.h"

@@ -14,8 +14,8 @@
 
 namespace korvanel {
 
-FormF3::FormF3(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), tabs(new QTabWidget), deviceTab(new DeviceTab), transformerTab(new TransformerTab),
+FormF3::FormF3(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), tabs(new QTabWidget), deviceTab(new DeviceTab), transformerTab(new TransformerTab),
       scheduleTab(new ScheduleTab)
 {
     tabs->setObjectName(QStringLiteral("tabPage"));

@@ -17,7 +17,7 @@ class FormF3 : public Page
     Q_OBJECT
 
 public:
-    FormF3(MainWindow& window, const PageEntry& entry);
+    FormF3(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
 
 protected:

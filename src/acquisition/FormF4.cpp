@@ -13,13 +13,13 @@
 #include "core/clsSymbols.h"
 #include "core/texts/Default.h"
 #include "core/texts/FormF4.h"
-#include "core/window/MainWindow.h"
+#include "core/window/DialogTable.h"
+#include "core/window/PageFrame.h"
 #include "core/window/StatusLamp.h"
 #include "data/RowQuantities.h"
 #include "data/SampleGrid.h"
 #include "data/ValueTables.h"
 #include "instruments/Catalogue.h"
-#include "instruments/FormH7.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <QBoxLayout>
@@ -64,8 +64,8 @@ bool WasMeasuredWell(const std::vector<OnlineCurve>& curves, int quantity, const
 
 } // namespace
 
-FormF4::FormF4(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
+FormF4::FormF4(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), run(*App().TimeSchedule, *this), timer(new QTimer(this)),
       grid(new SampleGrid(App().iGridRows.at(kShownSetsEntry))), graph(new OnlineGraph), side(new QTabWidget),
       curveList(new CurveList), extraTable(new QTableWidget), scheduleGrid(new ScheduleGrid),
       lamp(new StatusLamp(QStringLiteral("shpLamp")))
@@ -118,7 +118,7 @@ QBoxLayout* FormF4::BuildInstrumentRow()
     row->addWidget(countdownLabel);
     auto* info = new QPushButton(texts::showWiring);
     info->setObjectName(QStringLiteral("cmdInfo"));
-    connect(info, &QPushButton::clicked, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
+    connect(info, &QPushButton::clicked, this, [this] { Guarded([] { App().TheShell->ShowDialog(kDialogWiring); }); });
     row->addWidget(info);
     return row;
 }
@@ -294,7 +294,7 @@ void FormF4::EnableTicks(bool areEnabled)
 
 void FormF4::LockPage(bool isLocked)
 {
-    Window().SetPageButtons(!isLocked);
+    Frame().SetPageButtons(!isLocked);
     engineBox->setEnabled(!isLocked);
     scheduleGrid->setEnabled(!isLocked);
     if (isLocked && HasMachine(App().iNetConfIndex)) {

@@ -26,7 +26,7 @@ class FormF4 : public Page, private RunDisplay
     Q_OBJECT
 
 public:
-    FormF4(MainWindow& window, const PageEntry& entry);
+    FormF4(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
     void Leave() override;
 

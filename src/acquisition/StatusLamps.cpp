@@ -1,5 +1,6 @@
 #include "acquisition/StatusLamps.h"
 
+#include "core/Colour.h"
 #include "core/Texts.h"
 #include "core/texts/FormF3.h"
 #include "core/window/StatusLamp.h"
@@ -25,11 +26,6 @@ constexpr std::array<Lamp, 3> kLamps{{
 }};
 
 constexpr std::array kWords{&texts::stateNotConnected, &texts::stateConnected, &texts::stateAtWork, &texts::stateOff};
-
-int ColourNumber(const QColor& colour)
-{
-    return colour.red() | colour.green() << 8 | colour.blue() << 16;
-}
 
 } // namespace
 

@@ -12,6 +12,8 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -24,6 +26,7 @@ class clsTimeSchedule;
 class Clock;
 class SerialPort;
 class Shell;
+enum class Hook;
 
 inline constexpr int kProgressThresholdEntry = 6;
 
@@ -185,6 +188,9 @@ struct ApplicationBlock
     SerialPort* ThePort = nullptr;
     Shell* TheShell = nullptr;
 
+    /// Who answers what a lower room wants of a higher one: see core/Hooks.h.
+    std::map<Hook, std::function<bool()>> Hooks;
+
     MachineInUse& MachineOf(WhichMachine which) { return which == WhichMachine::I ? MachineI : MachineII; }
     const MachineInUse& MachineOf(WhichMachine which) const { return which == WhichMachine::I ? MachineI : MachineII; }
 
@@ -202,7 +208,7 @@ inline constexpr qint16 kExitRestartWanted = 15;
 ApplicationBlock& App();
 
 /// Puts the block into its state at start-up. `executableDirectory` becomes `sProgramDir` without its trailing
-/// separator. The pointers to objects of other rooms stay as they are.
+/// separator. The pointers to objects of other rooms and the hooks stay as they are.
 void InitialiseApplicationBlock(const QString& executableDirectory);
 
 /// True in the net configuration that measures three phases with the formula S = sqrt(3) U I.

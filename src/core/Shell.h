@@ -95,8 +95,9 @@ public:
     virtual void AddFileMRU(const QString& path) = 0;
     virtual void SelectRecentFile(const QString& path) = 0;
 
-    /// Lets the user choose another motor database; false if he leaves that without a choice.
-    virtual bool ChooseMotorDatabase() = 0;
+    /// Shows a dialog by its number of `DialogNumber` over the window; true if the user accepts it. Throws
+    /// std::out_of_range for a number under which nobody has registered a dialog.
+    virtual bool ShowDialog(int number) = 0;
 
     virtual QStringList PrinterNames() = 0;
     /// Empty if there is no default printer or it can't be read.

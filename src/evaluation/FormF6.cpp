@@ -1,6 +1,7 @@
 #include "evaluation/FormF6.h"
 
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/clsProgSettings.h"
@@ -38,9 +39,8 @@ constexpr int kWindowOptions = 2;
 
 } // namespace
 
-FormF6::FormF6(MainWindow& window, const PageEntry& entry, std::function<void()> exportRecording)
-    : Page(window, entry), exportSets(std::move(exportRecording)), tabs(new QTabWidget),
-      list(new SetList(JudgeBy(RatingMode::MachineI)))
+FormF6::FormF6(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), tabs(new QTabWidget), list(new SetList(JudgeBy(RatingMode::MachineI)))
 {
     Body().setSpacing(5);
     Body().addLayout(BuildHead());
@@ -127,8 +127,8 @@ QBoxLayout* FormF6::BuildButtons()
     AddButton(*row, "cmdOptions_1", texts::resultsOptions, [this] { ChangeOptions(kCostOptions); });
     AddButton(*row, "cmdOptions_2", texts::resultsWindowSize, [this] { ChangeOptions(kWindowOptions); });
     AddButton(*row, "cmdExcel", texts::resultsExport, [this] {
-        Locked(exportSets);
-    })->setEnabled(exportSets != nullptr);
+        Locked([] { CallHook(Hook::ExportEvaluation); });
+    })->setEnabled(HasHook(Hook::ExportEvaluation));
     row->addStretch(1);
     correctedLabel = AddLabel(*row, "lblCorrected");
     row->addSpacing(14);

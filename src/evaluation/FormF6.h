@@ -24,7 +24,7 @@ class FormF6 : public Page
     Q_OBJECT
 
 public:
-    FormF6(MainWindow& window, const PageEntry& entry, std::function<void()> exportRecording);
+    FormF6(PageFrame& host, const PageEntry& entry);
     /// The first time the page is entered; from then on the results in hand are shown again.
     void Refresh() override;
     void Leave() override;
@@ -50,7 +50,6 @@ private:
     void ChangeOptions(int index);
     void FindSet();
 
-    std::function<void()> exportSets;
     std::array<QCheckBox*, 2> panelBoxes{};
     QLabel* windowLabel = nullptr;
     QLabel* cyclesLabel = nullptr;

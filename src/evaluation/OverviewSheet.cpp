@@ -5,7 +5,7 @@
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
 #include "core/texts/FormF6.h"
-#include "core/window/Page.h"
+#include "core/window/PlainToolTip.h"
 #include "evaluation/Rating.h"
 #include "evaluation/SuitabilityBar.h"
 

@@ -39,8 +39,8 @@ constexpr std::array<TabEntry, 4> kTabs{{
 
 } // namespace
 
-FormF2::FormF2(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), tabs(new QTabWidget), options(new QButtonGroup(this))
+FormF2::FormF2(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), tabs(new QTabWidget), options(new QButtonGroup(this))
 {
     tabs->setObjectName(QStringLiteral("tabPage"));
     for (const TabEntry& tab : kTabs) {

@@ -16,7 +16,7 @@ class FormF2 : public Page
     Q_OBJECT
 
 public:
-    FormF2(MainWindow& window, const PageEntry& entry);
+    FormF2(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
 
 private:

@@ -1,7 +1,7 @@
 #include "instruments/PortBox.h"
 
 #include "core/window/EntryBox.h"
-#include "core/window/Page.h"
+#include "core/window/PlainToolTip.h"
 #include "instruments/PortNames.h"
 
 #include <QAbstractItemView>

@@ -8,11 +8,11 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/texts/FormF10.h"
-#include "core/window/MainWindow.h"
+#include "core/window/DialogTable.h"
+#include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "data/Recomputation.h"
 #include "instruments/DevManaging.h"
-#include "instruments/FormH7.h"
 #include "motors/BrowseBar.h"
 #include "motors/FormH11.h"
 #include "motors/FormH6.h"
@@ -38,8 +38,8 @@
 
 namespace korvanel {
 
-FormF10::FormF10(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), measurement(*this), timer(new QTimer(this)), tabs(new QTabWidget), grid(new MachineGrid),
+FormF10::FormF10(PageFrame& host, const PageEntry& entry)
+    : Page(host, entry), measurement(*this), timer(new QTimer(this)), tabs(new QTabWidget), grid(new MachineGrid),
       ratingTab(new RatingTab), furtherTab(new FurtherTab), browseBar(new BrowseBar)
 {
     timer->setObjectName(QStringLiteral("Timer1"));
@@ -128,7 +128,8 @@ void FormF10::Connect()
     NoLoadPanel& panel = ratingTab->Panel();
     connect(&panel, &NoLoadPanel::MeasurementWanted, this, [this] { Guarded([this] { PressNoLoad(); }); });
     connect(&panel, &NoLoadPanel::DiagnosisWanted, this, [this] { Guarded([this] { Diagnose(); }); });
-    connect(&panel, &NoLoadPanel::WiringWanted, this, [this] { Guarded([this] { FormH7(this).exec(); }); });
+    connect(&panel, &NoLoadPanel::WiringWanted, this,
+            [this] { Guarded([] { App().TheShell->ShowDialog(kDialogWiring); }); });
 }
 
 void FormF10::ShowTabOf(const NumberBox& box)
@@ -181,7 +182,7 @@ void FormF10::ShowMachine()
     grid->ShowRow(browser.Row());
     browseBar->ShowPlace(browser.Row(), static_cast<int>(browser.Lines().size()));
     noDatabaseLabel->setVisible(!browser.HasDatabase());
-    Window().ShowDatabase(browser.HasDatabase() ? FileNameOf(App().sMotorDbPath) : QString());
+    Frame().ShowDatabase(browser.HasDatabase() ? FileNameOf(App().sMotorDbPath) : QString());
     ShowState();
 }
 
@@ -219,7 +220,7 @@ void FormF10::ShowState()
     ratingTab->SetEditing(isEdited);
     furtherTab->SetEditing(isEdited);
     ratingTab->SetMeasuring(isMeasuring);
-    Window().SetPageButtons(isBrowsing);
+    Frame().SetPageButtons(isBrowsing);
 }
 
 MachineEntry FormF10::Entry() const
@@ -373,7 +374,7 @@ void FormF10::Leave()
     measurement.Stop();
     if (std::exchange(isLeft, true))
         return;
-    Window().ShowDatabase({});
+    Frame().ShowDatabase({});
     if (isEdited)
         RunGuarded(objectName(), [this] { browser.CancelEdit(); });
     RunGuarded(objectName(), [this] { PassOn(); });

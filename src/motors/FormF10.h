@@ -27,7 +27,7 @@ class FormF10 : public Page, private NoLoadDisplay
     Q_OBJECT
 
 public:
-    FormF10(MainWindow& window, const PageEntry& entry);
+    FormF10(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
     void Leave() override;
 

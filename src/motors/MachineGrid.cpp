@@ -3,7 +3,7 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/texts/FormF10.h"
-#include "core/window/Page.h"
+#include "core/window/PlainToolTip.h"
 #include "motors/MachineEntry.h"
 
 #include <QHeaderView>

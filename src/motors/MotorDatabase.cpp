@@ -7,6 +7,7 @@
 #include "core/Shell.h"
 #include "core/clsProgSettings.h"
 #include "core/texts/Default.h"
+#include "core/window/DialogTable.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "motors/MotorColumns.h"
 
@@ -123,7 +124,7 @@ std::unique_ptr<TableDb> OpenMotorDb()
 {
     if (!IsFile(App().sMotorDbPath)) {
         ShowPathNotFound(App().sMotorDbPath);
-        if (!App().TheShell->ChooseMotorDatabase() || !IsFile(App().sMotorDbPath))
+        if (!App().TheShell->ShowDialog(kDialogMotorDatabase) || !IsFile(App().sMotorDbPath))
             return nullptr;
     }
     try {

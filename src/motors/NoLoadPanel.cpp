@@ -5,7 +5,7 @@
 #include "core/NumberText.h"
 #include "core/texts/FormF10.h"
 #include "core/texts/FormF3.h"
-#include "core/window/Page.h"
+#include "core/window/PlainToolTip.h"
 #include "instruments/Catalogue.h"
 #include "instruments/PortBox.h"
 

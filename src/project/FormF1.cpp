@@ -5,6 +5,7 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/texts/FormF1.h"
+#include "core/window/PlainToolTip.h"
 #include "project/ProjectCommands.h"
 
 #include <QEvent>
@@ -20,8 +21,7 @@
 
 namespace korvanel {
 
-FormF1::FormF1(MainWindow& window, const PageEntry& entry)
-    : Page(window, entry), form(new QFormLayout), frame(new QGroupBox)
+FormF1::FormF1(PageFrame& host, const PageEntry& entry) : Page(host, entry), form(new QFormLayout), frame(new QGroupBox)
 {
     frame->setObjectName(QStringLiteral("fraProject"));
     frame->setLayout(form);

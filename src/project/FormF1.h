@@ -16,7 +16,7 @@ class FormF1 : public Page
     Q_OBJECT
 
 public:
-    FormF1(MainWindow& window, const PageEntry& entry);
+    FormF1(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
 
 protected:

@@ -1,6 +1,7 @@
 #include "project/ProjectCommands.h"
 
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Paths.h"
@@ -123,7 +124,7 @@ bool CopyProjectUnderOtherName()
     if (!CopyProject(path))
         return false;
     App().sProjectPath = path;
-    Machines().copy();
+    CallHook(Hook::CopyMachines);
     // What could not be saved in the old file must not be missing in the new one.
     if (App().bProjectDirty)
         SaveProject();

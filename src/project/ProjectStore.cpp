@@ -1,6 +1,7 @@
 #include "project/ProjectStore.h"
 
 #include "core/Clock.h"
+#include "core/Hooks.h"
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
@@ -62,26 +63,6 @@ void CreateTables()
 }
 
 } // namespace
-
-namespace {
-
-MachineHooks& InstalledHooks()
-{
-    static MachineHooks hooks;
-    return hooks;
-}
-
-} // namespace
-
-void SetMachineHooks(MachineHooks hooks)
-{
-    InstalledHooks() = std::move(hooks);
-}
-
-const MachineHooks& Machines()
-{
-    return InstalledHooks();
-}
 
 void CreateProjectFile(const QString& path)
 {
@@ -153,7 +134,7 @@ void OpenProject(const QString& path)
     OpenedFile file;
     try {
         file = ReadProject();
-        Machines().load();
+        CallHook(Hook::LoadMachines);
     } catch (const DbError&) {
         ShowBadFormat(path);
         App().bFileError = true;

@@ -7,8 +7,6 @@
 
 #include <QString>
 
-#include <functional>
-
 namespace korvanel {
 
 enum class Direction
@@ -16,16 +14,6 @@ enum class Direction
     Read,
     Write
 };
-
-/// What the project asks of its machines. They stand in a room above this one, so the project knows them by these
-/// alone; without them a project has no machines.
-struct MachineHooks
-{
-    std::function<void()> load = [] {}; ///< takes the machines of a project that was read; may throw DbError
-    std::function<void()> copy = [] {}; ///< puts the machines in use into a project that was saved under another name
-};
-void SetMachineHooks(MachineHooks hooks);
-const MachineHooks& Machines();
 
 /// Creates the file with its value tables for the current net configuration and the two key-value tables. A failure
 /// shows the engine's words; nothing of the file is left behind then.

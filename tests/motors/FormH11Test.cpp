@@ -19,7 +19,6 @@ protected:
     FormH11Test() : settings(folder.path())
     {
         App().ProgSettings = &settings;
-        SetMachineHooks({LoadProjectMachines, CopyMachinesIntoProject});
         MakeMotorDb("zweite.Mdb");
         Add({KnownMachine(), RatedMachine()});
         MakeMotorDb("aktuelle.MDB");
@@ -29,7 +28,6 @@ protected:
         QDir(folder.path()).mkdir("Unterordner");
         Open();
     }
-    ~FormH11Test() override { SetMachineHooks({}); }
     void Open()
     {
         dialog = std::make_unique<FormH11>(nullptr);

@@ -254,10 +254,10 @@ TEST_F(MotorDatabase, Open_OfAMissingFileTellsItAndAsksForAnother)
     App().sMotorDbPath = PathOf("nirgends.MDB");
     EXPECT_EQ(OpenMotorDb(), nullptr); // left without choosing
     EXPECT_EQ(shell.BoxTexts(), QStringList{"Konnte Pfad/Datei nicht finden: \n" + PathOf("nirgends.MDB")});
-    EXPECT_EQ(shell.calls, QStringList{"ChooseMotorDatabase"});
+    EXPECT_EQ(shell.calls, QStringList{"ShowDialog FormH11"});
     EXPECT_FALSE(QFile::exists(PathOf("nirgends.MDB")));
 
-    shell.chooseMotorDatabase = [&present] {
+    shell.dialogs[kDialogMotorDatabase] = [&present] {
         App().sMotorDbPath = present;
         return true;
     };

@@ -1,5 +1,7 @@
 // The machines of a project: loaded with it, compared with the motor database, copied into it.
 #include "motors/MotorDatabase.h"
+
+#include "core/Hooks.h"
 #include "project/ProjectCommands.h"
 #include "support/MotorDbFixture.h"
 
@@ -16,10 +18,10 @@ class ProjectMachines : public MotorDbTest
 protected:
     ProjectMachines()
     {
-        SetMachineHooks({LoadProjectMachines, CopyMachinesIntoProject});
+        SetHook(Hook::LoadMachines, Done(LoadProjectMachines));
+        SetHook(Hook::CopyMachines, Done(CopyMachinesIntoProject));
         MakeMotorDb();
     }
-    ~ProjectMachines() override { SetMachineHooks({}); }
 
     /// A project with the machines given, closed.
     void MakeProject(int netConf, bool hasFirst, bool hasSecond)
@@ -163,7 +165,7 @@ TEST_F(ProjectMachines, Load_WithoutTheDatabaseTellsItOnceAndKeepsTheMachines)
     App().sMotorDbPath = PathOf("nirgends.MDB");
     Open();
     EXPECT_EQ(shell.BoxTexts(), QStringList{"Konnte Pfad/Datei nicht finden: \n" + PathOf("nirgends.MDB")});
-    EXPECT_EQ(shell.calls.count("ChooseMotorDatabase"), 1);
+    EXPECT_EQ(shell.calls.count("ShowDialog FormH11"), 1);
     EXPECT_TRUE(App().bModelValid);
     EXPECT_TRUE(App().bASMSim);
     EXPECT_FALSE(App().MachineI.record.set_ID); // the project's own number names no row of the database
@@ -175,7 +177,7 @@ TEST_F(ProjectMachines, Load_GoesOnWithTheDatabaseThatTheUserChose)
     Add({KnownMachine()});
     const QString present = App().sMotorDbPath;
     App().sMotorDbPath = PathOf("nirgends.MDB");
-    shell.chooseMotorDatabase = [&present] {
+    shell.dialogs[kDialogMotorDatabase] = [&present] {
         UseMotorDatabase(present);
         return true;
     };
@@ -245,7 +247,7 @@ TEST_F(ProjectMachines, Check_AsksOnceIfTheChoiceOfAFileHasCheckedAlready)
     MakeMotorDb("andere.MDB");
     const QString chosen = App().sMotorDbPath;
     App().sMotorDbPath = PathOf("nirgends.MDB");
-    shell.chooseMotorDatabase = [&chosen] {
+    shell.dialogs[kDialogMotorDatabase] = [&chosen] {
         UseMotorDatabase(chosen);
         return true;
     };

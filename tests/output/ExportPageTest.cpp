@@ -12,12 +12,7 @@ namespace {
 class ExportPageTest : public ResultPageTest
 {
 protected:
-    void Bind(const std::function<void()>& routine)
-    {
-        window.RegisterPage(kPageResultTable, [routine](MainWindow& frame, const PageEntry& entry) -> Page* {
-            return new FormF6(frame, entry, routine);
-        });
-    }
+    static void Bind(const std::function<void()>& routine) { SetHook(Hook::ExportEvaluation, Done(routine)); }
     static void PostClick(QWidget& button)
     {
         for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
@@ -59,6 +54,14 @@ TEST_F(ExportPageTest, PageIsLockedMeanwhileAndWhatIsPressedIsLost)
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(PageName(), "FormF6");
     EXPECT_TRUE(Find<QPushButton>("cmdExcel").isEnabled());
+}
+
+TEST_F(ExportPageTest, ButtonIsDisabledWhereNobodyExports)
+{
+    SetHook(Hook::ExportEvaluation, {});
+    OpenProjectOf(0);
+    EnterPage();
+    EXPECT_FALSE(Find<QPushButton>("cmdExcel").isEnabled());
 }
 
 TEST_F(ExportPageTest, FocusIsWhereItWas)

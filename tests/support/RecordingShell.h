@@ -2,13 +2,16 @@
 #pragma once
 
 #include "core/Shell.h"
+#include "core/window/DialogTable.h"
 
 #include <QString>
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <ostream>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace korvanel::test {
@@ -20,7 +23,7 @@ public:
     std::deque<Answer> answers;
     std::deque<QString> openPaths;
     std::deque<QString> savePaths;
-    std::function<bool()> chooseMotorDatabase = [] { return false; };
+    std::map<int, std::function<bool()>> dialogs; ///< what happens in a dialog, by its number, and its outcome
 
     // The record.
     std::vector<Box> boxes;
@@ -80,10 +83,13 @@ public:
     void RefreshCaption() override { calls << QStringLiteral("RefreshCaption"); }
     void AddFileMRU(const QString& path) override { calls << QStringLiteral("AddFileMRU ") + path; }
     void SelectRecentFile(const QString& path) override { calls << QStringLiteral("SelectRecentFile ") + path; }
-    bool ChooseMotorDatabase() override
+    bool ShowDialog(int number) override
     {
-        calls << QStringLiteral("ChooseMotorDatabase");
-        return chooseMotorDatabase();
+        const DialogEntry* entry = FindDialog(number);
+        if (!entry)
+            throw std::out_of_range("no dialog " + std::to_string(number));
+        calls << QStringLiteral("ShowDialog ") + QLatin1String(entry->name);
+        return dialogs.contains(number) && dialogs.at(number)();
     }
     QStringList PrinterNames() override { return printers; }
     QString DefaultPrinterName() override { return defaultPrinter; }

@@ -47,9 +47,8 @@ protected:
                           .fileName());
         settings = std::make_unique<clsProgSettings>(folder.path());
         App().ProgSettings = settings.get();
-        window.RegisterPage(kPageResultTable, [this](MainWindow& frame, const PageEntry& entry) -> Page* {
-            return new FormF6(frame, entry, [this] { ++exports; });
-        });
+        window.RegisterPage(kPageResultTable, BuildPage<FormF6>);
+        SetHook(Hook::ExportEvaluation, Done([this] { ++exports; }));
     }
 
     /// A project with a machine where the net configuration has one, and columns for the list.

@@ -1,19 +1,27 @@
-// The real main window with the real pages, but for its modal dialogs: those are recorded and answered from a script.
+// The real main window with the real pages and dialogs, but for its boxes and file dialogs: those are recorded and
+// answered from a script, and so are the dialogs that have an answer there.
 #pragma once
 
 #include "acquisition/FormF3.h"
 #include "acquisition/FormF4.h"
 #include "acquisition/clsTimeSchedule.h"
+#include "core/Hooks.h"
 #include "core/clsGraphColours.h"
+#include "core/window/DialogTable.h"
+#include "core/window/FormH2.h"
 #include "core/window/FormLater.h"
 #include "core/window/MainMenu.h"
 #include "core/window/MainWindow.h"
 #include "core/window/Page.h"
 #include "core/window/PageTable.h"
 #include "instruments/FormF2.h"
+#include "instruments/FormH5.h"
+#include "instruments/FormH7.h"
 #include "motors/FormF10.h"
+#include "motors/FormH11.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
+#include "project/ProjectStore.h"
 #include "support/MotorDbFixture.h"
 #include "support/ScriptedPort.h"
 
@@ -25,11 +33,14 @@ namespace korvanel::test {
 class ScriptedWindow : public MainWindow
 {
 public:
-    explicit ScriptedWindow(RecordingShell& ofScript) : MainWindow({SaveIfDirty, CloseProject}), script(ofScript) {}
+    explicit ScriptedWindow(RecordingShell& ofScript) : script(ofScript) {}
     Answer ShowBox(const Box& box) override { return script.ShowBox(box); }
     QString AskOpenPath(const FileQuestion& question) override { return script.AskOpenPath(question); }
     std::optional<QString> AskSavePath(const FileQuestion& question) override { return script.AskSavePath(question); }
-    bool ChooseMotorDatabase() override { return script.ChooseMotorDatabase(); }
+    bool ShowDialog(int number) override
+    {
+        return script.dialogs.contains(number) ? script.ShowDialog(number) : MainWindow::ShowDialog(number);
+    }
 
 private:
     RecordingShell& script;
@@ -45,13 +56,10 @@ protected:
         App().GraphColours = &colours;
         App().ThePort = &port;
         App().sVersion = QStringLiteral("V1.2.3");
-        for (const PageEntry& entry : Pages())
-            window.RegisterPage(entry.number, Build<FormLater>);
-        window.RegisterPage(kPageGeneralData, Build<FormF1>);
-        window.RegisterPage(kPageNetConfiguration, Build<FormF2>);
-        window.RegisterPage(kPageDevice, Build<FormF3>);
-        window.RegisterPage(kPageMeasure, Build<FormF4>);
-        window.RegisterPage(kPageMachine, Build<FormF10>);
+        SetHook(Hook::SaveIfDirty, Done(SaveIfDirty));
+        SetHook(Hook::CloseProject, CloseProject);
+        RegisterForms();
+        shell.dialogs[kDialogMotorDatabase] = [] { return false; }; // nobody is there to choose another file
         App().sMotorDbPath = PathOf("NO_MOTORS.MDB");
         SQLite::Database(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
             .exec(kCreateMotor);
@@ -65,10 +73,19 @@ protected:
         window.UnloadPage();
     }
 
-    template <typename Form>
-    static Page* Build(MainWindow& frame, const PageEntry& entry)
+    void RegisterForms()
     {
-        return new Form(frame, entry);
+        for (const PageEntry& entry : Pages())
+            window.RegisterPage(entry.number, BuildPage<FormLater>);
+        window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
+        window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
+        window.RegisterPage(kPageDevice, BuildPage<FormF3>);
+        window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
+        window.RegisterPage(kPageMachine, BuildPage<FormF10>);
+        window.RegisterDialog(kDialogAbout, BuildDialog<FormH2>);
+        window.RegisterDialog(kDialogAddressSearch, BuildDialog<FormH5>);
+        window.RegisterDialog(kDialogWiring, BuildDialog<FormH7>);
+        window.RegisterDialog(kDialogMotorDatabase, BuildDialog<FormH11>);
     }
 
     /// A project of a net configuration, open in the window without a page.

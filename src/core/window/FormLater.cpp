@@ -7,7 +7,7 @@
 
 namespace korvanel {
 
-FormLater::FormLater(MainWindow& window, const PageEntry& entry) : Page(window, entry)
+FormLater::FormLater(PageFrame& host, const PageEntry& entry) : Page(host, entry)
 {
     auto* note = new QLabel(texts::laterVersion);
     note->setObjectName(QStringLiteral("lblLater"));

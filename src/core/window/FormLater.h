@@ -11,7 +11,7 @@ class FormLater : public Page
     Q_OBJECT
 
 public:
-    FormLater(MainWindow& window, const PageEntry& entry);
+    FormLater(PageFrame& host, const PageEntry& entry);
 };
 
 } // namespace korvanel

@@ -1,6 +1,7 @@
 #include "core/window/MainWindow.h"
 
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Paths.h"
@@ -17,6 +18,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPrinterInfo>
@@ -24,6 +26,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <stdexcept>
+#include <string>
 
 namespace korvanel {
 
@@ -33,9 +37,7 @@ const QString kRecentSection = QStringLiteral("MRU");
 
 } // namespace
 
-MainWindow::MainWindow(ProjectHooks hooks)
-    : project(std::move(hooks)), menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this)),
-      panels(new StatusPanels)
+MainWindow::MainWindow() : menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this)), panels(new StatusPanels)
 {
     setObjectName(QStringLiteral("MainForm"));
     area->setObjectName(QStringLiteral("mdiFrame"));
@@ -61,6 +63,11 @@ void MainWindow::RegisterPage(int number, PageBuilder builder)
     builders[number] = std::move(builder);
 }
 
+void MainWindow::RegisterDialog(int number, DialogBuilder builder)
+{
+    dialogBuilders[number] = std::move(builder);
+}
+
 // The flow of pages.
 
 void MainWindow::UnloadAndOpen(int number)
@@ -77,7 +84,7 @@ void MainWindow::UnloadPage()
     App().lPageLeft = pageFrame->x();
     App().lPageTop = pageFrame->y();
     const QPointer<Page> left = page;
-    project.saveIfDirty();
+    CallHook(Hook::SaveIfDirty);
     if (!left || page != left) // the save may have told a failure, and much can happen while a box is on show
         return;
     LeavePage();
@@ -103,7 +110,7 @@ bool MainWindow::CheckPageAllowed()
     if (!entry)
         return true;
     if (entry->number == kPageMachine)
-        return isMachinePageAllowed();
+        return CallHook(Hook::AllowMachinePage);
     if (MayShowWithoutMachine(*entry, App().iNetConfIndex, App().bModelValid))
         return true;
     ShowError(texts::noMachineChosen);
@@ -195,6 +202,14 @@ std::optional<QString> MainWindow::AskSavePath(const FileQuestion& question)
     return RunSaveDialog(this, question);
 }
 
+bool MainWindow::ShowDialog(int number)
+{
+    const auto builder = dialogBuilders.find(number);
+    if (builder == dialogBuilders.end())
+        throw std::out_of_range("no dialog " + std::to_string(number));
+    return builder->second(this)->exec() == QDialog::Accepted;
+}
+
 void MainWindow::SetWaitCursor(bool isWaiting)
 {
     if (isWaiting)
@@ -266,7 +281,7 @@ QString MainWindow::DefaultPrinterName()
 void MainWindow::EndProgram()
 {
     UnloadPage();
-    if (project.close())
+    if (CallHook(Hook::CloseProject))
         close();
 }
 
@@ -291,10 +306,10 @@ void MainWindow::closeEvent(QCloseEvent* event)
     RunGuarded(objectName(), [this, event] {
         if (page)
             page->Leave(); // a recording ends before its file does
-        const bool isClosing = project.close();
+        const bool isClosing = CallHook(Hook::CloseProject);
         event->setAccepted(isClosing);
         // A cancelled closing goes on all the same: the user keeps the window and the project, without a page.
-        project.saveIfDirty();
+        CallHook(Hook::SaveIfDirty);
         UnloadPage();
         recentFiles.StoreSettings(kSettingsApplication, kRecentSection);
         if (IsAnyValueLost())

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/Shell.h"
+#include "core/window/PageFrame.h"
 #include "core/window/clsMRUMenu.h"
 
 #include <QMainWindow>
@@ -12,57 +13,53 @@
 #include <map>
 #include <memory>
 
+class QDialog;
 class QMdiArea;
 class QMdiSubWindow;
 
 namespace korvanel {
 
 class MainMenu;
-class MainWindow;
 class Page;
 class StatusPanels;
 struct PageEntry;
 
 /// Makes a page when it is shown.
-using PageBuilder = std::function<Page*(MainWindow&, const PageEntry&)>;
-
-/// What the window asks of the project when a page is left and when it closes. The project's own page stands on the
-/// window, so the window knows the project by these alone.
-struct ProjectHooks
+using PageBuilder = std::function<Page*(PageFrame&, const PageEntry&)>;
+template <typename Form>
+Page* BuildPage(PageFrame& frame, const PageEntry& entry)
 {
-    std::function<void()> saveIfDirty;
-    std::function<bool()> close; ///< false if the user cancels
-};
+    return new Form(frame, entry);
+}
 
-class MainWindow : public QMainWindow, public Shell
+/// Makes a dialog when it is shown.
+using DialogBuilder = std::function<std::unique_ptr<QDialog>(QWidget* parent)>;
+template <typename Form>
+std::unique_ptr<QDialog> BuildDialog(QWidget* parent)
+{
+    return std::make_unique<Form>(parent);
+}
+
+class MainWindow : public QMainWindow, public Shell, public PageFrame
 {
     Q_OBJECT
 
 public:
-    explicit MainWindow(ProjectHooks hooks);
+    MainWindow();
     ~MainWindow() override;
 
     /// The builder of a page; the composition root registers one for each number.
     void RegisterPage(int number, PageBuilder builder);
-    /// Whether the machine page can be shown, asked each time.
-    void SetMachinePageCheck(std::function<bool()> check) { isMachinePageAllowed = std::move(check); }
-
-    /// The dialog in which another motor database is chosen; it stands in another room.
-    void SetMotorDatabaseChooser(std::function<bool()> chooser) { chooseMotorDatabase = std::move(chooser); }
+    /// The builder of a dialog that other rooms than its own open.
+    void RegisterDialog(int number, DialogBuilder builder);
 
     /// Puts title and version on the window and its first panel, and the texts of the table on the menu.
     void ApplyMainTexts();
 
-    /// Unloads the page on show and shows another; 7 shows none.
-    void UnloadAndOpen(int page);
     /// Tells whether the current page may be shown; without a valid machine it shows the machine page instead.
     bool CheckPageAllowed();
     /// Ends what the page keeps running and forgets it as the current one.
     void LeavePage();
-    /// Buttons of a page that a run must not be left by.
-    void SetPageButtons(bool areEnabled);
-    /// Shows the file name of the motor database in the status bar; an empty name ends that.
-    void ShowDatabase(const QString& name);
     Page* PageOnShow() const { return page; }
     MainMenu& Menu() { return *menu; }
 
@@ -70,6 +67,11 @@ public:
     void EndProgram();
     /// Starts the program anew in another language, if the user agrees.
     void ChooseLanguage(const QString& languageFile);
+
+    // PageFrame
+    void UnloadAndOpen(int page) override;
+    void SetPageButtons(bool areEnabled) override;
+    void ShowDatabase(const QString& name) override;
 
     // Shell
     Answer ShowBox(const Box& box) override;
@@ -88,7 +90,7 @@ public:
     void RefreshCaption() override;
     void AddFileMRU(const QString& path) override;
     void SelectRecentFile(const QString& path) override;
-    bool ChooseMotorDatabase() override { return chooseMotorDatabase(); }
+    bool ShowDialog(int number) override;
     QStringList PrinterNames() override;
     QString DefaultPrinterName() override;
 
@@ -98,12 +100,10 @@ protected:
 private:
     void PlacePage(QMdiSubWindow& frame);
 
-    ProjectHooks project;
     std::unique_ptr<MainMenu> menu;
     clsMRUMenu recentFiles;
     std::map<int, PageBuilder> builders;
-    std::function<bool()> isMachinePageAllowed = [] { return true; };
-    std::function<bool()> chooseMotorDatabase = [] { return false; };
+    std::map<int, DialogBuilder> dialogBuilders;
     QMdiArea* area;
     StatusPanels* panels;
     bool isProgressShown = false;

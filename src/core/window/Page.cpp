@@ -6,7 +6,7 @@
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
 #include "core/texts/Default.h"
-#include "core/window/MainWindow.h"
+#include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "core/window/PendingInput.h"
 
@@ -16,17 +16,11 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace korvanel {
 
-QString PlainToolTip(const QString& text)
-{
-    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
-}
-
-Page::Page(MainWindow& window, const PageEntry& entry) : frameWindow(window), pageEntry(entry), body(new QVBoxLayout)
+Page::Page(PageFrame& host, const PageEntry& entry) : pageFrame(host), pageEntry(entry), body(new QVBoxLayout)
 {
     setObjectName(QLatin1String(entry.name));
     setWindowTitle(TextOf(entry.title));
@@ -44,13 +38,13 @@ void Page::AddBottomRow()
     row->addStretch(1);
     QPushButton* back = AddButton(*row, "cmdBack", texts::buttonBack);
     connect(back, &QPushButton::clicked, this,
-            [this] { Guarded([this] { frameWindow.UnloadAndOpen(PageBefore(pageEntry, App().iNetConfIndex)); }); });
+            [this] { Guarded([this] { pageFrame.UnloadAndOpen(PageBefore(pageEntry, App().iNetConfIndex)); }); });
     QPushButton* forward = AddButton(*row, "cmdForw", texts::buttonForward);
     forward->setEnabled(pageEntry.forward != kNoPageOnShow);
     connect(forward, &QPushButton::clicked, this, [this] {
         Guarded([this] {
             if (MayGoForward())
-                frameWindow.UnloadAndOpen(PageBehind(pageEntry, App().iNetConfIndex));
+                pageFrame.UnloadAndOpen(PageBehind(pageEntry, App().iNetConfIndex));
         });
     });
 }

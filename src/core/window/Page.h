@@ -12,22 +12,19 @@ class QVBoxLayout;
 
 namespace korvanel {
 
-class MainWindow;
+class PageFrame;
 struct PageEntry;
 
 /// Size of every page: 11310 by 7300 twips at 15 twips a pixel.
 inline constexpr int kPageWidth = 754;
 inline constexpr int kPageHeight = 487;
 
-/// A tool tip that shows the text as it stands, also where it looks like markup.
-QString PlainToolTip(const QString& text);
-
 class Page : public QWidget
 {
     Q_OBJECT
 
 public:
-    Page(MainWindow& window, const PageEntry& entry);
+    Page(PageFrame& host, const PageEntry& entry);
 
     /// The page has its size whatever its controls would like.
     QSize sizeHint() const override { return {kPageWidth, kPageHeight}; }
@@ -44,7 +41,7 @@ public:
 protected:
     /// Layout for the controls of the page, above its buttons.
     QVBoxLayout& Body() { return *body; }
-    MainWindow& Window() { return frameWindow; }
+    PageFrame& Frame() { return pageFrame; }
     /// Runs what a control of the page does: not while a modal window is on show, and with its failure reported.
     void Guarded(const std::function<void()>& routine);
     /// Runs a routine with the page locked: what is pressed meanwhile is dropped. Then, however the routine ends,
@@ -59,7 +56,7 @@ private:
     QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& text);
     void AddDeviceLabel(QHBoxLayout& row);
 
-    MainWindow& frameWindow;
+    PageFrame& pageFrame;
     const PageEntry& pageEntry;
     QVBoxLayout* body;
 };

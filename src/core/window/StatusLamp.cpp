@@ -10,11 +10,6 @@ namespace {
 
 constexpr int kLampSize = 18;
 
-int ColourNumber(const QColor& colour)
-{
-    return colour.red() | colour.green() << 8 | colour.blue() << 16;
-}
-
 } // namespace
 
 StatusLamp::StatusLamp(const QString& name) : colourNumber(ColourNumber(palette().color(QPalette::Button)))

@@ -2,7 +2,7 @@
 
 #include "core/NumberText.h"
 #include "core/texts/Main.h"
-#include "core/window/Page.h"
+#include "core/window/PlainToolTip.h"
 
 #include <QLabel>
 #include <QProgressBar>

@@ -191,7 +191,7 @@ TEST_F(MainWindowTest, WithoutAMachineEveryMeasuringPageLeadsToTheMachinePage)
 TEST_F(MainWindowTest, WithoutAUsableMotorDatabaseTheMachinePageIsNotShown)
 {
     OpenInWindow(2);
-    window.SetMachinePageCheck([] { return false; });
+    SetHook(Hook::AllowMachinePage, [] { return false; });
     window.UnloadAndOpen(10);
     EXPECT_EQ(window.PageOnShow(), nullptr);
     window.UnloadAndOpen(4); // by way of the machine page
