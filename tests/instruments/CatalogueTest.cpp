@@ -253,22 +253,26 @@ TEST_F(CataloguedDriver, IsReachedByTheTextOfItsRow)
 
 TEST_F(CataloguedDriver, CanConfigureAndSampleEveryEntryThatNamesIt)
 {
-    for (const Instrument& instrument : Instruments())
-        for (const quint8 command : {kDevConfigure, kDevSample})
-            if (instrument.driver) {
-                port.requests.clear();
-                EXPECT_NE(ErrorOf(instrument.entry, command), UnknownCommand(command)) << instrument.entry;
-                EXPECT_FALSE(port.requests.empty()) << instrument.entry << ' ' << int{command};
-            }
+    for (const Instrument& instrument : Instruments()) {
+        if (!instrument.driver)
+            continue;
+        for (const quint8 command : {kDevConfigure, kDevSample}) {
+            port.requests.clear();
+            EXPECT_NE(ErrorOf(instrument.entry, command), UnknownCommand(command)) << instrument.entry;
+            EXPECT_FALSE(port.requests.empty()) << instrument.entry << ' ' << int{command};
+        }
+    }
 }
 
 TEST_F(CataloguedDriver, HasTheFunctionsThatTheRowPromisesAndNoOthers)
 {
-    for (const Instrument& instrument : Instruments())
+    for (const Instrument& instrument : Instruments()) {
+        if (!instrument.driver)
+            continue;
         for (const quint8 command : {kDevReadTransformers, kDevWriteTransformers, kDevResetCounters, kDevInfo})
-            if (instrument.driver)
-                EXPECT_EQ(ErrorOf(instrument.entry, command) != UnknownCommand(command), instrument.hasDeviceFunctions)
-                    << instrument.entry << ' ' << int{command};
+            EXPECT_EQ(ErrorOf(instrument.entry, command) != UnknownCommand(command), instrument.hasDeviceFunctions)
+                << instrument.entry << ' ' << int{command};
+    }
 }
 
 TEST_F(CatalogueTest, LeastRunInterval_IsOfTheBlockInstrumentsAlone)
