@@ -196,8 +196,8 @@ bool PrintList()
     process.waitForFinished(-1);
     const double longest = process.readAllStandardOutput().toDouble();
     const bool isGood = process.exitCode() == EXIT_SUCCESS && longest > 0 && longest <= kLimit;
-    std::printf("%-46s %6.1f ms (at most %.0f, longest of 200)%s\n", "show any place of the sets", longest,
-                kLimit, isGood ? "" : "  TOO SLOW");
+    std::printf("%-46s %6.1f ms (at most %.0f, longest of 200)%s\n", "show any place of the sets", longest, kLimit,
+                isGood ? "" : "  TOO SLOW");
     return isGood;
 }
 
@@ -255,7 +255,8 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "store a set durably / two bare inserts", "Append_Program", "Append_Bare", 1.3);
     isGood &= PrintRatio(reporter, "recompute all sets / bare loop", "Recompute_Program", "Recompute_Bare", 2.5);
     isGood &= PrintRatio(reporter, "evaluate all sets / bare loop", "Evaluate_Program", "Cursor_Bare", 2.0);
-    isGood &= PrintRatio(reporter, "the same, window of a quarter of the sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
+    isGood &=
+        PrintRatio(reporter, "the same, window of a quarter of the sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
     isGood &= PrintRatio(reporter, "export all sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);

@@ -15,7 +15,7 @@
 #include "core/clsGraphColours.h"
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "core/window/DialogTable.h"
 #include "core/window/FormH2.h"
 #include "core/window/FormLater.h"

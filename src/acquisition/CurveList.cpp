@@ -5,7 +5,7 @@
 #include "core/NumberText.h"
 #include "core/clsGraphColours.h"
 #include "core/clsSymbols.h"
-#include "core/texts/FormF4.h"
+#include "core/texts/FormF4Texts.h"
 
 #include <QSignalBlocker>
 

@@ -5,7 +5,7 @@
 #include "acquisition/ScheduleTab.h"
 #include "acquisition/TransformerTab.h"
 #include "core/Common.h"
-#include "core/texts/FormF3.h"
+#include "core/texts/FormF3Texts.h"
 #include "core/window/PageTable.h"
 #include "instruments/DevManaging.h"
 

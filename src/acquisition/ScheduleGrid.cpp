@@ -4,7 +4,7 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/FormF3.h"
+#include "core/texts/FormF3Texts.h"
 
 #include <QHeaderView>
 #include <QSignalBlocker>

@@ -6,7 +6,7 @@
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
 #include "core/Texts.h"
-#include "core/texts/FormF3.h"
+#include "core/texts/FormF3Texts.h"
 
 #include <QApplication>
 #include <QCheckBox>

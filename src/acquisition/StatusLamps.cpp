@@ -2,7 +2,7 @@
 
 #include "core/Colour.h"
 #include "core/Texts.h"
-#include "core/texts/FormF3.h"
+#include "core/texts/FormF3Texts.h"
 #include "core/window/StatusLamp.h"
 
 #include <QHBoxLayout>

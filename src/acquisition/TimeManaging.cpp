@@ -3,7 +3,7 @@
 #include "acquisition/clsTimeSchedule.h"
 #include "core/Clock.h"
 #include "core/NumberText.h"
-#include "core/texts/FormF4.h"
+#include "core/texts/FormF4Texts.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "core/Quantities.h"
 #include "core/Texts.h"
 #include "core/clsSymbols.h"
-#include "core/texts/FormF3.h"
+#include "core/texts/FormF3Texts.h"
 #include "core/window/EntryBox.h"
 
 #include <QGridLayout>

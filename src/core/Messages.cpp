@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "core/TableDb.h"
 
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,49 +1,49 @@
 #include "core/Texts.h"
 
-#include "core/texts/Default.h"
-#include "core/texts/Dialogues.h"
-#include "core/texts/FormF1.h"
-#include "core/texts/FormF10.h"
-#include "core/texts/FormF2.h"
-#include "core/texts/FormF3.h"
-#include "core/texts/FormF4.h"
-#include "core/texts/FormF6.h"
-#include "core/texts/FormH10.h"
-#include "core/texts/FormH11.h"
-#include "core/texts/FormH15.h"
-#include "core/texts/FormH3.h"
-#include "core/texts/FormH5.h"
-#include "core/texts/FormH6.h"
-#include "core/texts/FormH7.h"
-#include "core/texts/FormH9.h"
-#include "core/texts/Main.h"
-#include "core/texts/PrintExport.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/DialoguesTexts.h"
+#include "core/texts/FormF10Texts.h"
+#include "core/texts/FormF1Texts.h"
+#include "core/texts/FormF2Texts.h"
+#include "core/texts/FormF3Texts.h"
+#include "core/texts/FormF4Texts.h"
+#include "core/texts/FormF6Texts.h"
+#include "core/texts/FormH10Texts.h"
+#include "core/texts/FormH11Texts.h"
+#include "core/texts/FormH15Texts.h"
+#include "core/texts/FormH3Texts.h"
+#include "core/texts/FormH5Texts.h"
+#include "core/texts/FormH6Texts.h"
+#include "core/texts/FormH7Texts.h"
+#include "core/texts/FormH9Texts.h"
+#include "core/texts/MainTexts.h"
+#include "core/texts/PrintExportTexts.h"
+#include "core/texts/ValueNamesTexts.h"
 
 namespace korvanel {
 
 namespace texts {
 
 #define TEXT(variable, number, german) QString variable;
-#include "core/texts/Default.inc"
-#include "core/texts/Dialogues.inc"
-#include "core/texts/FormF1.inc"
-#include "core/texts/FormF10.inc"
-#include "core/texts/FormF2.inc"
-#include "core/texts/FormF3.inc"
-#include "core/texts/FormF4.inc"
-#include "core/texts/FormF6.inc"
-#include "core/texts/FormH10.inc"
-#include "core/texts/FormH11.inc"
-#include "core/texts/FormH15.inc"
-#include "core/texts/FormH3.inc"
-#include "core/texts/FormH5.inc"
-#include "core/texts/FormH6.inc"
-#include "core/texts/FormH7.inc"
-#include "core/texts/FormH9.inc"
-#include "core/texts/Main.inc"
-#include "core/texts/PrintExport.inc"
-#include "core/texts/ValueNames.inc"
+#include "core/texts/DefaultTexts.inc"
+#include "core/texts/DialoguesTexts.inc"
+#include "core/texts/FormF10Texts.inc"
+#include "core/texts/FormF1Texts.inc"
+#include "core/texts/FormF2Texts.inc"
+#include "core/texts/FormF3Texts.inc"
+#include "core/texts/FormF4Texts.inc"
+#include "core/texts/FormF6Texts.inc"
+#include "core/texts/FormH10Texts.inc"
+#include "core/texts/FormH11Texts.inc"
+#include "core/texts/FormH15Texts.inc"
+#include "core/texts/FormH3Texts.inc"
+#include "core/texts/FormH5Texts.inc"
+#include "core/texts/FormH6Texts.inc"
+#include "core/texts/FormH7Texts.inc"
+#include "core/texts/FormH9Texts.inc"
+#include "core/texts/MainTexts.inc"
+#include "core/texts/PrintExportTexts.inc"
+#include "core/texts/ValueNamesTexts.inc"
 #undef TEXT
 
 } // namespace texts
@@ -52,61 +52,61 @@ namespace {
 
 #define TEXT(variable, number, german) {&texts::variable, number, german},
 constexpr TextLine kMain[] = {
-#include "core/texts/Main.inc"
+#include "core/texts/MainTexts.inc"
 };
 constexpr TextLine kDefault[] = {
-#include "core/texts/Default.inc"
+#include "core/texts/DefaultTexts.inc"
 };
 constexpr TextLine kValueNames[] = {
-#include "core/texts/ValueNames.inc"
+#include "core/texts/ValueNamesTexts.inc"
 };
 constexpr TextLine kDialogues[] = {
-#include "core/texts/Dialogues.inc"
+#include "core/texts/DialoguesTexts.inc"
 };
 constexpr TextLine kPrintExport[] = {
-#include "core/texts/PrintExport.inc"
+#include "core/texts/PrintExportTexts.inc"
 };
 constexpr TextLine kFormF1[] = {
-#include "core/texts/FormF1.inc"
+#include "core/texts/FormF1Texts.inc"
 };
 constexpr TextLine kFormF2[] = {
-#include "core/texts/FormF2.inc"
+#include "core/texts/FormF2Texts.inc"
 };
 constexpr TextLine kFormF3[] = {
-#include "core/texts/FormF3.inc"
+#include "core/texts/FormF3Texts.inc"
 };
 constexpr TextLine kFormF4[] = {
-#include "core/texts/FormF4.inc"
+#include "core/texts/FormF4Texts.inc"
 };
 constexpr TextLine kFormF6[] = {
-#include "core/texts/FormF6.inc"
+#include "core/texts/FormF6Texts.inc"
 };
 constexpr TextLine kFormF10[] = {
-#include "core/texts/FormF10.inc"
+#include "core/texts/FormF10Texts.inc"
 };
 constexpr TextLine kFormH3[] = {
-#include "core/texts/FormH3.inc"
+#include "core/texts/FormH3Texts.inc"
 };
 constexpr TextLine kFormH5[] = {
-#include "core/texts/FormH5.inc"
+#include "core/texts/FormH5Texts.inc"
 };
 constexpr TextLine kFormH6[] = {
-#include "core/texts/FormH6.inc"
+#include "core/texts/FormH6Texts.inc"
 };
 constexpr TextLine kFormH7[] = {
-#include "core/texts/FormH7.inc"
+#include "core/texts/FormH7Texts.inc"
 };
 constexpr TextLine kFormH9[] = {
-#include "core/texts/FormH9.inc"
+#include "core/texts/FormH9Texts.inc"
 };
 constexpr TextLine kFormH10[] = {
-#include "core/texts/FormH10.inc"
+#include "core/texts/FormH10Texts.inc"
 };
 constexpr TextLine kFormH11[] = {
-#include "core/texts/FormH11.inc"
+#include "core/texts/FormH11Texts.inc"
 };
 constexpr TextLine kFormH15[] = {
-#include "core/texts/FormH15.inc"
+#include "core/texts/FormH15Texts.inc"
 };
 #undef TEXT
 

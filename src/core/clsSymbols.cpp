@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/QuantityTable.h"
-#include "core/texts/FormH3.h"
+#include "core/texts/FormH3Texts.h"
 
 namespace korvanel {
 

@@ -5,7 +5,7 @@
 #include "core/LocalFormats.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "data/ComputedQuantities.h"
 #include "data/RowWriter.h"
 #include "data/SetReader.h"

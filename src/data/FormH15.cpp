@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
-#include "core/texts/FormH15.h"
+#include "core/texts/FormH15Texts.h"
 #include "core/window/DialogButtons.h"
 
 #include <QHBoxLayout>

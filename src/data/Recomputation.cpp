@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "data/ComputedQuantities.h"
 #include "data/PassOverSets.h"
 #include "data/SetRewriter.h"

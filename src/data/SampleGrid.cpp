@@ -3,7 +3,7 @@
 #include "core/Colour.h"
 #include "core/Common.h"
 #include "core/clsSymbols.h"
-#include "core/texts/FormF4.h"
+#include "core/texts/FormF4Texts.h"
 
 #include <QGridLayout>
 #include <QHeaderView>

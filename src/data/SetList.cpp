@@ -4,7 +4,7 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/clsSymbols.h"
-#include "core/texts/FormF6.h"
+#include "core/texts/FormF6Texts.h"
 #include "data/RowQuantities.h"
 
 #include <QEvent>

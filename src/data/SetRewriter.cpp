@@ -1,7 +1,7 @@
 #include "data/SetRewriter.h"
 
 #include "core/NumberText.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <sqlite3.h>
 

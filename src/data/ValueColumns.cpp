@@ -2,7 +2,7 @@
 
 #include "core/QuantityTable.h"
 #include "core/TableDb.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <algorithm>
 #include <cmath>

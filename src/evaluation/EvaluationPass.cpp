@@ -2,7 +2,7 @@
 
 #include "core/NetConfigurations.h"
 #include "core/NumberText.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "data/RowQuantities.h"
 #include "evaluation/RatedData.h"
 #include "evaluation/TimeWindow.h"

@@ -5,8 +5,8 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormH10.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormH10Texts.h"
 #include "core/window/DialogButtons.h"
 
 #include <QFormLayout>

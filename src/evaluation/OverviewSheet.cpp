@@ -4,7 +4,7 @@
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
-#include "core/texts/FormF6.h"
+#include "core/texts/FormF6Texts.h"
 #include "core/window/PlainToolTip.h"
 #include "evaluation/Rating.h"
 #include "evaluation/SuitabilityBar.h"

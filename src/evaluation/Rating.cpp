@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Quantities.h"
 #include "core/Texts.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/ValueNamesTexts.h"
 #include "data/RowQuantities.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "evaluation/SuitabilityShares.h"
 
 #include "core/NumberText.h"
-#include "core/texts/Main.h"
+#include "core/texts/MainTexts.h"
 
 #include <algorithm>
 #include <cmath>

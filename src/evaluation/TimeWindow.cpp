@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/clsProgSettings.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/ValueNamesTexts.h"
 
 #include <cmath>
 

@@ -6,8 +6,8 @@
 #include "core/Texts.h"
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
-#include "core/texts/FormF3.h"
-#include "core/texts/FormF6.h"
+#include "core/texts/FormF3Texts.h"
+#include "core/texts/FormF6Texts.h"
 #include "evaluation/TimeWindow.h"
 
 #include <span>

@@ -1,7 +1,7 @@
 #include "evaluation/WindowTail.h"
 
 #include "core/NumberText.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "data/RowQuantities.h"
 
 namespace korvanel {

@@ -1,8 +1,8 @@
 #include "instruments/Catalogue.h"
 
 #include "core/Common.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormF2.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormF2Texts.h"
 #include "instruments/EntryTable.h"
 #include "instruments/IskraDriver.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/Messages.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "instruments/Catalogue.h"
 #include "instruments/SerialPort.h"
 

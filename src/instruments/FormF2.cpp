@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/FormF2.h"
+#include "core/texts/FormF2Texts.h"
 #include "instruments/NetConfigurationChange.h"
 #include "instruments/QuantityLists.h"
 

@@ -1,7 +1,7 @@
 #include "instruments/FormH7.h"
 
-#include "core/texts/Default.h"
-#include "core/texts/FormH7.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormH7Texts.h"
 #include "instruments/WiringView.h"
 
 #include <QPushButton>

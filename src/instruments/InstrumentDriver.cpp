@@ -1,7 +1,7 @@
 #include "instruments/InstrumentDriver.h"
 
 #include "core/Common.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "instruments/SerialLink.h"
 #include "instruments/SerialPort.h"
 

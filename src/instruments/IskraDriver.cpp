@@ -2,8 +2,8 @@
 
 #include "core/Common.h"
 #include "core/Texts.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormH5.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormH5Texts.h"
 #include "instruments/EntryTable.h"
 #include "instruments/Frames.h"
 #include "instruments/IskraSample.h"

@@ -4,8 +4,8 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormF2.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormF2Texts.h"
 #include "data/ValueTables.h"
 #include "project/ProjectStore.h"
 

@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Texts.h"
 #include "core/clsSymbols.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/ValueNamesTexts.h"
 
 #include <QStringList>
 

@@ -2,7 +2,7 @@
 
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QFileInfo>
 #include <QSerialPort>

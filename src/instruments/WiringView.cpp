@@ -3,8 +3,8 @@
 #include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormH7.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormH7Texts.h"
 #include "instruments/Catalogue.h"
 
 #include <QGridLayout>

@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/Texts.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "machine/Algorithms_ASM_Leistung.h"
 #include "machine/Algorithms_ASM_RZM.h"
 #include "machine/ModelSteps.h"

@@ -7,7 +7,7 @@
 #include "core/Paths.h"
 #include "core/Shell.h"
 #include "core/TableDb.h"
-#include "core/texts/FormF10.h"
+#include "core/texts/FormF10Texts.h"
 #include "core/window/DialogTable.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"

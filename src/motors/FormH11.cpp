@@ -3,8 +3,8 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/clsWaitCursor.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormH11.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormH11Texts.h"
 #include "core/window/DialogButtons.h"
 #include "motors/MotorDatabase.h"
 

@@ -4,7 +4,7 @@
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/FormH6.h"
+#include "core/texts/FormH6Texts.h"
 #include "core/window/DialogButtons.h"
 
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "motors/FormH8.h"
 
 #include "core/Common.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "motors/ModelListing.h"
 
 #include <QListWidget>

@@ -1,7 +1,7 @@
 #include "motors/FurtherTab.h"
 
 #include "core/Texts.h"
-#include "core/texts/FormF10.h"
+#include "core/texts/FormF10Texts.h"
 #include "motors/KnownGroup.h"
 #include "motors/NumberBox.h"
 

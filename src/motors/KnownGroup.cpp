@@ -1,6 +1,6 @@
 #include "motors/KnownGroup.h"
 
-#include "core/texts/FormF10.h"
+#include "core/texts/FormF10Texts.h"
 
 #include <QCheckBox>
 #include <QComboBox>

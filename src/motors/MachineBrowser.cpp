@@ -4,8 +4,8 @@
 #include "core/Messages.h"
 #include "core/Shell.h"
 #include "core/clsWaitCursor.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormF10.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormF10Texts.h"
 #include "machine/Algorithms_ASM_Start.h"
 
 #include <algorithm>

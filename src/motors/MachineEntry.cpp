@@ -2,7 +2,7 @@
 
 #include "core/Messages.h"
 #include "core/NumberText.h"
-#include "core/texts/FormF10.h"
+#include "core/texts/FormF10Texts.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/FormF10.h"
+#include "core/texts/FormF10Texts.h"
 #include "core/window/PlainToolTip.h"
 #include "motors/MachineEntry.h"
 

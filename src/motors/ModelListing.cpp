@@ -2,8 +2,8 @@
 
 #include "core/NumberText.h"
 #include "core/Texts.h"
-#include "core/texts/Default.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/ValueNamesTexts.h"
 
 namespace korvanel {
 

@@ -6,7 +6,7 @@
 #include "core/ProjectDb.h"
 #include "core/Shell.h"
 #include "core/clsProgSettings.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "core/window/DialogTable.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "motors/MotorColumns.h"

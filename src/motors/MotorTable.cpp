@@ -1,6 +1,6 @@
 // The rows of the table `Motor`, in the motor database and in a project alike.
 #include "core/NumberText.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "motors/MotorColumns.h"
 #include "motors/MotorDatabase.h"
 

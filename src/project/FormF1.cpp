@@ -4,7 +4,7 @@
 #include "core/LocalFormats.h"
 #include "core/Shell.h"
 #include "core/TableDb.h"
-#include "core/texts/FormF1.h"
+#include "core/texts/FormF1Texts.h"
 #include "core/window/PlainToolTip.h"
 #include "project/ProjectCommands.h"
 

@@ -6,8 +6,8 @@
 #include "core/NumberText.h"
 #include "core/Paths.h"
 #include "core/TableDb.h"
-#include "core/texts/Default.h"
-#include "core/texts/Dialogues.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/DialoguesTexts.h"
 #include "data/ValueTables.h"
 #include "project/ProjectStore.h"
 

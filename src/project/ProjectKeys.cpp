@@ -2,7 +2,7 @@
 
 #include "core/Clock.h"
 #include "core/LocalFormats.h"
-#include "core/texts/FormF1.h"
+#include "core/texts/FormF1Texts.h"
 
 #include <cmath>
 #include <limits>

@@ -8,7 +8,7 @@
 #include "core/Paths.h"
 #include "core/ProjectDb.h"
 #include "core/clsWaitCursor.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "data/ValueTables.h"
 #include "project/KeyValueTable.h"
 #include "project/ProjectSchema.h"

@@ -1,6 +1,6 @@
 // The message shell: each box with its title, icon and buttons, and what an answer does to the block.
 #include "core/Messages.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include "support/Fixture.h"
 

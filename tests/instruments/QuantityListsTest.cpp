@@ -2,7 +2,7 @@
 #include "instruments/QuantityLists.h"
 
 #include "core/Quantities.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/ValueNamesTexts.h"
 #include "support/Fixture.h"
 
 #include <stdexcept>

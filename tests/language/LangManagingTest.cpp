@@ -3,9 +3,9 @@
 
 #include "core/SettingsStore.h"
 #include "core/clsProgSettings.h"
-#include "core/texts/Default.h"
-#include "core/texts/Main.h"
-#include "core/texts/ValueNames.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/MainTexts.h"
+#include "core/texts/ValueNamesTexts.h"
 #include "support/Fixture.h"
 
 #include <memory>

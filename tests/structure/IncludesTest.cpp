@@ -112,13 +112,13 @@ TEST(ReadIncludes, KnowsAFileOfTheProgramBetweenAngleBracketsToo)
 
 TEST(CheckRooms, LetsArrowsPointDownward)
 {
-    EXPECT_THAT(CheckRooms({{"main.cpp", "#include \"output/Export.h\"\n#include \"core/texts/Main.h\"\n"},
+    EXPECT_THAT(CheckRooms({{"main.cpp", "#include \"output/Export.h\"\n#include \"core/texts/MainTexts.h\"\n"},
                             {"output/Export.h", "#include \"data/Rows.h\"\n#include <QString>\n"},
                             {"data/Rows.h", "#include \"core/window/Page.h\"\n#include \"machine/Model.h\"\n"},
                             {"core/window/Page.h", "#include \"core/Shell.h\"\n"},
-                            {"machine/Model.h", "#include \"core/texts/Main.h\"\n"},
-                            {"core/Texts.cpp", "#include \"core/texts/Main.inc\"\n"},
-                            {"core/texts/Main.h", "#include \"core/Texts.h\"\n"}}),
+                            {"machine/Model.h", "#include \"core/texts/MainTexts.h\"\n"},
+                            {"core/Texts.cpp", "#include \"core/texts/MainTexts.inc\"\n"},
+                            {"core/texts/MainTexts.h", "#include \"core/Texts.h\"\n"}}),
                 IsEmpty());
 }
 
@@ -142,7 +142,7 @@ TEST(CheckRooms, TellsWhatTheLowestRoomsDoNotInclude)
         const char* rule;
     };
     for (const Case& c : {Case{"core/A.h", "core/window/Page.h", "core includes no other room"},
-                          Case{"core/texts/A.h", "machine/Model.h", "core includes no other room"},
+                          Case{"core/texts/ATexts.h", "machine/Model.h", "core includes no other room"},
                           Case{"core/window/A.h", "machine/Model.h", "core/window includes core alone"},
                           Case{"core/window/A.h", "project/Store.h", "core/window includes core alone"},
                           Case{"machine/A.h", "core/window/Page.h", "machine includes core alone"},
@@ -179,7 +179,7 @@ TEST(CheckPages, TellsAPageThatAModuleOfAnotherRoomIncludes)
 TEST(CheckPages, LetsTheOwnRoomAndMainIncludeAPage)
 {
     EXPECT_THAT(CheckPages({{"main.cpp", "#include \"data/FormF5.h\"\n"},
-                            {"data/FormF5.cpp", "#include \"data/FormF5.h\"\n#include \"core/texts/FormF5.h\"\n"},
+                            {"data/FormF5.cpp", "#include \"data/FormF5.h\"\n#include \"core/texts/FormF5Texts.h\"\n"},
                             {"motors/Table.cpp", "#include \"core/Formats.h\"\n#include \"core/LocalFormats.h\"\n"}},
                            {}),
                 IsEmpty());
@@ -249,9 +249,10 @@ TEST(CheckCircles, CountsAHeaderAndItsSourceAsOne)
 
 TEST(CheckCircles, CountsTheTextsAndTheirSectionsAsOne)
 {
-    EXPECT_THAT(CheckCircles({{"core/Texts.cpp", "#include \"core/texts/Main.h\"\n#include \"core/texts/Main.inc\"\n"},
-                              {"core/texts/Main.h", "#include \"core/Texts.h\"\n"}},
-                             {}),
+    EXPECT_THAT(CheckCircles(
+                    {{"core/Texts.cpp", "#include \"core/texts/MainTexts.h\"\n#include \"core/texts/MainTexts.inc\"\n"},
+                     {"core/texts/MainTexts.h", "#include \"core/Texts.h\"\n"}},
+                    {}),
                 IsEmpty());
 }
 

@@ -1,7 +1,7 @@
 #include "core/window/DialogButtons.h"
 
 #include "core/Messages.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QDialog>
 #include <QHBoxLayout>

@@ -2,8 +2,8 @@
 
 #include "core/Paths.h"
 #include "core/Texts.h"
-#include "core/texts/Default.h"
-#include "core/texts/Dialogues.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/DialoguesTexts.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -2,7 +2,7 @@
 
 #include "core/Common.h"
 #include "core/Paths.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QLabel>
 #include <QPixmap>

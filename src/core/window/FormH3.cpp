@@ -2,8 +2,8 @@
 
 #include "core/Common.h"
 #include "core/clsSymbols.h"
-#include "core/texts/Default.h"
-#include "core/texts/FormH3.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormH3Texts.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>

@@ -1,6 +1,6 @@
 #include "core/window/FormLater.h"
 
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

@@ -3,7 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/Texts.h"
-#include "core/texts/Main.h"
+#include "core/texts/MainTexts.h"
 
 #include <QAction>
 #include <QApplication>

@@ -5,7 +5,7 @@
 #include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
-#include "core/texts/Default.h"
+#include "core/texts/DefaultTexts.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "core/window/PendingInput.h"

@@ -1,7 +1,7 @@
 #include "core/window/PageTable.h"
 
 #include "core/NetConfigurations.h"
-#include "core/texts/Main.h"
+#include "core/texts/MainTexts.h"
 
 #include <algorithm>
 

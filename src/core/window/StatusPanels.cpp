@@ -1,7 +1,7 @@
 #include "core/window/StatusPanels.h"
 
 #include "core/NumberText.h"
-#include "core/texts/Main.h"
+#include "core/texts/MainTexts.h"
 #include "core/window/PlainToolTip.h"
 
 #include <QLabel>

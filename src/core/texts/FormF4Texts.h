@@ -1,12 +1,12 @@
-// The texts of section FORMH7, as variables. A new one is a line in FormH7.inc.
+// The texts of section FORMF4, as variables. A new one is a line in FormF4Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH7.inc"
+#include "core/texts/FormF4Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section MAIN, as variables. A new one is a line in Main.inc.
+// The texts of section FORMH3, as variables. A new one is a line in FormH3Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/Main.inc"
+#include "core/texts/FormH3Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

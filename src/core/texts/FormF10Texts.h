@@ -1,12 +1,12 @@
-// The texts of section FORMH9, as variables. A new one is a line in FormH9.inc.
+// The texts of section FORMF10, as variables. A new one is a line in FormF10Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH9.inc"
+#include "core/texts/FormF10Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMH15, as variables. A new one is a line in FormH15.inc.
+// The texts of section DEFAULT, as variables. A new one is a line in DefaultTexts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH15.inc"
+#include "core/texts/DefaultTexts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

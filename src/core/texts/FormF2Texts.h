@@ -1,12 +1,12 @@
-// The texts of section VALUE NAMES, as variables. A new one is a line in ValueNames.inc.
+// The texts of section FORMF2, as variables. A new one is a line in FormF2Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/ValueNames.inc"
+#include "core/texts/FormF2Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMF2, as variables. A new one is a line in FormF2.inc.
+// The texts of section FORMF3, as variables. A new one is a line in FormF3Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormF2.inc"
+#include "core/texts/FormF3Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

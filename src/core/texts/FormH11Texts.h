@@ -1,12 +1,12 @@
-// The texts of section FORMH11, as variables. A new one is a line in FormH11.inc.
+// The texts of section FORMH11, as variables. A new one is a line in FormH11Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH11.inc"
+#include "core/texts/FormH11Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMH3, as variables. A new one is a line in FormH3.inc.
+// The texts of section DIALOGUES, as variables. A new one is a line in DialoguesTexts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH3.inc"
+#include "core/texts/DialoguesTexts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMH10, as variables. A new one is a line in FormH10.inc.
+// The texts of section FORMH10, as variables. A new one is a line in FormH10Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH10.inc"
+#include "core/texts/FormH10Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMH6, as variables. A new one is a line in FormH6.inc.
+// The texts of section FORMF6, as variables. A new one is a line in FormF6Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH6.inc"
+#include "core/texts/FormF6Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

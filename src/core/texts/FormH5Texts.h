@@ -1,12 +1,12 @@
-// The texts of section FORMH5, as variables. A new one is a line in FormH5.inc.
+// The texts of section FORMH5, as variables. A new one is a line in FormH5Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormH5.inc"
+#include "core/texts/FormH5Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

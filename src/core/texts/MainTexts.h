@@ -1,12 +1,12 @@
-// The texts of section FORMF1, as variables. A new one is a line in FormF1.inc.
+// The texts of section MAIN, as variables. A new one is a line in MainTexts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormF1.inc"
+#include "core/texts/MainTexts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMF4, as variables. A new one is a line in FormF4.inc.
+// The texts of section FORMH6, as variables. A new one is a line in FormH6Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormF4.inc"
+#include "core/texts/FormH6Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts

@@ -1,12 +1,12 @@
-// The texts of section FORMF3, as variables. A new one is a line in FormF3.inc.
+// The texts of section FORMH15, as variables. A new one is a line in FormH15Texts.inc.
 #pragma once
 
-#include "core/Texts.h"
+#include <QString>
 
 namespace korvanel::texts {
 
 #define TEXT(variable, number, german) extern QString variable;
-#include "core/texts/FormF3.inc"
+#include "core/texts/FormH15Texts.inc"
 #undef TEXT
 
 } // namespace korvanel::texts
