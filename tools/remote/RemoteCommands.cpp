@@ -1,4 +1,4 @@
-#include "RemoteCommands.h"
+#include "remote/RemoteCommands.h"
 
 #include <QAbstractButton>
 #include <QAction>

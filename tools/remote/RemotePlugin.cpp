@@ -1,6 +1,6 @@
-#include "RemotePlugin.h"
+#include "remote/RemotePlugin.h"
 
-#include "RemoteCommands.h"
+#include "remote/RemoteCommands.h"
 
 #include <QJsonDocument>
 #include <QLocalSocket>

@@ -4,6 +4,7 @@
 #include <QDialog>
 
 class QListWidget;
+class QVBoxLayout;
 
 namespace korvanel {
 
@@ -17,7 +18,7 @@ public:
     static bool ChangeOrder(QWidget* parent);
 
 private:
-    void AddMoveButton(class QVBoxLayout& column, int index, const QString& text);
+    void AddMoveButton(QVBoxLayout& column, int index, const QString& text);
     /// 0 to the top, 1 up, 2 down, 3 to the bottom.
     void Move(int index);
     void WriteBack();

@@ -83,13 +83,14 @@ void MainWindow::UnloadPage()
         return;
     App().lPageLeft = pageFrame->x();
     App().lPageTop = pageFrame->y();
-    const QPointer<Page> left = page;
+    const quint64 shown = pagesShown;
     CallHook(Hook::SaveIfDirty);
-    if (!left || page != left) // the save may have told a failure, and much can happen while a box is on show
+    if (!page || pagesShown != shown) // the save may have told a failure, and much can happen while a box is on show
         return;
     LeavePage();
     // The page may be the one whose button is being answered, so it goes when the event is over.
-    page.clear();
+    Page* const left = page;
+    page = nullptr;
     pageFrame->hide();
     area->removeSubWindow(pageFrame);
     left->hide();
@@ -136,6 +137,7 @@ void MainWindow::ShowPage()
     UnloadPage(); // at most one page is on show, however this was reached
     App().iCurrentPage = static_cast<qint16>(entry->number);
     page = builders.at(entry->number)(*this, *entry);
+    ++pagesShown;
     page->AddBottomRow();
     pageFrame = area->addSubWindow(page, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     PlacePage(*pageFrame);

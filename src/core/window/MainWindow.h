@@ -108,6 +108,7 @@ private:
     StatusPanels* panels;
     bool isProgressShown = false;
     QPointer<Page> page;
+    quint64 pagesShown = 0; ///< since the start: tells one page from the next
     QPointer<QMdiSubWindow> pageFrame;
 };
 
