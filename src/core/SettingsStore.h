@@ -10,6 +10,12 @@ namespace korvanel {
 
 inline const QString kSettingsApplication = QStringLiteral("KORVANEL");
 
+// The sections of the store. Those but the first have keys by number.
+inline const QString kSettingsSection = QStringLiteral("Settings");
+inline const QString kPortsSection = QStringLiteral("Ports");               ///< "COMn": a device
+inline const QString kGraphColoursSection = QStringLiteral("GraphColours"); ///< a quantity: its colour
+inline const QString kRecentSection = QStringLiteral("MRU");                ///< a place: a recent file; and "Max"
+
 /// All keys of a section with their values; empty if the section is missing or can't be read.
 std::map<QString, QString> ReadSection(const QString& application, const QString& section);
 

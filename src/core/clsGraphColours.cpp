@@ -8,12 +8,6 @@
 
 namespace korvanel {
 
-namespace {
-
-const QString kSection = QStringLiteral("GraphColours");
-
-} // namespace
-
 clsGraphColours::clsGraphColours(const QString& settingsKey) : application(settingsKey)
 {
     for (std::size_t i = 0; i < colours.size(); ++i)
@@ -22,7 +16,7 @@ clsGraphColours::clsGraphColours(const QString& settingsKey) : application(setti
 
 void clsGraphColours::ReadSettings()
 {
-    for (const auto& [key, value] : ReadSection(application, kSection)) {
+    for (const auto& [key, value] : ReadSection(application, kGraphColoursSection)) {
         const double index = LeadingNumber(key);
         if (!IsBetween(index, 0, kQuantityCount - 1))
             throw std::out_of_range("GraphColours: " + key.toStdString());
@@ -36,7 +30,7 @@ void clsGraphColours::ReadSettings()
 void clsGraphColours::SetColour(int index, qint32 colour)
 {
     colours.at(static_cast<std::size_t>(index)) = colour;
-    StoreValue(application, kSection, QString::number(index), QString::number(colour));
+    StoreValue(application, kGraphColoursSection, QString::number(index), QString::number(colour));
 }
 
 } // namespace korvanel

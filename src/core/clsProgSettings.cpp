@@ -4,28 +4,15 @@
 #include "core/Paths.h"
 #include "core/SettingsStore.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
+#include <type_traits>
 
 namespace korvanel {
 
 namespace {
-
-const QString kSection = QStringLiteral("Settings");
-const QString kLanguage = QStringLiteral("LangFile");
-const QString kExport = QStringLiteral("Export");
-const QString kMotorDatabase = QStringLiteral("Mdb");
-const QString kWindowSize = QStringLiteral("TWin0");
-const QString kWindowFactor = QStringLiteral("TWin1");
-const QString kWindowSelection = QStringLiteral("TWin2");
-const QString kCycles = QStringLiteral("Cycles");
-const QString kCurrency = QStringLiteral("Currency");
-
-QString EnergyCostsKey(std::size_t index)
-{
-    return QStringLiteral("ECosts%1").arg(index);
-}
 
 using Section = std::map<QString, QString>;
 
@@ -47,7 +34,8 @@ void Read(const Section& section, const QString& key, double& value)
 }
 
 template <typename Whole>
-void ReadWhole(const Section& section, const QString& key, Whole& value)
+requires std::is_integral_v<Whole>
+void Read(const Section& section, const QString& key, Whole& value)
 {
     double number = value;
     Read(section, key, number);
@@ -58,7 +46,7 @@ void ReadWhole(const Section& section, const QString& key, Whole& value)
 
 void Store(const QString& key, const QString& value)
 {
-    StoreValue(kSettingsApplication, kSection, key, value);
+    StoreValue(kSettingsApplication, kSettingsSection, key, value);
 }
 
 void Store(const QString& key, double value)
@@ -69,58 +57,49 @@ void Store(const QString& key, double value)
 } // namespace
 
 clsProgSettings::clsProgSettings(const QString& programDir)
-    : exportPath(JoinPath(JoinPath(programDir, QStringLiteral("PROJECTS")), QString())),
-      motorDatabase(JoinPath(JoinPath(programDir, QStringLiteral("MOTORDATABASE")), QStringLiteral("MOTOR_DB.MDB")))
 {
-    const Section section = ReadSection(kSettingsApplication, kSection);
-    Read(section, kLanguage, languageFile);
-    Read(section, kExport, exportPath);
-    Read(section, kMotorDatabase, motorDatabase);
-    Read(section, kWindowSize, windowSize);
-    Read(section, kWindowFactor, windowFactor);
-    ReadWhole(section, kWindowSelection, windowSelection);
-    ReadWhole(section, kCycles, cycles);
-    Read(section, kCurrency, currency);
-    for (std::size_t i = 0; i < energyCosts.size(); ++i)
-        Read(section, EnergyCostsKey(i), energyCosts[i]);
+#define SETTING(type, name, key, standard) values.stored##name = standard;
+#include "core/ProgSettings.inc"
+#undef SETTING
+    const Section section = ReadSection(kSettingsApplication, kSettingsSection);
+#define SETTING(type, name, key, standard) Read(section, QStringLiteral(key), values.stored##name);
+#include "core/ProgSettings.inc"
+#undef SETTING
 }
 
-void clsProgSettings::SetLanguageFile(const QString& value)
+#define SETTING(type, name, key, standard)                                                                             \
+    void clsProgSettings::Set##name(const type& value)                                                                 \
+    {                                                                                                                  \
+        Store(QStringLiteral(key), values.stored##name = value);                                                       \
+    }
+#include "core/ProgSettings.inc"
+#undef SETTING
+
+namespace {
+
+using Settings = clsProgSettings;
+
+struct Price
 {
-    Store(kLanguage, languageFile = value);
-}
-void clsProgSettings::SetExportPath(const QString& value)
+    const double& (Settings::*get)() const;
+    void (Settings::*set)(const double& value);
+};
+constexpr std::array<Price, 3> kPrices{{
+    {&Settings::DrawnEnergyCosts, &Settings::SetDrawnEnergyCosts},
+    {&Settings::DeliveredEnergyCosts, &Settings::SetDeliveredEnergyCosts},
+    {&Settings::ReactiveEnergyCosts, &Settings::SetReactiveEnergyCosts},
+}};
+
+} // namespace
+
+double clsProgSettings::EnergyCosts(std::size_t index) const
 {
-    Store(kExport, exportPath = value);
-}
-void clsProgSettings::SetMotorDatabase(const QString& value)
-{
-    Store(kMotorDatabase, motorDatabase = value);
-}
-void clsProgSettings::SetTWindowSize(double value)
-{
-    Store(kWindowSize, windowSize = value);
-}
-void clsProgSettings::SetTWindowFactor(double value)
-{
-    Store(kWindowFactor, windowFactor = value);
-}
-void clsProgSettings::SetTWindowSelection(qint16 value)
-{
-    Store(kWindowSelection, windowSelection = value);
-}
-void clsProgSettings::SetCycles(qint32 value)
-{
-    Store(kCycles, cycles = value);
-}
-void clsProgSettings::SetUsedCurrency(const QString& value)
-{
-    Store(kCurrency, currency = value);
+    return (this->*kPrices.at(index).get)();
 }
 
 void clsProgSettings::SetEnergyCosts(std::size_t index, double value)
 {
-    Store(EnergyCostsKey(index), energyCosts.at(index) = value);
+    (this->*kPrices.at(index).set)(value);
 }
 
 } // namespace korvanel

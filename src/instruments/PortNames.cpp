@@ -11,7 +11,6 @@ namespace korvanel {
 
 namespace {
 
-const QString kSection = QStringLiteral("Ports");
 const QString kPrefix = QStringLiteral("COM");
 
 /// Number of a key "COMn"; 0 for any other key.
@@ -30,7 +29,7 @@ PortSources SystemPortSources()
 #endif
     for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts())
         sources.reported << port.systemLocation();
-    for (const auto& [key, device] : ReadSection(kSettingsApplication, kSection))
+    for (const auto& [key, device] : ReadSection(kSettingsApplication, kPortsSection))
         if (const int number = NumberOfKey(key); number > 0 && !device.trimmed().isEmpty())
             sources.assigned.emplace_back(number, device.trimmed());
     return sources;

@@ -1,4 +1,6 @@
-// Entry of every test program: the user's settings of the test lie in a folder of its own.
+// Entry of every test program: the user's settings lie in a folder of its own, and each test begins without any.
+#include "core/SettingsStore.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -8,6 +10,21 @@
 #else
 #include <QCoreApplication>
 #endif
+
+namespace {
+
+/// What a test leaves in the store of settings is not the next one's.
+class SettingsOfANewUser : public ::testing::EmptyTestEventListener
+{
+    void OnTestStart(const ::testing::TestInfo& /*test*/) override
+    {
+        using namespace korvanel;
+        for (const QString& section : {kSettingsSection, kPortsSection, kGraphColoursSection, kRecentSection})
+            DeleteSection(kSettingsApplication, section);
+    }
+};
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -24,5 +41,6 @@ int main(int argc, char* argv[])
 #else
     const QCoreApplication application(argc, argv);
 #endif
+    ::testing::UnitTest::GetInstance()->listeners().Append(new SettingsOfANewUser);
     return RUN_ALL_TESTS();
 }

@@ -31,12 +31,6 @@
 
 namespace korvanel {
 
-namespace {
-
-const QString kRecentSection = QStringLiteral("MRU");
-
-} // namespace
-
 MainWindow::MainWindow() : menu(std::make_unique<MainMenu>(*this)), area(new QMdiArea(this)), panels(new StatusPanels)
 {
     setObjectName(QStringLiteral("MainForm"));
