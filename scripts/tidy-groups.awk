@@ -23,14 +23,14 @@ input == 2 {
         includes[$1, $i]
 }
 input == 3 {
-    todo[++count] = $1
+    sources[++count] = $1
     Read($1)
 }
 
 END {
     SortByConflicts()
     for (i = 1; i <= count; i++)
-        Place(todo[i])
+        Place(sources[i])
     json = work "/compile_commands.json"
     print "[" > json
     for (i = 1; i <= groups; i++)
@@ -141,17 +141,17 @@ function SortByConflicts(    i, j, source)
 {
     for (i = 1; i <= count; i++)
         for (j = i + 1; j <= count; j++)
-            if (IsConflict(todo[i], todo[j])) {
-                conflicts[todo[i], todo[j]]
-                conflicts[todo[j], todo[i]]
-                conflictsOf[todo[i]]++
-                conflictsOf[todo[j]]++
+            if (IsConflict(sources[i], sources[j])) {
+                conflicts[sources[i], sources[j]]
+                conflicts[sources[j], sources[i]]
+                conflictsOf[sources[i]]++
+                conflictsOf[sources[j]]++
             }
     for (i = 2; i <= count; i++) {
-        source = todo[i]
-        for (j = i; j > 1 && conflictsOf[todo[j - 1]] < conflictsOf[source]; j--)
-            todo[j] = todo[j - 1]
-        todo[j] = source
+        source = sources[i]
+        for (j = i; j > 1 && conflictsOf[sources[j - 1]] < conflictsOf[source]; j--)
+            sources[j] = sources[j - 1]
+        sources[j] = source
     }
 }
 

@@ -71,6 +71,17 @@ protected:
 
 } // namespace
 
+TEST_F(SettingsTest, EachKeyBelongsToOneSetting)
+{
+    std::map<QString, QStringList> owners;
+#define SETTING(type, name, key, standard) owners[QStringLiteral(key)] << QStringLiteral(#name);
+#include "core/ProgSettings.inc"
+#undef SETTING
+    EXPECT_TRUE(owners.contains(QStringLiteral("Mdb")));
+    for (const auto& [key, names] : owners)
+        EXPECT_EQ(names.size(), 1) << key.toStdString() << ": " << names.join(u' ').toStdString();
+}
+
 TEST_F(SettingsTest, Store_OfANewUserHasNoKeys)
 {
     EXPECT_TRUE(ReadSection(kSettingsApplication, kSection).empty());
