@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
+#include "core/Units.h"
 #include "instruments/Catalogue.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr int kLongestListedInterval = 10;
 constexpr double kGreatestTrigger = 1000;
-constexpr double kWattsPerKilowatt = 1000;
 constexpr int kScaleEndOfPower = 2;
 
 struct SeriesRange
@@ -94,7 +94,7 @@ void StoreTransformer(TransformerSide side, int index, double value)
 
 double UnitOfScaleEnd(int index)
 {
-    return index == kScaleEndOfPower ? kWattsPerKilowatt : 1;
+    return index == kScaleEndOfPower ? kPerKilo : 1;
 }
 
 } // namespace
@@ -141,7 +141,7 @@ QStringList IntervalChoices()
 void PrepareMeasurementConfiguration()
 {
     ApplicationBlock& app = App();
-    app.MeasuredRow.sValidMask = QStringLiteral("NNNN");
+    app.MeasuredRow.sValidMask = kGoodSample;
     const QStringList entries = InstrumentEntries(app.iNetConfIndex);
     if (!entries.contains(app.sDevice)) {
         Store(app.sDevice, entries.value(0));

@@ -29,8 +29,6 @@ namespace {
 
 constexpr qint16 kGrace = 5;
 
-const QString kGoodSample = QStringLiteral("NNNN");
-
 } // namespace
 
 MeasurementRun::MeasurementRun(clsTimeSchedule& ofProgram, RunDisplay& ofPage)

@@ -22,7 +22,7 @@ enum ScaleEnd
 
 constexpr const char* kVoltage = "N???";
 constexpr const char* kCurrent = "?N??";
-constexpr const char* kPower = "??N?";
+constexpr const char* kPowerOnly = "??N?";
 constexpr const char* kFrequency = "???N";
 constexpr const char* kUIP = "NNN?";
 constexpr const char* kAllGood = "NNNN";
@@ -39,10 +39,10 @@ constexpr OnlineCurve kCurves[] = {
     {.quantity = kI1 + 2, .pattern = kCurrent, .scaleEnd = kEndI},
     {.quantity = kINeutral, .pattern = kCurrent, .scaleEnd = kEndI},
     {.quantity = kF, .pattern = kFrequency, .scaleEnd = kEndF},
-    {.quantity = kP, .pattern = kPower, .scaleEnd = kEndP},
-    {.quantity = kP1, .pattern = kPower, .scaleEnd = kEndP},
-    {.quantity = kP1 + 1, .pattern = kPower, .scaleEnd = kEndP},
-    {.quantity = kP1 + 2, .pattern = kPower, .scaleEnd = kEndP},
+    {.quantity = kP, .pattern = kPowerOnly, .scaleEnd = kEndP},
+    {.quantity = kP1, .pattern = kPowerOnly, .scaleEnd = kEndP},
+    {.quantity = kP1 + 1, .pattern = kPowerOnly, .scaleEnd = kEndP},
+    {.quantity = kP1 + 2, .pattern = kPowerOnly, .scaleEnd = kEndP},
     {.quantity = kQ, .pattern = kUIP, .scaleEnd = kEndP},
     {.quantity = kS, .pattern = kUIP, .scaleEnd = kEndP},
     {.quantity = kPhi, .pattern = kUIP, .fixedEnd = kHalfTurn},
@@ -51,9 +51,9 @@ constexpr OnlineCurve kCurves[] = {
     {.quantity = kM, .pattern = kAllGood, .scaleEnd = kEndM},
     {.quantity = kPmech, .pattern = kAllGood, .scaleEnd = kEndP},
     {.quantity = kEta, .pattern = kAllGood},
-    {.quantity = kWp, .pattern = kPower, .scaleEnd = kEndP},
-    {.quantity = kWpPlus, .pattern = kPower, .scaleEnd = kEndP},
-    {.quantity = kWpMinus, .pattern = kPower, .scaleEnd = kEndP},
+    {.quantity = kWp, .pattern = kPowerOnly, .scaleEnd = kEndP},
+    {.quantity = kWpPlus, .pattern = kPowerOnly, .scaleEnd = kEndP},
+    {.quantity = kWpMinus, .pattern = kPowerOnly, .scaleEnd = kEndP},
     {.quantity = kWq, .pattern = kUIP, .scaleEnd = kEndP},
 };
 

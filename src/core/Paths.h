@@ -16,6 +16,9 @@ QString WithoutTrailingSeparator(const QString& path);
 /// What stands behind the last separator.
 QString FileNameOf(const QString& path);
 
+/// The extension of projects and of motor databases.
+inline const QString kProjectExtension = QStringLiteral(".MDB");
+
 /// The path with an added extension (".MDB") unless it ends in it already; upper and lower case count as equal.
 QString WithExtension(const QString& path, const QString& extension);
 

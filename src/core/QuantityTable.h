@@ -5,6 +5,7 @@
 
 #include "core/Quantities.h"
 #include "core/RowFields.h"
+#include "core/Units.h"
 
 #include <QtGlobal>
 
@@ -27,7 +28,6 @@ struct QuantityEntry
 namespace quantities {
 
 using Row = tValueRow;
-inline constexpr double kSecondsPerHour = 3600; ///< energies are held in watt seconds and shown in watt hours
 
 inline constexpr std::array<QuantityEntry, kQuantityCount> kTable{{
     {.quantity = kU,

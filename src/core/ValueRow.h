@@ -57,11 +57,14 @@ struct tValueRow
     quint8 bEdit = 0; ///< 255 marks a corrected set, 0 a measured one
 };
 
+/// The validity of a sample in which nothing is wrong.
+inline const QString kGoodSample = QStringLiteral("NNNN");
+
 /// The set that the instrument drivers fill.
 struct tMeasuredRow : tValueRow
 {
-    /// Voltage, current, power, frequency: "N" valid, "E" invalid. Only "NNNN" is a good sample.
-    QString sValidMask = QStringLiteral("NNNN");
+    /// Voltage, current, power, frequency: "N" valid, "E" invalid. Only `kGoodSample` counts.
+    QString sValidMask = kGoodSample;
     qint32 lSet = 0; ///< set counter: 0 at the start of a run, raised before each sample
 };
 

@@ -71,7 +71,7 @@ bool AppendMeasuredRow()
             FormRelativeEnergies();
         else if (IntegratesEnergy(app.iNetConfIndex))
             StepEnergyOnline();
-        const quint8 mark = row.sValidMask == QLatin1String("NNNN") ? 0 : kCorrected;
+        const quint8 mark = row.sValidMask == kGoodSample ? 0 : kCorrected;
         Prepared<RowWriter>(RecordsetSlot::Write, app.iNetConfIndex, RowOrigin::Measured)
             .Append(row, {.set = row.lSet,
                           .time = StoredDateText(PresentMoment()),

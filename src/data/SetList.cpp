@@ -29,7 +29,7 @@ enum FixedColumn
 };
 
 constexpr int kFirstRows = 5; ///< before the list has its size
-constexpr int kPadding = 14;
+constexpr int kWordPadding = 14;
 
 /// A selected row keeps the colours of its texts.
 class KeptColours : public QStyledItemDelegate
@@ -151,12 +151,12 @@ void SetList::SetWidths()
     const QFontMetrics metrics = fontMetrics();
     fixed->setColumnWidth(kNumberColumn, std::max(metrics.horizontalAdvance(texts::headSet),
                                                   metrics.horizontalAdvance(QLatin1String(kWidestNumber))) +
-                                             kPadding);
+                                             kWordPadding);
     fixed->setColumnWidth(kTimeTextColumn, WidthOf(kColumnTime));
     fixed->setFixedWidth(fixed->columnWidth(kNumberColumn) + fixed->columnWidth(kTimeTextColumn));
     int widestWord = 0;
     for (const QString& word : judge.words)
-        widestWord = std::max(widestWord, metrics.horizontalAdvance(word) + kPadding);
+        widestWord = std::max(widestWord, metrics.horizontalAdvance(word) + kWordPadding);
     for (int i = kFixedColumns; i < Table().columnCount(); ++i) {
         const int column = App().ColumnLayout[static_cast<std::size_t>(i - kFixedColumns)];
         Table().setColumnWidth(i, std::max(WidthOf(column), column == kColumnSuitability ? widestWord : 0));

@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kByHand = 0;
 constexpr int kThermal = 1;
-constexpr int kLongestText = 20;
+constexpr int kLongestEntry = 20;
 constexpr int kRowSpacing = 6;
 
 struct TimePart
@@ -114,7 +114,7 @@ QLineEdit* FormH9::AddTimeBox(QHBoxLayout& row, std::size_t index, const QString
     constexpr int kGap = 8;
     auto* box = new QLineEdit;
     box->setObjectName(QStringLiteral("txtTime_%1").arg(index));
-    box->setMaxLength(kLongestText);
+    box->setMaxLength(kLongestEntry);
     box->setFixedWidth(kWidth);
     box->setAlignment(Qt::AlignRight);
     box->setAccessibleName(unit);
@@ -136,7 +136,7 @@ QHBoxLayout* FormH9::BuildThermal()
     row->setSpacing(kRowSpacing);
     factorBox = new QLineEdit;
     factorBox->setObjectName(QStringLiteral("txtThermic"));
-    factorBox->setMaxLength(kLongestText);
+    factorBox->setMaxLength(kLongestEntry);
     factorBox->setFixedWidth(kWidth);
     factorBox->setAlignment(Qt::AlignRight);
     factorBox->setAccessibleName(texts::windowThermal);

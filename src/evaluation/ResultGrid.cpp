@@ -13,7 +13,7 @@ namespace korvanel {
 namespace {
 
 constexpr int kRowHeight = 20;
-constexpr int kPadding = 16;
+constexpr int kCellPadding = 16;
 constexpr int kFirstCentred = 2;
 
 Qt::Alignment AlignmentOf(int column)
@@ -98,11 +98,11 @@ void ResultGrid::AddCells(int row, const ResultRow& result)
 void ResultGrid::FitColumns()
 {
     const int count = columnCount();
-    const int needed = std::accumulate(textWidths.begin(), textWidths.end(), count * kPadding);
+    const int needed = std::accumulate(textWidths.begin(), textWidths.end(), count * kCellPadding);
     const int sharing = count - kFirstCentred;
     const int share = sharing > 0 ? std::max(0, viewport()->width() - needed) / sharing : 0;
     for (int i = 0; i < count; ++i)
-        setColumnWidth(i, textWidths[static_cast<std::size_t>(i)] + kPadding + (i < kFirstCentred ? 0 : share));
+        setColumnWidth(i, textWidths[static_cast<std::size_t>(i)] + kCellPadding + (i < kFirstCentred ? 0 : share));
 }
 
 void ResultGrid::resizeEvent(QResizeEvent* event)

@@ -4,6 +4,7 @@
 #include "core/NumberText.h"
 #include "core/QuantityTable.h"
 #include "core/Texts.h"
+#include "core/Units.h"
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
 #include "core/texts/FormF3Texts.h"
@@ -16,8 +17,6 @@ namespace korvanel {
 
 namespace {
 
-constexpr double kPerHour = 3600;
-constexpr double kPerKilo = 1000;
 constexpr double kCentFactor = 100;
 constexpr double kPercentFactor = 100;
 
@@ -132,16 +131,18 @@ struct EnergyTableRow
 };
 
 constexpr EnergyTableRow kEnergyRows[] = {
-    {&texts::rowActiveEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyActive, kPerHour, 1000, true},
-    {&texts::rowReactiveEnergy, &texts::groupInductiveCapacitive, &texts::unitVarHour, kEnergyReactive, kPerHour, 1000,
+    {&texts::rowActiveEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyActive, kSecondsPerHour, 1000,
      true},
-    {&texts::rowCurrent, &texts::groupMotorGenerator, &texts::unitAmpereHour, kEnergyCurrent, kPerHour, 1000, false},
-    {&texts::rowApparentEnergy, &texts::groupMotorGenerator, &texts::unitVoltAmpereHour, kEnergyApparent, kPerHour,
+    {&texts::rowReactiveEnergy, &texts::groupInductiveCapacitive, &texts::unitVarHour, kEnergyReactive, kSecondsPerHour,
      1000, true},
+    {&texts::rowCurrent, &texts::groupMotorGenerator, &texts::unitAmpereHour, kEnergyCurrent, kSecondsPerHour, 1000,
+     false},
+    {&texts::rowApparentEnergy, &texts::groupMotorGenerator, &texts::unitVoltAmpereHour, kEnergyApparent,
+     kSecondsPerHour, 1000, true},
 };
 constexpr EnergyTableRow kMechanicalRows[] = {
-    {&texts::rowMechanicalEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyMechanical, kPerHour, 1000,
-     true},
+    {&texts::rowMechanicalEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyMechanical, kSecondsPerHour,
+     1000, true},
     {&texts::rowEfficiency, &texts::groupMotorGenerator, nullptr, kEnergyEfficiency, 1, 100, false},
 };
 

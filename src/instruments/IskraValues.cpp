@@ -1,6 +1,7 @@
 #include "instruments/IskraValues.h"
 
 #include "core/NumberText.h"
+#include "core/Units.h"
 #include "instruments/Frames.h"
 
 #include <algorithm>
@@ -23,8 +24,6 @@ struct Treatment
     bool hasPrefix = true;
     double factor = 1;
 };
-
-constexpr double kSecondsPerHour = 3600;
 
 constexpr std::array<Treatment, 10> kTreatments{{
     {IskraValueKind::Voltage, 7},

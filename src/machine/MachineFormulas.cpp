@@ -1,5 +1,7 @@
 #include "machine/MachineFormulas.h"
 
+#include "core/Units.h"
+
 #include <cmath>
 #include <iterator>
 #include <limits>
@@ -8,8 +10,6 @@
 namespace korvanel {
 
 namespace {
-
-constexpr double kWattsPerKilowatt = 1000;
 
 /// A fit of the no-load power over the rated power in W: coefficients from the highest power of x down to the constant.
 struct NoLoadFit
@@ -31,12 +31,12 @@ constexpr NoLoadFit kNoLoadFits[] = {
 constexpr double kResistanceFit[] = {6.0, 4.4, -0.9, 0.083, -0.00235};
 constexpr double kResistanceConstant = -0.01;
 
-struct InsulationClass
+struct RiseOfClass
 {
     char16_t letter;
     double rise;
 };
-constexpr InsulationClass kInsulationClasses[] = {{u'A', 60}, {u'B', 80}, {u'F', 105}, {u'H', 125}};
+constexpr RiseOfClass kRises[] = {{u'A', 60}, {u'B', 80}, {u'F', 105}, {u'H', 125}};
 
 double Polynomial(std::span<const double> coefficients, double x)
 {
@@ -88,7 +88,7 @@ double NoLoadPowerFactor(double Po, double Uo, double Io)
 
 double NoLoadPowerByRegression(double Pmech)
 {
-    return 169 * std::pow(std::abs(Pmech) / kWattsPerKilowatt, 0.75);
+    return 169 * std::pow(std::abs(Pmech) / kPerKilo, 0.75);
 }
 
 double NoLoadPowerByPolynomial(double Pmech, int polePairs)
@@ -104,7 +104,7 @@ double StatorResistanceByPolynomial(double Pmech)
 {
     if (Pmech == 0)
         return 0;
-    const double x = std::abs(Pmech) / kWattsPerKilowatt;
+    const double x = std::abs(Pmech) / kPerKilo;
     double sum = 0;
     double power = 1;
     for (const double coefficient : kResistanceFit) {
@@ -122,7 +122,7 @@ double StallSlip(double ratedSlip, double stallRatio)
 
 double TemperatureRise(std::u16string_view insulationClass)
 {
-    for (const InsulationClass& entry : kInsulationClasses)
+    for (const RiseOfClass& entry : kRises)
         if (insulationClass.size() == 1 && insulationClass.front() == entry.letter)
             return entry.rise;
     return 0;

@@ -2,6 +2,7 @@
 
 #include "core/Messages.h"
 #include "core/NumberText.h"
+#include "core/Units.h"
 #include "core/texts/FormF10Texts.h"
 
 #include <algorithm>
@@ -13,19 +14,17 @@ namespace {
 
 using R = MachineRecord;
 
-constexpr double kWattsPerKilowatt = 1000;
-constexpr double kSecondsPerMinute = 60;
 constexpr double kLeastCosphi = 0.0000001;
 constexpr double kGreatestCosphi = 0.9999999;
 
 constexpr std::array<MachineFieldEntry, kMachineFieldCount> kFields{{
-    {"txtBemess_0", &texts::machinePmech, &R::Pmech, kRatingKnown, kWattsPerKilowatt, 0, 1000000, true},
+    {"txtBemess_0", &texts::machinePmech, &R::Pmech, kRatingKnown, kPerKilo, 0, 1000000, true},
     {"txtBemess_1", &texts::machineU, &R::U, kRatingKnown, 1, 0, 100000},
     {"txtBemess_2", &texts::machineF, &R::f, kRatingKnown, 1, 0, 1000},
     {"txtBemess_3", &texts::machineN, &R::n, kRatingKnown, 1, 0, 6000},
     {"txtBemess_4", &texts::machineI, &R::I, kRatingKnown, 1, 0, 100000},
     {"txtBemess_5", &texts::machineCosphi, &R::cosphi, kRatingKnown, 1, 0, 1, true},
-    {"txtLeerlauf_0", &texts::machinePo, &R::Po, kNoLoadKnown, kWattsPerKilowatt, 0, 1000000},
+    {"txtLeerlauf_0", &texts::machinePo, &R::Po, kNoLoadKnown, kPerKilo, 0, 1000000},
     {"txtLeerlauf_1", &texts::machineUo, &R::Uo, kNoLoadKnown, 1, 0, 100000},
     {"txtLeerlauf_2", &texts::machineIo, &R::Io, kNoLoadKnown, 1, 0, 100000},
     {"txtLeerlauf_3", &texts::machineFo, &R::fo, kNoLoadKnown, 1, 0, 1000},

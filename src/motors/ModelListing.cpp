@@ -9,7 +9,7 @@ namespace korvanel {
 
 namespace {
 
-using M = MachineModel;
+using Model = MachineModel;
 
 /// How a value is shown: what it is multiplied with and divided by, and the unit behind it.
 struct Shown
@@ -32,7 +32,7 @@ struct ListingLine
 {
     unsigned needs;
     TextRef label = nullptr;
-    double M::*value = nullptr;
+    double Model::*value = nullptr;
     Shown shown = {};
 };
 
@@ -47,44 +47,44 @@ constexpr unsigned kNoLoad = Bit(kNoLoadKnown);
 constexpr unsigned kConnection = Bit(kConnectionKnown);
 
 constexpr ListingLine kLines[] = {
-    {0, &texts::modelFrictionTorque, &M::Mreib_rech, kTorque},
-    {kRating, &texts::modelRatedPower, &M::Pelec_n, kPower},
-    {kRating, &texts::modelRatedSynchronousSpeed, &M::n_syn_n, kSpeed},
-    {kRating, &texts::modelRatedAngle, &M::phi_n, kAngle},
-    {kRating, &texts::modelRatedSlip, &M::Nennschlupf, kPercent},
+    {0, &texts::modelFrictionTorque, &Model::Mreib_rech, kTorque},
+    {kRating, &texts::modelRatedPower, &Model::Pelec_n, kPower},
+    {kRating, &texts::modelRatedSynchronousSpeed, &Model::n_syn_n, kSpeed},
+    {kRating, &texts::modelRatedAngle, &Model::phi_n, kAngle},
+    {kRating, &texts::modelRatedSlip, &Model::Nennschlupf, kPercent},
     {kRating},
-    {kRating, &texts::modelNoLoadRegress, &M::Po_regress, kPower},
-    {kRating, &texts::modelNoLoadPolynom, &M::Po_polynom, kPower},
-    {kRating, &texts::modelNoLoadRzm, &M::Po_RZM, kPower},
-    {kRating, &texts::modelNoLoadPower, &M::Po_rech, kPower},
+    {kRating, &texts::modelNoLoadRegress, &Model::Po_regress, kPower},
+    {kRating, &texts::modelNoLoadPolynom, &Model::Po_polynom, kPower},
+    {kRating, &texts::modelNoLoadRzm, &Model::Po_RZM, kPower},
+    {kRating, &texts::modelNoLoadPower, &Model::Po_rech, kPower},
     {kRating},
-    {kRating, &texts::modelRatedRzmD, &M::M_RZM_D_n, kTorque},
-    {kRating, &texts::modelRatedRzmY, &M::M_RZM_Y_n, kTorque},
-    {kRating, &texts::modelRatedFrictionD, &M::Mreib_D_n, kTorque},
-    {kRating, &texts::modelRatedFrictionY, &M::Mreib_Y_n, kTorque},
-    {kRating, &texts::modelRatedPowerD, &M::Po_D_n, kPower},
-    {kRating, &texts::modelRatedPowerY, &M::Po_Y_n, kPower},
+    {kRating, &texts::modelRatedRzmD, &Model::M_RZM_D_n, kTorque},
+    {kRating, &texts::modelRatedRzmY, &Model::M_RZM_Y_n, kTorque},
+    {kRating, &texts::modelRatedFrictionD, &Model::Mreib_D_n, kTorque},
+    {kRating, &texts::modelRatedFrictionY, &Model::Mreib_Y_n, kTorque},
+    {kRating, &texts::modelRatedPowerD, &Model::Po_D_n, kPower},
+    {kRating, &texts::modelRatedPowerY, &Model::Po_Y_n, kPower},
     {kRating},
-    {kRating, &texts::modelLoadLoss, &M::k_maschine, kPlain},
-    {kRating, &texts::modelRotorConstant, &M::R2, kPlain},
-    {kRating, &texts::modelResistancePolynom, &M::Rs_polynom, kResistance},
-    {kRating, &texts::modelResistance, &M::Rs_rech, kResistance},
+    {kRating, &texts::modelLoadLoss, &Model::k_maschine, kPlain},
+    {kRating, &texts::modelRotorConstant, &Model::R2, kPlain},
+    {kRating, &texts::modelResistancePolynom, &Model::Rs_polynom, kResistance},
+    {kRating, &texts::modelResistance, &Model::Rs_rech, kResistance},
     {kStall},
-    {kStall, &texts::modelStallSlip, &M::Kippschlupf, kPercent},
-    {kStall, &texts::modelStallTorque, &M::Kippmoment, kTorque},
+    {kStall, &texts::modelStallSlip, &Model::Kippschlupf, kPercent},
+    {kStall, &texts::modelStallTorque, &Model::Kippmoment, kTorque},
     {kThermal},
-    {kThermal, &texts::modelThermalTime, &M::Tth_ICL, kMinutes},
+    {kThermal, &texts::modelThermalTime, &Model::Tth_ICL, kMinutes},
     {kNoLoad},
-    {kNoLoad, &texts::modelNoLoadFactor, &M::cosphi_o, kPlain},
-    {kNoLoad, &texts::modelNoLoadAngle, &M::phi_o, kAngle},
-    {kNoLoad, &texts::modelNoLoadSynchronousSpeed, &M::n_syn_o, kSpeed},
+    {kNoLoad, &texts::modelNoLoadFactor, &Model::cosphi_o, kPlain},
+    {kNoLoad, &texts::modelNoLoadAngle, &Model::phi_o, kAngle},
+    {kNoLoad, &texts::modelNoLoadSynchronousSpeed, &Model::n_syn_o, kSpeed},
     {kNoLoad},
-    {kNoLoad, &texts::modelNoLoadRzmD, &M::M_RZM_D_o, kTorque},
-    {kNoLoad, &texts::modelNoLoadRzmY, &M::M_RZM_Y_o, kTorque},
-    {kNoLoad, &texts::modelNoLoadPowerD, &M::Po_D_o, kPower},
-    {kNoLoad, &texts::modelNoLoadPowerY, &M::Po_Y_o, kPower},
+    {kNoLoad, &texts::modelNoLoadRzmD, &Model::M_RZM_D_o, kTorque},
+    {kNoLoad, &texts::modelNoLoadRzmY, &Model::M_RZM_Y_o, kTorque},
+    {kNoLoad, &texts::modelNoLoadPowerD, &Model::Po_D_o, kPower},
+    {kNoLoad, &texts::modelNoLoadPowerY, &Model::Po_Y_o, kPower},
     {kConnection},
-    {kConnection, &texts::modelRzmFactor, &M::k_RZM, kPlain},
+    {kConnection, &texts::modelRzmFactor, &Model::k_RZM, kPlain},
 };
 
 QString LineText(const ListingLine& line, const MachineModel& model)

@@ -1,5 +1,7 @@
 #include "motors/MotorColumns.h"
 
+#include "core/Units.h"
+
 #include <cmath>
 #include <limits>
 
@@ -8,9 +10,6 @@ namespace korvanel {
 namespace {
 
 using R = MachineRecord;
-
-constexpr double kPerKilo = 1000;
-constexpr double kSecondsPerMinute = 60;
 
 constexpr MotorColumn kColumns[] = {
     {"set_ID", &R::set_ID},

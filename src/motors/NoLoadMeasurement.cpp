@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
+#include "core/Units.h"
 #include "instruments/DevManaging.h"
 #include "instruments/SerialPort.h"
 #include "machine/Algorithms_ASM_Start.h"
@@ -22,10 +23,7 @@ constexpr int kFailedMessage = 6;
 constexpr int kScatteredMessage = 7;
 constexpr double kTolerance = 0.05;
 
-const QString kGoodSample = QStringLiteral("NNNN");
-
-constexpr std::size_t kPower = 0;
-constexpr double kWattsPerKilowatt = 1000;
+constexpr std::size_t kNoLoadPower = 0;
 
 NoLoadTexts Everywhere(const QString& text)
 {
@@ -76,7 +74,7 @@ NoLoadTexts TextsOfNoLoad(const NoLoadSample& sample)
 {
     NoLoadTexts texts;
     for (std::size_t i = 0; i < sample.size(); ++i)
-        texts[i] = SignificantText(i == kPower ? sample[i] / kWattsPerKilowatt : sample[i]);
+        texts[i] = SignificantText(i == kNoLoadPower ? sample[i] / kPerKilo : sample[i]);
     return texts;
 }
 

@@ -11,10 +11,10 @@ namespace korvanel {
 
 NumberBox::NumberBox(std::size_t ofMachine, std::function<bool()> mode) : field(ofMachine), isGenerator(std::move(mode))
 {
-    constexpr int kLongestNumber = 40;
+    constexpr int kMostCharacters = 40;
     constexpr int kWidth = 100;
     setObjectName(QLatin1String(MachineFieldOf(field).control));
-    setMaxLength(kLongestNumber);
+    setMaxLength(kMostCharacters);
     setMinimumWidth(kWidth);
     connect(this, &QLineEdit::returnPressed, this, &NumberBox::Commit);
 }

@@ -6,6 +6,7 @@
 #include "core/ProjectDb.h"
 #include "core/Shell.h"
 #include "core/Texts.h"
+#include "core/Units.h"
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
 #include "core/texts/DialoguesTexts.h"
@@ -38,8 +39,6 @@ struct ExportColumn
     bool needsMachine = false;
     double divisor = 1; ///< beside that of the quantity
 };
-
-constexpr double kPerKilo = 1000;
 
 /// In the order of the file. The reactive power stands before the apparent power, unlike the numbering; the shaft power
 /// is written in kW under the heading of the list of sets, which has it in W: spreadsheets that users keep count on it.
@@ -181,21 +180,21 @@ bool IsOwnFile(const QString& path)
     return false;
 }
 
-const QString kExtension = QStringLiteral(".xls");
+const QString kSpreadsheet = QStringLiteral(".xls");
 
 FileQuestion ExportQuestion()
 {
     const QString& last = App().ProgSettings->ExportPath();
     const QString directory = !last.isEmpty() && QFileInfo(last).isDir() ? last : App().sProgramDir;
     const QString name = QFileInfo(FileNameOf(App().sProjectPath)).completeBaseName();
-    const QString file = (name.isEmpty() ? QStringLiteral("PROJECT1") : name) + kExtension;
-    return {texts::titleSaveAs, JoinPath(directory, file), texts::filterExport, {}, kExtension};
+    const QString file = (name.isEmpty() ? QStringLiteral("PROJECT1") : name) + kSpreadsheet;
+    return {texts::titleSaveAs, JoinPath(directory, file), texts::filterExport, {}, kSpreadsheet};
 }
 
 /// A name without any dot takes the extension, as in the dialog that asks whether to overwrite.
 QString WithDefaultExtension(const QString& path)
 {
-    return FileNameOf(path).contains(u'.') ? path : path + kExtension;
+    return FileNameOf(path).contains(u'.') ? path : path + kSpreadsheet;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
+#include "core/Units.h"
 #include "core/texts/FormF10Texts.h"
 #include "core/texts/PrintExportTexts.h"
 #include "evaluation/TimeWindow.h"
@@ -18,9 +19,6 @@ namespace {
 
 using A = ApplicationBlock;
 using R = MachineRecord;
-
-constexpr int kPerKilo = 1000;
-constexpr int kSecondsPerMinute = 60;
 
 QString TextOfMoment(const QDateTime& moment)
 {

@@ -18,7 +18,6 @@ namespace korvanel {
 
 namespace {
 
-const QString kExtension = QStringLiteral(".MDB");
 const QString kOldExtension = QStringLiteral(".KVL");
 const QString kPreset = QStringLiteral("*.MDB");
 
@@ -117,8 +116,8 @@ void OpenChosen(Choose&& choose)
 /// Copies the project to a path that the user chooses; true if the program goes on in a copy.
 bool CopyProjectUnderOtherName()
 {
-    const QString path =
-        SaveAsDialog(texts::titleSaveAs, App().sProjectPath, texts::filterProject, kExtension, App().sProjectPath);
+    const QString path = SaveAsDialog(texts::titleSaveAs, App().sProjectPath, texts::filterProject, kProjectExtension,
+                                      App().sProjectPath);
     if (path.isEmpty() || path == App().sProjectPath)
         return false;
     if (!CopyProject(path))
@@ -170,7 +169,8 @@ void NewProject()
     const QString directory = JoinPath(App().sProgramDir, QStringLiteral("PROJECTS"));
     QDir().mkpath(directory); // where it can't be made, the dialog starts elsewhere
     App().sProjectPath = JoinPath(directory, QStringLiteral("PROJECT1.MDB"));
-    const QString path = SaveAsDialog(texts::titleNewProject, App().sProjectPath, texts::filterProject, kExtension);
+    const QString path =
+        SaveAsDialog(texts::titleNewProject, App().sProjectPath, texts::filterProject, kProjectExtension);
     if (path.isEmpty())
         return;
     App().sProjectPath = path;
@@ -257,7 +257,7 @@ void DeleteProjectFile()
     SaveIfDirty();
     App().bFileError = false;
     const QString path = AskForFile(texts::titleDelete, texts::filterDelete);
-    if (!HasExtension(path, kOldExtension) && !HasExtension(path, kExtension)) {
+    if (!HasExtension(path, kOldExtension) && !HasExtension(path, kProjectExtension)) {
         ShowBadFormat(path);
         App().bFileError = true;
     }

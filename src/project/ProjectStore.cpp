@@ -24,7 +24,6 @@ namespace {
 
 constexpr std::initializer_list<const char*> kTables{"Overview",       "Settings",        "SampledValues",
                                                      "ComputedValues", "SimulatedValues", "Motor"};
-const QString kExtension = QStringLiteral(".MDB");
 
 void MoveValue(KeyValueTable& table, Direction direction, const ProjectKey& key)
 {
@@ -206,11 +205,11 @@ bool SnapshotProject(const QString& startTime)
         return false;
     }
     const QString& path = App().sProjectPath;
-    const QString base = HasExtension(path, kExtension) ? path.chopped(kExtension.size()) : path;
+    const QString base = HasExtension(path, kProjectExtension) ? path.chopped(kProjectExtension.size()) : path;
     QString suffix = startTime;
     for (const char16_t c : {u'.', u':', u'/', u'\\'}) // the last two as some local formats of a date have them
         suffix.replace(c, u'-');
-    const QString target = base + u' ' + suffix + kExtension;
+    const QString target = base + u' ' + suffix + kProjectExtension;
     return CopyProject(target);
 }
 

@@ -12,7 +12,7 @@ namespace korvanel::test {
 
 namespace {
 
-struct Printed
+struct FormattedNumber
 {
     double value;
     const char* text;
@@ -80,7 +80,8 @@ TEST_F(NumberFormatTest, RoundSignificant_RaisesTheFactorForSmallValues)
 
 TEST_F(NumberFormatTest, RoundSignificant_LeavesTheFactorForZeroAndFromOneOn)
 {
-    for (const Printed& c : {Printed{0, "0"}, Printed{1, "1"}, Printed{-1.236, "-1,24"}, Printed{123.456, "123,46"}}) {
+    for (const FormattedNumber& c : {FormattedNumber{0, "0"}, FormattedNumber{1, "1"}, FormattedNumber{-1.236, "-1,24"},
+                                     FormattedNumber{123.456, "123,46"}}) {
         double factor = 100;
         EXPECT_EQ(RoundSignificant(c.value, factor), c.text);
         EXPECT_EQ(factor, 100);
@@ -102,11 +103,11 @@ TEST_F(NumberFormatTest, Clamp_LimitsToBothEnds)
 
 TEST_F(NumberFormatTest, FormatPrefixed_ChangesThePrefixAtItsThresholds)
 {
-    const Printed cases[] = {
+    const FormattedNumber cases[] = {
         {0, "0"},           {0.001, "1m"},     {0.005, "5m"},           {0.0099, "9,9m"},       {0.01, "0,01"},
         {5, "5"},           {9999, "9999"},    {10000, "10k"},          {-20000, "-20k"},       {1234567, "1234,57k"},
         {9999000, "9999k"}, {10000000, "10M"}, {9999000000.0, "9999M"}, {10000000000.0, "10G"}, {-2.5e13, "-25000G"}};
-    for (const Printed& c : cases)
+    for (const FormattedNumber& c : cases)
         EXPECT_EQ(FormatPrefixed(c.value, 100, false), c.text) << c.value;
 }
 
@@ -225,9 +226,10 @@ TEST_F(NumberFormatTest, NiceStep_OfZeroGivesLowerLimit)
 
 TEST_F(NumberFormatTest, SecondsToTime_HasTwoDigitsAndUncappedHours)
 {
-    const Printed cases[] = {{0, "00:00:00"},     {59, "00:00:59"},      {60, "00:01:00"},      {3599, "00:59:59"},
-                             {86400, "24:00:00"}, {360000, "100:00:00"}, {90061.25, "25:01:01"}};
-    for (const Printed& c : cases)
+    const FormattedNumber cases[] = {{0, "00:00:00"},       {59, "00:00:59"},    {60, "00:01:00"},
+                                     {3599, "00:59:59"},    {86400, "24:00:00"}, {360000, "100:00:00"},
+                                     {90061.25, "25:01:01"}};
+    for (const FormattedNumber& c : cases)
         EXPECT_EQ(SecondsToTime(c.value, false), c.text);
 }
 

@@ -274,11 +274,11 @@ TEST_F(EvaluationPassTest, ProgressBeginsAdvancesAndEnds)
 
 TEST_F(EvaluationPassTest, ProgressOfALongRecordingIsTheShareOfItsSets)
 {
-    constexpr int kSets = 4000;
-    Evaluate(0, std::vector<tValueRow>(kSets));
+    constexpr int kLongRecording = 4000;
+    Evaluate(0, std::vector<tValueRow>(kLongRecording));
     ASSERT_GE(shell.progress.size(), 100U) << "at least once per percent";
     for (std::size_t i = 0; i < shell.progress.size(); ++i) {
-        const double sets = shell.progress[i] * kSets;
+        const double sets = shell.progress[i] * kLongRecording;
         EXPECT_DOUBLE_EQ(sets, std::round(sets));
         EXPECT_GT(shell.progress[i], i == 0 ? 0 : shell.progress[i - 1]);
     }

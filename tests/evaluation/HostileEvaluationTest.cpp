@@ -215,8 +215,8 @@ TEST_F(HostileEvaluation, AColumnThatIsMissingIsTold)
 TEST_F(HostileEvaluation, AFileDamagedAnywhereGivesAllOrNothing)
 {
     constexpr qsizetype kPage = 4096;
-    constexpr qint32 kSets = 500;
-    MakeOrdinaryProject(2, kSets);
+    constexpr qint32 kRowsStored = 500;
+    MakeOrdinaryProject(2, kRowsStored);
     const QByteArray whole = ContentOf(QFileInfo(App().sProjectPath).fileName());
     ASSERT_GT(whole.size(), 10 * kPage);
     int failures = 0;
@@ -229,7 +229,7 @@ TEST_F(HostileEvaluation, AFileDamagedAnywhereGivesAllOrNothing)
         App().sProjectPath = PathOf("damaged.MDB");
         if (EvaluateGuarded()) {
             EXPECT_TRUE(shell.boxes.empty());
-            EXPECT_EQ(App().MachineI.evaluation.lSets, kSets);
+            EXPECT_EQ(App().MachineI.evaluation.lSets, kRowsStored);
             ExpectFiniteResults();
         } else {
             ++failures;

@@ -35,7 +35,7 @@ constexpr const char* W3 = "3-Wattmeter";
 constexpr const char* R1 = "Einschränkung des Datentransfers lässt nur R/L - Messung zu!";
 constexpr const char* R2 = "Unterstützte Geräte: MI 7130, MI 7131, MI 7140, MI 7150";
 
-struct Row
+struct CatalogueRow
 {
     const char* entry;
     std::array<const char*, 6> wiring;
@@ -44,7 +44,7 @@ struct Row
 };
 
 // The two single-phase YOKOGAWA meters stand here as in every net but the three-phase net.
-constexpr Row kRows[] = {
+constexpr CatalogueRow kCatalogue[] = {
     {"ISKRA MI71XX 1Ø2W (1b)", {N1, V1, V1, P1, W1, R2}, 1, true},
     {"ISKRA MI71XX 1Ø2W (1b) Rec", {N1, V1, V1, P1, W1, R2}, 1, true},
     {"ISKRA MI71XX 3Ø3W (3u)", {N3, V3, C2, P2, W2, R2}, 1, true},
@@ -131,7 +131,7 @@ TEST_F(CatalogueTest, NetConfigurations_OfAnotherIndexAreRefused)
 
 TEST_F(CatalogueTest, Facts_OfEachEntry)
 {
-    for (const Row& row : kRows) {
+    for (const CatalogueRow& row : kCatalogue) {
         const InstrumentFacts facts = FactsOf(row.entry, 0);
         ExpectWiring(facts.wiring, row.wiring, row.entry);
         EXPECT_EQ(facts.minInterval, row.minInterval) << row.entry;
@@ -142,7 +142,7 @@ TEST_F(CatalogueTest, Facts_OfEachEntry)
 TEST_F(CatalogueTest, Facts_OfSinglePhaseMetersSwitchInTheThreePhaseNetAlone)
 {
     for (int netConf = 0; netConf < kNetConfCount; ++netConf)
-        for (const Row& row : kRows) {
+        for (const CatalogueRow& row : kCatalogue) {
             std::array<const char*, 6> expected = row.wiring;
             if (netConf == 1 && QString(row.entry) == "YOKOGAWA WT130 1Ø2W")
                 expected = kWt130InThreePhaseNet;
@@ -198,9 +198,9 @@ TEST_F(CatalogueTest, Instruments_AreTheEntriesEachOnce)
     for (const Instrument& instrument : Instruments())
         entries << QString::fromUtf8(instrument.entry);
     QStringList expected;
-    for (const Row& row : kRows)
+    for (const CatalogueRow& row : kCatalogue)
         expected << QString::fromUtf8(row.entry);
-    EXPECT_EQ(entries.size(), std::ssize(kRows));
+    EXPECT_EQ(entries.size(), std::ssize(kCatalogue));
     EXPECT_EQ(QSet<QString>(entries.begin(), entries.end()), QSet<QString>(expected.begin(), expected.end()));
 }
 
@@ -277,7 +277,7 @@ TEST_F(CataloguedDriver, HasTheFunctionsThatTheRowPromisesAndNoOthers)
 
 TEST_F(CatalogueTest, LeastRunInterval_IsOfTheBlockInstrumentsAlone)
 {
-    for (const Row& row : kRows) {
+    for (const CatalogueRow& row : kCatalogue) {
         const bool isBlock = QString::fromUtf8(row.entry).startsWith("NANOVIP");
         EXPECT_EQ(FactsOf(row.entry, 0).leastRunInterval, isBlock ? std::optional(1.5) : std::nullopt) << row.entry;
     }
@@ -289,7 +289,7 @@ TEST_F(CatalogueTest, BusAddresses_AreOfOneFamilyWhoseBasicEntryIsAmongThem)
     EXPECT_STREQ(FamilyWithAddresses().name, "ISKRA MI71XX");
     EXPECT_STREQ(FamilyWithAddresses().basicEntry, "ISKRA MI71XX 1Ø2W (1b)");
     EXPECT_TRUE(FactsOf(FamilyWithAddresses().basicEntry, 0).hasBusAddress);
-    for (const Row& row : kRows)
+    for (const CatalogueRow& row : kCatalogue)
         EXPECT_EQ(FactsOf(row.entry, 0).hasBusAddress, QString::fromUtf8(row.entry).startsWith("ISKRA")) << row.entry;
     EXPECT_FALSE(FactsOf("ISKRA MI71XX", 0).hasBusAddress) << "the family is no entry";
 }

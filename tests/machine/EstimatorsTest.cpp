@@ -1,6 +1,7 @@
 // Both estimators as pure functions.
 #include "machine/Algorithms_ASM_Leistung.h"
 #include "machine/Algorithms_ASM_RZM.h"
+#include "machine/ExpectClose.h"
 
 #include <gtest/gtest.h>
 
@@ -12,11 +13,6 @@ namespace {
 // Expected values from bc with 30 digits.
 
 constexpr double kPi = 3.14159265358979323846;
-
-void ExpectClose(double value, double expected)
-{
-    EXPECT_NEAR(value, expected, std::abs(expected) * 1e-13);
-}
 
 /// A motor of about 18.5 kW.
 constexpr EstimationConstants kMotor{.rotor = {2, 1.3},

@@ -1,12 +1,11 @@
 // Machines in the making, as the steps of the model take them.
 #pragma once
 
+#include "machine/ExpectClose.h"
 #include "machine/ModelSteps.h"
 #include "support/Machines.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include <functional>
 
 namespace korvanel::test {
 
@@ -15,11 +14,6 @@ inline MachineInTheMaking Making(const MachineRecord& record)
     MachineInTheMaking machine{record, StatusOf(record), {}};
     ResistanceStep(machine);
     return machine;
-}
-
-inline void ExpectClose(double value, double expected)
-{
-    EXPECT_NEAR(value, expected, std::abs(expected) * 1e-13);
 }
 
 struct Fault

@@ -8,8 +8,6 @@ class FormF10EditTest : public MachinePageTest
 {
 };
 
-const QStringList kKnownRating{"18,5", "400", "50", "1462,5", "32,85", "0,898"};
-const QStringList kRated{"7,5", "400", "50", "1472", "14,43", "0,83"};
 const QString kDuplicate = QStringLiteral("Es existiert bereits ein Satz mit gleichen Angaben.\n"
                                           "Ändern Sie die Angabe unter Bemerkungen, um sie dennoch aufzunehmen.");
 

@@ -13,8 +13,6 @@ class FormF10Test : public MachinePageTest
 {
 };
 
-const QStringList kKnownRating{"18,5", "400", "50", "1462,5", "32,85", "0,898"};
-const QStringList kRated{"7,5", "400", "50", "1472", "14,43", "0,83"};
 const QString kMissing = QStringLiteral("Diese ASM-Maschine ist nicht in der aktiven Datenbank verzeichnet.");
 
 // The page as it opens.

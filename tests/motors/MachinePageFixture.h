@@ -22,6 +22,10 @@
 
 namespace korvanel::test {
 
+/// Ratings as the boxes show them: of a machine of the database, and of the project's.
+inline const QStringList kKnownRating{"18,5", "400", "50", "1462,5", "32,85", "0,898"};
+inline const QStringList kRated{"7,5", "400", "50", "1472", "14,43", "0,83"};
+
 class MachinePageTest : public WindowTest
 {
 protected:

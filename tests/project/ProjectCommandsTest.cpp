@@ -5,8 +5,6 @@
 namespace korvanel::test {
 namespace {
 
-const QString kNothingChosen = QStringLiteral("Keine Datei ausgewählt!");
-
 class ProjectCommands : public ProjectTest
 {
 protected:

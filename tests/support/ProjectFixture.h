@@ -10,6 +10,9 @@
 
 namespace korvanel::test {
 
+/// Told when a dialog has chosen nothing.
+inline const QString kNothingChosen = QStringLiteral("Keine Datei ausgewählt!");
+
 class ProjectTest : public BlockTest
 {
 protected:

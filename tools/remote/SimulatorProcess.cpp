@@ -13,7 +13,7 @@ namespace korvanel {
 namespace {
 
 // Generous, for a machine under load; nothing waits longer than it has to.
-constexpr int kPatienceMs = 30000;
+constexpr int kSimulatorPatienceMs = 30000;
 
 } // namespace
 
@@ -34,10 +34,10 @@ SimulatorProcess::SimulatorProcess(const QString& folder, const QStringList& opt
 SimulatorProcess::~SimulatorProcess()
 {
     process.terminate();
-    if (process.waitForFinished(kPatienceMs))
+    if (process.waitForFinished(kSimulatorPatienceMs))
         return;
     process.kill();
-    process.waitForFinished(kPatienceMs);
+    process.waitForFinished(kSimulatorPatienceMs);
 }
 
 void SimulatorProcess::Tell(const QString& command)
@@ -52,7 +52,7 @@ void SimulatorProcess::Tell(const QString& command)
 
 int SimulatorProcess::WaitForEnd()
 {
-    if (process.state() != QProcess::NotRunning && !process.waitForFinished(kPatienceMs))
+    if (process.state() != QProcess::NotRunning && !process.waitForFinished(kSimulatorPatienceMs))
         throw std::runtime_error("simulator does not end");
     if (process.exitStatus() != QProcess::NormalExit)
         throw std::runtime_error("simulator crashed");
@@ -62,7 +62,7 @@ int SimulatorProcess::WaitForEnd()
 QString SimulatorProcess::ReadLine()
 {
     while (!process.canReadLine())
-        if (!process.waitForReadyRead(kPatienceMs))
+        if (!process.waitForReadyRead(kSimulatorPatienceMs))
             throw std::runtime_error("simulator does not answer: " + process.errorString().toStdString());
     QString line = QString::fromUtf8(process.readLine()).trimmed();
     const QString announcement = QStringLiteral("device ");

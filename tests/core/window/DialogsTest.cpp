@@ -23,7 +23,7 @@
 namespace korvanel::test {
 namespace {
 
-class Dialogs : public WindowTest
+class DialogsTest : public WindowTest
 {
 protected:
     /// Does something with the modal dialog as soon as one is on show.
@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(Dialogs, Box_HasTitleTextIconAndGermanButtons)
+TEST_F(DialogsTest, Box_HasTitleTextIconAndGermanButtons)
 {
     struct Case
     {
@@ -74,7 +74,7 @@ TEST_F(Dialogs, Box_HasTitleTextIconAndGermanButtons)
     }
 }
 
-TEST_F(Dialogs, Box_EscapeCountsAsNoOrCancel)
+TEST_F(DialogsTest, Box_EscapeCountsAsNoOrCancel)
 {
     const auto escape = [](QMessageBox& box) { box.reject(); };
     WithNextDialog<QMessageBox>(escape);
@@ -85,7 +85,7 @@ TEST_F(Dialogs, Box_EscapeCountsAsNoOrCancel)
     EXPECT_EQ(RunBox(&window, {"t", "q", BoxIcon::Question, BoxButtons::YesNo, Answer::Yes}), Answer::No);
 }
 
-TEST_F(Dialogs, OpenDialog_IsTheToolkitsOwnWithFilterAndPreset)
+TEST_F(DialogsTest, OpenDialog_IsTheToolkitsOwnWithFilterAndPreset)
 {
     WriteContent("da.MDB", "x");
     WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
@@ -107,7 +107,7 @@ TEST_F(Dialogs, OpenDialog_IsTheToolkitsOwnWithFilterAndPreset)
     EXPECT_EQ(RunOpenDialog(&window, {"Öffnen", folder.path(), "KORVANEL Projekte (*.MDB)|*.MDB|", "*.MDB"}), "");
 }
 
-TEST_F(Dialogs, SaveDialog_CancelIsNoAnswerAndTheSuggestionIsOne)
+TEST_F(DialogsTest, SaveDialog_CancelIsNoAnswerAndTheSuggestionIsOne)
 {
     const FileQuestion question{"Speichern unter", PathOf("PROJECT1.MDB"), "KORVANEL Projekte (*.MDB)|*.MDB|", {}};
     WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
@@ -129,7 +129,7 @@ TEST_F(Dialogs, SaveDialog_CancelIsNoAnswerAndTheSuggestionIsOne)
     QDir::setCurrent(former);
 }
 
-TEST_F(Dialogs, SaveDialog_AddsTheExtensionToANameWithoutOneBeforeItAsksWhetherToReplace)
+TEST_F(DialogsTest, SaveDialog_AddsTheExtensionToANameWithoutOneBeforeItAsksWhetherToReplace)
 {
     FileQuestion question{"Speichern unter", PathOf("PROJECT1.xls"), "Exceldatei (*.xls)|*.xls|", {}, ".xls"};
     const QString former = QDir::currentPath();
@@ -159,7 +159,7 @@ TEST_F(Dialogs, SaveDialog_AddsTheExtensionToANameWithoutOneBeforeItAsksWhetherT
     QDir::setCurrent(former);
 }
 
-TEST_F(Dialogs, SaveDialog_AnotherTypeOfFileBringsItsExtension)
+TEST_F(DialogsTest, SaveDialog_AnotherTypeOfFileBringsItsExtension)
 {
     const FileQuestion question{
         "Speichern unter", PathOf("PROJECT1.xls"), "Exceldatei (*.xls)|*.xls|Textdokument (*.txt)|*.txt|", {}, ".xls"};
@@ -183,7 +183,7 @@ TEST_F(Dialogs, SaveDialog_AnotherTypeOfFileBringsItsExtension)
     QDir::setCurrent(former);
 }
 
-TEST_F(Dialogs, AboutBox_ShowsNameAndVersion)
+TEST_F(DialogsTest, AboutBox_ShowsNameAndVersion)
 {
     FormH2 about(&window);
     QStringList texts;
@@ -193,7 +193,7 @@ TEST_F(Dialogs, AboutBox_ShowsNameAndVersion)
     EXPECT_TRUE(texts.contains("V1.2.3"));
 }
 
-TEST_F(Dialogs, StartScreen_ShowsNameAndVersionAndGoesByAClickOrAKey)
+TEST_F(DialogsTest, StartScreen_ShowsNameAndVersionAndGoesByAClickOrAKey)
 {
     StartScreen screen{QPixmap()};
     screen.ShowInFront();
@@ -210,7 +210,7 @@ TEST_F(Dialogs, StartScreen_ShowsNameAndVersionAndGoesByAClickOrAKey)
     EXPECT_FALSE(screen.isVisible());
 }
 
-TEST_F(Dialogs, WhileABoxIsOnShowNothingElseRuns)
+TEST_F(DialogsTest, WhileABoxIsOnShowNothingElseRuns)
 {
     OpenInWindow(0);
     window.UnloadAndOpen(1);
@@ -226,7 +226,7 @@ TEST_F(Dialogs, WhileABoxIsOnShowNothingElseRuns)
     EXPECT_TRUE(window.isVisible());
 }
 
-class ColumnOrder : public Dialogs
+class ColumnOrder : public DialogsTest
 {
 protected:
     ColumnOrder() { App().ColumnLayout = ColumnLayoutOf(6); }
