@@ -153,7 +153,7 @@ void DeviceTab::TakeInterval(const QString& text)
 bool DeviceTab::HasFitInterval()
 {
     intervalBox->Commit();
-    const bool isFit = !intervalBox->HasPendingText() && CheckIntervalForRun();
+    const bool isFit = !intervalBox->HasPendingText() && CheckIntervalOfFamily();
     if (!isFit)
         intervalBox->setFocus();
     return isFit;

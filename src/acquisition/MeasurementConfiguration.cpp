@@ -1,5 +1,6 @@
 #include "acquisition/MeasurementConfiguration.h"
 
+#include "core/Clock.h"
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
@@ -187,14 +188,17 @@ TypedEntry EnterInterval(const QString& text)
     return entry;
 }
 
+bool CheckIntervalOfFamily()
+{
+    const std::optional<double> least = FactsOf(App().sDevice, App().iNetConfIndex).leastRunInterval;
+    QString text = NumberText(App().dInterval);
+    return !least || CheckNumberRange(text, *least, kLongestInterval);
+}
+
 bool CheckIntervalForRun()
 {
-    const ApplicationBlock& app = App();
-    const std::optional<double> least = FactsOf(app.sDevice, app.iNetConfIndex).leastRunInterval;
-    QString text = NumberText(app.dInterval);
-    if (least && !CheckNumberRange(text, *least, kLongestInterval))
-        return false;
-    return CheckNumberRange(text, app.iMinInterval, kLongestInterval);
+    QString text = NumberText(App().dInterval);
+    return CheckIntervalOfFamily() && CheckNumberRange(text, App().iMinInterval, kSecondsPerDay);
 }
 
 QString EnterTransformer(TransformerSide side, int index, const QString& text)

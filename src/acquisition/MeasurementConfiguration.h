@@ -60,7 +60,12 @@ struct TypedEntry
 /// told and not taken.
 TypedEntry EnterInterval(const QString& text);
 
-/// Whether a run can have the stored interval; if not, the range is told.
+/// Whether a family of instruments that has an own least interval can have the stored one; if not, the range is told.
+/// Others pass: a project may come with an interval of its own.
+bool CheckIntervalOfFamily();
+
+/// Whether a run can have the stored interval; if not, the range is told. Beside the test of the family it must be one
+/// that the instrument can keep, and not longer than a day.
 bool CheckIntervalForRun();
 
 /// Transformer value by its position from 0 to 3; 0 or less becomes 1. Values of the instrument are held only until

@@ -16,9 +16,9 @@ namespace korvanel {
 inline constexpr int kMostCycles = 400;
 /// Largest duration: four digits of hours, more than a year. Longer runs are planned by their end.
 inline constexpr int kMostHours = 9999;
-inline constexpr int kMostMinutes = 59;
-inline constexpr int kMostSeconds = 59;
-inline constexpr qint32 kLongestPeriod = kMostHours * 3600 + kMostMinutes * 60 + kMostSeconds;
+inline constexpr int kMostMinutes = 99; ///< 90 minutes are as good as an hour and a half
+inline constexpr int kMostSeconds = 99;
+inline constexpr qint32 kLongestPeriod = kMostHours * 3600 + 59 * 60 + 59;
 
 enum class CycleRule
 {

@@ -320,8 +320,8 @@ void ScheduleTab::TakeEdit(EditedField edited)
     EnableFields(fields);
 }
 
-/// Restores the two digits of a box that is left. The whole duration is raised to a second only when the focus leaves
-/// its three boxes, or "00" seconds could not be typed before the minutes.
+/// Restores the two digits of a box that is left; what was typed stands, 90 minutes too. The whole duration is raised to
+/// a second only when the focus leaves its three boxes, or "00" seconds could not be typed before the minutes.
 void ScheduleTab::TidyPeriod(int index)
 {
     QLineEdit* box = periods[static_cast<std::size_t>(index)];
@@ -330,8 +330,9 @@ void ScheduleTab::TidyPeriod(int index)
     const auto begin = periods.begin() + first;
     const QWidget* focused = QApplication::focusWidget();
     const bool isStillIn = focused != box && std::find(begin, begin + 3, focused) != begin + 3;
-    if (!isStillIn)
-        ShowPeriod(first, PeriodOf(TypedPeriod(first)));
+    const bool isEmpty = std::all_of(begin, begin + 3, [](const QLineEdit* part) { return part->text().toInt() == 0; });
+    if (!isStillIn && isEmpty)
+        ShowPeriod(first, 1);
 }
 
 void ScheduleTab::Refresh()

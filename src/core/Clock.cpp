@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <thread>
 
 namespace korvanel {
 
@@ -14,8 +15,12 @@ double SystemClock::Seconds() const
 
 void SystemClock::BusyWait(double seconds) const
 {
-    const double start = Seconds();
-    while (Seconds() - start < seconds) {
+    using std::chrono::duration;
+    using std::chrono::steady_clock;
+    constexpr duration<double> kSpinning(0.002); // a sleeping thread is woken later than it asked for
+    const auto end = steady_clock::now() + std::chrono::duration_cast<steady_clock::duration>(duration<double>(seconds));
+    std::this_thread::sleep_until(end - std::chrono::duration_cast<steady_clock::duration>(kSpinning));
+    while (steady_clock::now() < end) {
     }
 }
 

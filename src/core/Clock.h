@@ -13,7 +13,8 @@ public:
     virtual QDateTime Now() const = 0;
     /// Seconds on the high-resolution clock, which nobody sets back.
     virtual double Seconds() const = 0;
-    /// Lets a time pass by looking at the high-resolution clock all the while: exact, and nothing else runs meanwhile.
+    /// Lets a time pass exactly, and nothing else runs on this thread meanwhile. The processor is free for others until
+    /// shortly before the end; only then is the high-resolution clock looked at all the while.
     virtual void BusyWait(double seconds) const = 0;
 };
 

@@ -104,7 +104,7 @@ QString ToDotDecimal(const QString& text)
 
 double TypedNumber(const QString& text)
 {
-    const double value = LeadingNumber(ToDotDecimal(text));
+    const double value = LeadingNumber(ToDotDecimal(ToLocalDecimal(text)));
     return std::isfinite(value) ? value : 0;
 }
 

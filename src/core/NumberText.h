@@ -38,8 +38,8 @@ std::optional<double> LocalNumber(const QString& text);
 /// Every local decimal character becomes a point.
 QString ToDotDecimal(const QString& text);
 
-/// The number at the start of typed text, in the local format or with a point. What is no number, or is beyond the
-/// range of a double, counts as 0.
+/// The number at the start of typed text, with either decimal character. What is no number, or is beyond the range of a
+/// double, counts as 0.
 double TypedNumber(const QString& text);
 
 /// The whole number at the start of typed text, its fraction cut; limited to `minimum` and the range of the type.

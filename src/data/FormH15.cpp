@@ -48,7 +48,7 @@ bool FormH15::ChooseSet(QWidget* parent)
 
 void FormH15::TakeOver()
 {
-    const double typed = LocalNumber(box->text()).value_or(0);
+    const double typed = LocalNumber(ToLocalDecimal(box->text())).value_or(0);
     const bool isWhole = std::floor(typed) == typed;
     const double set = std::min(typed, static_cast<double>(App().iSetCount));
     if (isWhole && typed > set)

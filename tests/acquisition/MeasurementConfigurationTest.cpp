@@ -145,14 +145,38 @@ TEST_F(MeasurementConfiguration, Show_AStoredIntervalOfSixtySurvives)
     EXPECT_FALSE(App().bProjectDirty);
 }
 
-TEST_F(MeasurementConfiguration, Show_AnIntervalAboveSixtyStaysAndIsRefusedForTheRun)
+TEST_F(MeasurementConfiguration, Show_AnIntervalAboveSixtyStaysAndIsNoObstacle)
 {
-    for (const double stored : {61.0, 1e300}) {
+    for (const double stored : {61.0, 900.0, 86400.0}) {
         EXPECT_EQ(IntervalAfterShow("ISKRA MI71XX 1Ø2W (1b)", 0, stored), stored);
         EXPECT_FALSE(App().bProjectDirty);
-        EXPECT_FALSE(CheckIntervalForRun());
-        EXPECT_EQ(RangeMessage(), "Der eingegebene Wert muss sich\nzwischen 1 und 60  befinden.");
+        EXPECT_TRUE(CheckIntervalOfFamily());
+        EXPECT_TRUE(CheckIntervalForRun());
     }
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(MeasurementConfiguration, RunCheck_RefusesAnIntervalOfMoreThanADay)
+{
+    for (const double stored : {86401.0, 1e300}) {
+        EXPECT_EQ(IntervalAfterShow("ISKRA MI71XX 1Ø2W (1b)", 0, stored), stored);
+        EXPECT_TRUE(CheckIntervalOfFamily());
+        EXPECT_FALSE(CheckIntervalForRun());
+        EXPECT_EQ(RangeMessage(), "Der eingegebene Wert muss sich\nzwischen 1 und 86400  befinden.");
+    }
+}
+
+TEST_F(MeasurementConfiguration, FamilyCheck_AppliesToTheFamilyWithAnOwnLeastIntervalAlone)
+{
+    App().dInterval = 900;
+    for (const char* entry : {"ISKRA MI71XX 1Ø2W (1b)", "NORMA D4355 1Ø2W", "YOKOGAWA WT130 1Ø2W"}) {
+        App().sDevice = QString::fromUtf8(entry);
+        EXPECT_TRUE(CheckIntervalOfFamily()) << entry;
+    }
+    EXPECT_TRUE(shell.boxes.empty());
+    App().sDevice = QStringLiteral("NANOVIP-PLUS 1Ø2W");
+    EXPECT_FALSE(CheckIntervalOfFamily());
+    EXPECT_EQ(RangeMessage(), "Der eingegebene Wert muss sich\nzwischen 1,5 und 60  befinden.");
 }
 
 TEST_F(MeasurementConfiguration, Show_CorrectsTransformersAndPort)
@@ -286,29 +310,29 @@ TEST_F(MeasurementConfiguration, RunCheck_TellsTheLeastIntervalOfEachEntry)
     struct Case
     {
         const char* entry;
-        const char* bound; ///< that is told to an interval far too short
-        double shortest;   ///< s, that a run accepts
+        const char* bounds; ///< that are told to an interval far too short
+        double shortest;    ///< s, that a run accepts
     };
     const Case cases[] = {
-        {"ISKRA MI71XX 1Ø2W (1b)", "1", 1},
-        {"ISKRA MI71XX 1Ø2W (1b) Rec", "1", 1},
-        {"ISKRA MI71XX 3Ø3W (3u)", "1", 1},
-        {"ISKRA MI71XX 3Ø4W (4u)", "1", 1},
-        {"ISKRA MI71XX 3Ø3W (3b)", "1", 1},
-        {"ISKRA MI71XX 3Ø4W (4b)", "1", 1},
-        {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", "5", 5},
-        {"ISKRA MI71XX 3Ø4W (4u) Rec L-L", "5", 5},
-        {"ISKRA MI71XX 3Ø4W U ", "1", 1},
-        {"NANOVIP-PLUS 1Ø2W", "1,5", 2},
-        {"NANOVIP-PLUS 3Ø3W", "1,5", 2},
-        {"NORMA D4355 1Ø2W", "2", 2},
-        {"NORMA D4355 3Ø4W", "2", 2},
-        {"YOKOGAWA WT130 1Ø2W", "1", 1},
-        {"YOKOGAWA WT130 3Ø3W", "1", 1},
-        {"YOKOGAWA WT130 3Ø4W", "1", 1},
-        {"YOKOGAWA 2535 1Ø2W", "1", 1},
-        {"YOKOGAWA 2535 3Ø3W", "1", 1},
-        {"YOKOGAWA 2535 3Ø4W", "1", 1},
+        {"ISKRA MI71XX 1Ø2W (1b)", "1 und 86400", 1},
+        {"ISKRA MI71XX 1Ø2W (1b) Rec", "1 und 86400", 1},
+        {"ISKRA MI71XX 3Ø3W (3u)", "1 und 86400", 1},
+        {"ISKRA MI71XX 3Ø4W (4u)", "1 und 86400", 1},
+        {"ISKRA MI71XX 3Ø3W (3b)", "1 und 86400", 1},
+        {"ISKRA MI71XX 3Ø4W (4b)", "1 und 86400", 1},
+        {"ISKRA MI71XX 3Ø4W (4u) Rec L-N", "5 und 86400", 5},
+        {"ISKRA MI71XX 3Ø4W (4u) Rec L-L", "5 und 86400", 5},
+        {"ISKRA MI71XX 3Ø4W U ", "1 und 86400", 1},
+        {"NANOVIP-PLUS 1Ø2W", "1,5 und 60", 2},
+        {"NANOVIP-PLUS 3Ø3W", "1,5 und 60", 2},
+        {"NORMA D4355 1Ø2W", "2 und 86400", 2},
+        {"NORMA D4355 3Ø4W", "2 und 86400", 2},
+        {"YOKOGAWA WT130 1Ø2W", "1 und 86400", 1},
+        {"YOKOGAWA WT130 3Ø3W", "1 und 86400", 1},
+        {"YOKOGAWA WT130 3Ø4W", "1 und 86400", 1},
+        {"YOKOGAWA 2535 1Ø2W", "1 und 86400", 1},
+        {"YOKOGAWA 2535 3Ø3W", "1 und 86400", 1},
+        {"YOKOGAWA 2535 3Ø4W", "1 und 86400", 1},
     };
     for (const Case& c : cases) {
         App().sDevice = QString::fromUtf8(c.entry);
@@ -316,7 +340,7 @@ TEST_F(MeasurementConfiguration, RunCheck_TellsTheLeastIntervalOfEachEntry)
         shell.boxes.clear();
         App().dInterval = 0.5;
         EXPECT_FALSE(CheckIntervalForRun()) << c.entry;
-        EXPECT_EQ(RangeMessage(), QString("Der eingegebene Wert muss sich\nzwischen %1 und 60  befinden.").arg(c.bound))
+        EXPECT_EQ(RangeMessage(), QString("Der eingegebene Wert muss sich\nzwischen %1  befinden.").arg(c.bounds))
             << c.entry;
         EXPECT_EQ(shell.boxes.size(), 1U) << c.entry;
         App().dInterval = c.shortest - 0.01;

@@ -64,10 +64,11 @@ TEST_F(ScheduleEditing, PeriodPartText_RestoresDigitsAndLimits)
         const char* typed;
         const char* text;
     };
-    const Case cases[] = {{"", "00"},     {"7", "07"},   {"07", "07"},    {"59", "59"},   {"60", "59"}, {"99", "59"},
-                          {" 5 ", "05"},  {"-1", "00"},  {"-0", "00"},    {"x", "00"},    {"1x", "00"}, {"1:", "00"},
-                          {"0x1F", "00"}, {"1e", "00"},  {"inf", "00"},   {"nan", "00"},  {"٣", "00"},  {"1'", "00"},
-                          {"7,9", "07"},  {"7.9", "07"}, {"1,2,3", "00"}, {"1e99", "59"}, {"--", "00"}, {"%1", "00"}};
+    const Case cases[] = {{"", "00"},   {"7", "07"},   {"07", "07"},   {"59", "59"},  {"60", "60"},    {"90", "90"},
+                          {"99", "99"}, {"100", "99"}, {" 5 ", "05"},  {"-1", "00"},  {"-0", "00"},    {"x", "00"},
+                          {"1x", "00"}, {"1:", "00"},  {"0x1F", "00"}, {"1e", "00"},  {"inf", "00"},   {"nan", "00"},
+                          {"٣", "00"},  {"1'", "00"},  {"7,9", "07"},  {"7.9", "07"}, {"1,2,3", "00"}, {"1e99", "99"},
+                          {"--", "00"}, {"%1", "00"}};
     for (const Case& c : cases)
         EXPECT_EQ(PeriodPartText(QString::fromUtf8(c.typed), kMostMinutes), c.text) << c.typed;
 }
@@ -86,6 +87,8 @@ TEST_F(ScheduleEditing, PeriodOf_AddsTheThreeBoxes)
     EXPECT_EQ(PeriodOf({"01", "02", "03"}), 3723);
     EXPECT_EQ(PeriodOf({"100", "00", "00"}), 360000);
     EXPECT_EQ(PeriodOf({"9999", "59", "59"}), 35999999);
+    EXPECT_EQ(PeriodOf({"00", "90", "00"}), 5400) << "ninety minutes are an hour and a half";
+    EXPECT_EQ(PeriodOf({"00", "00", "75"}), 75);
     EXPECT_EQ(PeriodOf({"99999999999", "99", "99"}), 35999999);
     EXPECT_EQ(PeriodOf({"x", "", "5"}), 5);
 }

@@ -179,7 +179,7 @@ TEST_F(ScheduleTabTest, HostileTextsInTheDurationBecomeNumbers)
         const char* hours;
         const char* minutes;
     };
-    const Case cases[] = {{"7", "07", "07"},  {"75", "75", "59"},  {"123", "123", "12"},  {"99999", "9999", "59"},
+    const Case cases[] = {{"7", "07", "07"},  {"75", "75", "75"},  {"123", "123", "12"},  {"99999", "9999", "99"},
                           {"ab", "00", "00"}, {"-1", "00", "00"},  {"1e9", "9999", "00"}, {"", "00", "00"},
                           {"%n", "00", "00"}, {"0x9", "00", "00"}, {"  ", "00", "00"},    {"<b>", "00", "00"}};
     for (const Case& c : cases) {
@@ -188,6 +188,17 @@ TEST_F(ScheduleTabTest, HostileTextsInTheDurationBecomeNumbers)
         TypeAndEnter(Period(1), c.typed);
         EXPECT_EQ(Period(1).text(), c.minutes) << c.typed;
     }
+}
+
+TEST_F(ScheduleTabTest, NinetyMinutesStandAsTheyWereTypedAndAreAnHourAndAHalf)
+{
+    SetModes(kTimed, kTimed);
+    SetMoment(0, At(16));
+    TypeAndEnter(Period(2), "0");
+    TypeAndEnter(Period(1), "90");
+    Find<QComboBox>("cboMode_1").setFocus();
+    EXPECT_EQ(Periods(0), (QStringList{"00", "90", "00"}));
+    EXPECT_EQ(Moment(1), At(17, 30));
 }
 
 TEST_F(ScheduleTabTest, LeavingABoxRestoresItsZeros)

@@ -2,6 +2,11 @@
 
 #include "support/Fixture.h"
 
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <ctime>
+
 namespace korvanel::test {
 namespace {
 
@@ -42,6 +47,46 @@ TEST_F(DayClockTest, HasSinglePrecision)
     StartDayClock();
     clock.seconds += 0.003; // below half of the step of 1/128 s
     EXPECT_EQ(DayClock(), 82800.0F);
+}
+
+double ProcessorSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+TEST(SystemClockTest, BusyWait_IsExactAndLeavesTheProcessorToOthers)
+{
+    constexpr double kWait = 0.1;
+    const SystemClock clock;
+    for (int i = 0; i < 5; ++i) {
+        const double before = clock.Seconds();
+        const double processor = ProcessorSeconds();
+        clock.BusyWait(kWait);
+        const double waited = clock.Seconds() - before;
+        EXPECT_GE(waited, kWait);
+        EXPECT_LT(ProcessorSeconds() - processor, kWait / 4);
+    }
+}
+
+TEST(SystemClockTest, BusyWait_ServesNothingElseMeanwhile)
+{
+    bool isServed = false;
+    QTimer::singleShot(0, [&isServed] { isServed = true; });
+    SystemClock().BusyWait(0.02);
+    EXPECT_FALSE(isServed);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isServed);
+}
+
+TEST(SystemClockTest, BusyWait_OfNoTimeOrLessReturnsAtOnce)
+{
+    const SystemClock clock;
+    const double before = clock.Seconds();
+    clock.BusyWait(0);
+    clock.BusyWait(-5);
+    EXPECT_LT(clock.Seconds() - before, 1);
 }
 
 } // namespace

@@ -216,4 +216,16 @@ TEST_F(NumberTextTest, TestNumberRange_IncludesBothEnds)
     EXPECT_FALSE(TestNumberRange("10,01", 0.5, 10).isAccepted);
 }
 
+TEST_F(NumberTextTest, TypedNumber_TakesBothDecimalCharactersWhateverTheLocalOne)
+{
+    for (const char16_t point : {u',', u'.'}) {
+        App().DecimalChar = point;
+        App().OtherDecimalChar = point == u',' ? u'.' : u',';
+        for (const char* typed : {"12,5", "12.5", " 12,5 V"})
+            EXPECT_EQ(TypedNumber(typed), 12.5) << typed << " where the local one is " << static_cast<char>(point);
+        EXPECT_EQ(TypedWholeNumber("12,9", 0), 12);
+        EXPECT_EQ(TypedNumber("1,2,3"), 1.2);
+    }
+}
+
 } // namespace korvanel::test

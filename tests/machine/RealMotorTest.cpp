@@ -1,12 +1,15 @@
 // Both estimators against the measured load curve of a real motor; docs/maschinenmodell.md shows the same errors.
 #include "core/Common.h"
 #include "machine/Algorithms_ASM_Start.h"
+#include "motor_db/MotorTables.h"
+#include "motor_db/TypicalData.h"
 #include "support/Fixture.h"
 #include "support/Machines.h"
 #include "support/TestPaths.h"
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace korvanel::test {
 namespace {
@@ -45,24 +48,71 @@ struct Errors
     double efficiency = 0; ///< points
 };
 
-/// What is known of the motor beside its rating plate, and the method: the columns of the document.
+/// What is known of the motor.
+enum class Known
+{
+    Measured,          ///< rating plate, no-load test, stator resistance
+    NoLoadData,        ///< rating plate and no-load test
+    Resistance,        ///< rating plate and stator resistance
+    PlateAlone,        ///< rating plate
+    TypicalData,       ///< rating plate, and what is typical of its size
+    MotorOfTheDatabase ///< nothing but size and efficiency class: the motor of the motor database
+};
+
+/// The columns of the document.
 struct Case
 {
     int method;
-    bool hasNoLoadData;
-    bool hasResistance;
+    Known known;
 };
-constexpr Case kCases[] = {{1, true, true},  {1, false, true}, {0, true, true},
-                           {0, true, false}, {0, false, true}, {0, false, false}};
+constexpr Case kCases[] = {{1, Known::Measured},    {1, Known::TypicalData},        {1, Known::MotorOfTheDatabase},
+                           {1, Known::PlateAlone},  {0, Known::Measured},           {0, Known::NoLoadData},
+                           {0, Known::TypicalData}, {0, Known::MotorOfTheDatabase}, {0, Known::Resistance},
+                           {0, Known::PlateAlone}};
+
+/// The efficiency on its plate, 0.905, lies between the limits of IE1 (0.893) and IE2 (0.912).
+MachineRecord MotorOfTheDatabase()
+{
+    for (const MachineRecord& machine : motordb::AllMachines())
+        if (machine.Hersteller.startsWith(QStringLiteral("Normmotor IE1, 4-polig, 18,5 kW")))
+            return machine;
+    ADD_FAILURE() << "no such motor";
+    return {};
+}
+
+MachineRecord RecordOf(Known known)
+{
+    MachineRecord record;
+    switch (known) {
+    case Known::Measured:
+        return MotorWithNoLoadData();
+    case Known::MotorOfTheDatabase:
+        return MotorOfTheDatabase();
+    case Known::Resistance:
+        return Motor();
+    case Known::NoLoadData:
+        record = MotorWithNoLoadData();
+        record.Rs.reset();
+        return record;
+    case Known::PlateAlone:
+    case Known::TypicalData:
+        record = Motor();
+        record.Rs.reset();
+        if (known == Known::TypicalData) {
+            record.Polpaarzahl = 2;
+            motordb::AddTypicalData(record, false);
+        }
+        return record;
+    }
+    return record;
+}
 
 class RealMotor : public BlockTest
 {
 protected:
-    static void Build(const Case& known)
+    static void Build(Known known)
     {
-        App().MachineI.record = known.hasNoLoadData ? MotorWithNoLoadData() : Motor();
-        if (!known.hasResistance)
-            App().MachineI.record.Rs.reset();
+        App().MachineI.record = RecordOf(known);
         BuildMachineModel();
         ASSERT_TRUE(App().bModelValid);
     }
@@ -98,9 +148,9 @@ protected:
         QStringList rows;
         for (const Point& point : kCurve) {
             QString row = QString::asprintf("| %.0f | %d |", point.P2, Load(point));
-            for (const Case& known : kCases) {
-                Build(known);
-                row += QString::asprintf(" %+.2f |", ErrorsAt(point, known.method).*quantity);
+            for (const Case& column : kCases) {
+                Build(column.known);
+                row += QString::asprintf(" %+.2f |", ErrorsAt(point, column.method).*quantity);
             }
             rows << row;
         }
@@ -110,8 +160,8 @@ protected:
 
 TEST_F(RealMotor, PowerBalanceWithNoLoadDataMeetsThePowerAndTheSpeed)
 {
-    for (const bool hasResistance : {false, true}) {
-        Build({1, true, hasResistance});
+    for (const Known known : {Known::Measured, Known::NoLoadData}) {
+        Build(known);
         EXPECT_LE(Greatest(1, 10).power, 2.1);
         EXPECT_LE(Greatest(1, 25).power, 1);
         EXPECT_LE(Greatest(1, 10).speed, 2);
@@ -121,7 +171,7 @@ TEST_F(RealMotor, PowerBalanceWithNoLoadDataMeetsThePowerAndTheSpeed)
 
 TEST_F(RealMotor, WithThePowerThatFollowsFromTheEfficiencyTheErrorIsALittleGreater)
 {
-    Build({1, true, true});
+    Build(Known::Measured);
     EXPECT_LE(Greatest(1, 10, PowerFrom::Efficiency).power, 2.4);
     EXPECT_LE(Greatest(1, 25, PowerFrom::Efficiency).power, 1.02);
     EXPECT_LE(Greatest(1, 10, PowerFrom::Efficiency).speed, 2);
@@ -130,15 +180,39 @@ TEST_F(RealMotor, WithThePowerThatFollowsFromTheEfficiencyTheErrorIsALittleGreat
 
 TEST_F(RealMotor, TheResistanceHasNoInfluenceOnThePowerBalance)
 {
-    for (const bool hasNoLoadData : {false, true})
+    constexpr std::pair<Known, Known> kPairs[] = {{Known::Measured, Known::NoLoadData},
+                                                  {Known::Resistance, Known::PlateAlone}};
+    for (const auto& [knownWith, knownWithout] : kPairs)
         for (const Point& point : kCurve) {
-            Build({1, hasNoLoadData, true});
+            Build(knownWith);
             const Errors with = ErrorsAt(point, 1);
-            Build({1, hasNoLoadData, false});
+            Build(knownWithout);
             const Errors without = ErrorsAt(point, 1);
             EXPECT_EQ(with.power, without.power);
             EXPECT_EQ(with.speed, without.speed);
         }
+}
+
+// Whoever has no no-load test takes the motor of his size and class from the database.
+TEST_F(RealMotor, MotorOfItsSizeInTheDatabaseMeetsThePowerWithBothMethods)
+{
+    for (const int method : {0, 1}) {
+        Build(Known::MotorOfTheDatabase);
+        EXPECT_LE(Greatest(method, 10).power, 8) << method;
+        EXPECT_LE(Greatest(method, 25).power, 5) << method;
+    }
+}
+
+TEST_F(RealMotor, TypicalDataAreWorthMoreThanNone)
+{
+    for (const int method : {0, 1}) {
+        Build(Known::TypicalData);
+        const double typical = Greatest(method, 10).power;
+        EXPECT_LE(typical, 8) << method;
+        EXPECT_LE(Greatest(method, 25).power, 5) << method;
+        Build(Known::PlateAlone);
+        EXPECT_GT(Greatest(method, 10).power, 2 * typical) << method;
+    }
 }
 
 TEST_F(RealMotor, TheDocumentShowsTheErrorsOfEveryCase)

@@ -7,6 +7,7 @@ decimal numbers of 50 digits and rounds to doubles only at the places where the 
 the fields of record and model), so that what it writes is what exact arithmetic gives for those inputs.
 
     independent_model.py [machines [samples for each [seed]]] > table.txt
+    independent_model.py --measured > measured_motor.txt     the motor of docs/maschinenmodell.md and its load curve
 
 Where a result is the small difference of two great numbers, doubles lose the digits that the comparison is about, however
 well the program calculates. Such machines and samples are left out; `loss` tells how much greater the two numbers are.
@@ -431,7 +432,58 @@ def text(value):
     return repr(float(value))
 
 
+def put_machine(entered, rec, m, status, message):
+    """Writes what follows from a machine; whether it can be used for estimation."""
+    print("machine", *entered)
+    valid = message == 0 and (status[0] or (status[2] and status[3]))
+    print("status", message, int(valid), rec["p"], "".join("01"[s] for s in status))
+    print("model", *["%s=%s" % (k, text(v)) for k, v in m.items()])
+    if message == 0 and status[0]:
+        limits = [(rec["U"], "5", "100000"), (rec["I"], "0.5", "100000"), (m["Pelec_n"], "0.1", "100000000"),
+                  (rec["f"], "10", "500"), (m["M"], "0.1", "10000"), (rec["n"], "10", "10000")]
+        print("limits", *[text(scale_limit(v, D(a), D(b))) for v, a, b in limits])
+    return valid
+
+
+def put_sample(values, results):
+    print("sample", *[text(v) for v in values], *[text(v) for r in results for v in r[:4]])
+
+
+# Current, power factor: the measured load curve, from a tenth of the load to 120 %.
+CURVE = [("11.20", "0.327"), ("12.27", "0.506"), ("13.87", "0.636"), ("16.41", "0.741"), ("18.78", "0.797"),
+         ("21.07", "0.831"), ("23.92", "0.857"), ("27.05", "0.875"), ("29.40", "0.887"), ("32.85", "0.896"),
+         ("35.92", "0.902"), ("39.35", "0.906")]
+PLATE = {"p": 0, "Pmech": "18500", "U": "400", "n": "1462.5", "I": "32.85", "f": "50", "cosphi": "0.898"}
+NO_LOAD = {"Uo": "400", "Io": "11", "fo": "50"}
+
+
+def measured_motor():
+    """The measured motor with and without its no-load test and its stator resistance, over its load curve."""
+    exact = lambda word: D(float(word))
+    for with_no_load in (True, False):
+        for with_resistance in (True, False):
+            rec = dict.fromkeys(FIELDS)
+            rec.update({k: exact(v) if k != "p" else v for k, v in PLATE.items()})
+            rec["con"], rec["zero"] = "D", False
+            if with_no_load:
+                rec.update({k: exact(v) for k, v in NO_LOAD.items()})
+                rec["Po"] = kept(SQRT3 * 400 * 11 * D("0.085"))
+            if with_resistance:
+                rec["Rs"] = exact("0.56")
+            entered = [text(rec[k]) for k in FIELDS]
+            m, status, message = build(rec)
+            put_machine(entered, rec, m, status, message)
+            for current, factor in CURVE:
+                i, cosphi = exact(current), exact(factor)
+                phi = kept(degrees(PI / 2 - arctan(cosphi / (1 - cosphi * cosphi).sqrt())))
+                values = (D(400), i, D(50), kept(SQRT3 * 400 * i * cosphi), phi)
+                put_sample(values, [estimator(rec, m, *values) for estimator in (vector, balance)])
+
+
 def main():
+    if sys.argv[1:] == ["--measured"]:
+        measured_motor()
+        return
     arguments = [int(a) for a in sys.argv[1:]] + [None] * 3
     machines, samples, seed = arguments[0] or 600, arguments[1] or 4, arguments[2] or 20260314
     rng = random.Random(seed)
@@ -443,17 +495,7 @@ def main():
         if model_loss(rec, m) > most_loss:
             continue
         machines -= 1
-        print("machine", *entered)
-        valid = message == 0 and (status[0] or (status[2] and status[3]))
-        print("status", message, int(valid), rec["p"], "".join("01"[s] for s in status))
-        print("model", *["%s=%s" % (k, text(v)) for k, v in m.items()])
-        if message:
-            continue
-        if status[0]:
-            limits = [(rec["U"], "5", "100000"), (rec["I"], "0.5", "100000"), (m["Pelec_n"], "0.1", "100000000"),
-                      (rec["f"], "10", "500"), (m["M"], "0.1", "10000"), (rec["n"], "10", "10000")]
-            print("limits", *[text(scale_limit(v, D(a), D(b))) for v, a, b in limits])
-        if not valid:
+        if not put_machine(entered, rec, m, status, message):
             continue
         done = 0
         while done < samples:
@@ -461,7 +503,7 @@ def main():
             results = [estimator(rec, m, *values) for estimator in (vector, balance)]
             if any(r[4] > most_loss or r[4] * model_loss(rec, m) > 5 * most_loss for r in results):
                 continue
-            print("sample", *[text(v) for v in values], *[text(v) for r in results for v in r[:4]])
+            put_sample(values, results)
             done += 1
 
 

@@ -2,6 +2,7 @@
 #include "machine/Algorithms_ASM_Start.h"
 #include "motors/MotorColumns.h"
 #include "motors/MotorDatabase.h"
+#include "project/ProjectStore.h"
 #include "support/MotorDbFixture.h"
 #include "support/TestPaths.h"
 
@@ -14,7 +15,7 @@
 namespace korvanel::test {
 namespace {
 
-constexpr double kConsistent = 0.001;
+constexpr double kPlate = 0.001; ///< the current has the four digits of a plate
 
 /// Efficiency in percent by the standard's own interpolation, which it gives beside the table of limits: a cubic in the
 /// logarithm of the power.
@@ -88,10 +89,10 @@ TEST_F(MotorDbFile, EveryRowIsConsistent)
         ASSERT_TRUE(m.Pmech && m.U && m.M && m.n && m.I && m.f && m.cosphi && m.eta) << name;
         EXPECT_EQ(*m.U, 400) << name;
         EXPECT_EQ(*m.f, 50) << name;
-        EXPECT_NEAR(*m.M * *m.n * std::numbers::pi / 30 / *m.Pmech, 1, kConsistent) << name;
+        EXPECT_NEAR(*m.M * *m.n * std::numbers::pi / 30 / *m.Pmech, 1, 1e-14) << name;
         const double electrical = std::sqrt(3.0) * *m.U * *m.I * *m.cosphi;
         const double ratio = *m.Pmech > 0 ? *m.Pmech / electrical : electrical / *m.Pmech;
-        EXPECT_NEAR(ratio / *m.eta, 1, kConsistent) << name;
+        EXPECT_NEAR(ratio / *m.eta, 1, 1e-14) << name;
         EXPECT_GT(electrical * *m.Pmech, 0) << name; // both flow the same way
     }
 }
@@ -105,9 +106,10 @@ TEST_F(MotorDbFile, EveryRowBuildsAModelThatAgreesWithIt)
         BuildMachineModel();
         EXPECT_TRUE(App().bModelValid) << name;
         EXPECT_EQ(App().MachineI.record.Polpaarzahl, line.record.Polpaarzahl) << name;
-        EXPECT_NEAR(*App().MachineI.record.M / *line.record.M, 1, kConsistent) << name;
-        EXPECT_NEAR(*App().MachineI.record.eta / *line.record.eta, 1, kConsistent) << name;
+        EXPECT_EQ(App().MachineI.record.M, line.record.M) << name;
+        EXPECT_EQ(App().MachineI.record.eta, line.record.eta) << name;
         EXPECT_GT(App().MachineI.model.k_maschine, 0) << name;
+        EXPECT_NEAR(App().MachineI.model.Po_rech, *line.record.Po, 1e-9) << name << ": dropped for want of room";
     }
     EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
 }
@@ -131,7 +133,7 @@ TEST_F(MotorDbFile, EfficienciesAreThoseOfTheStandardsInterpolation)
 {
     for (const Interpolation& interpolation : kInterpolations)
         for (const auto& [kilowatts, motor] : Motors(interpolation.name, interpolation.polePairs))
-            EXPECT_NEAR(*motor.eta * 100, interpolation.At(kilowatts), 0.051)
+            EXPECT_NEAR(*motor.eta * 100, interpolation.At(kilowatts), 0.051 + 100 * kPlate)
                 << interpolation.name << ' ' << kilowatts << " kW, pole pairs " << interpolation.polePairs;
 }
 
@@ -150,7 +152,7 @@ TEST_F(MotorDbFile, EfficienciesAreThePublishedLimits)
         {"IE1", 1, 11, 87.6},   {"IE3", 1, 55, 94.3},  {"IE1", 3, 0.75, 70.0}, {"IE3", 3, 5.5, 88.0},
     };
     for (const Limit& limit : kLimits)
-        EXPECT_NEAR(*Motors(limit.name, limit.polePairs).at(limit.kilowatts).eta * 100, limit.percent, 1e-9)
+        EXPECT_NEAR(*Motors(limit.name, limit.polePairs).at(limit.kilowatts).eta * 100, limit.percent, 100 * kPlate)
             << limit.name << ' ' << limit.kilowatts;
 }
 
@@ -200,12 +202,84 @@ TEST_F(MotorDbFile, RemarksTellWhereTheValuesComeFrom)
         const QString& remark = line.record.Hersteller;
         const std::string name = remark.toStdString();
         EXPECT_EQ(remark.contains("Grenzwert IEC 60034-30-1"), remark.startsWith("Normmotor")) << name;
-        EXPECT_EQ(remark.contains("gemessen"), line.record.Po.has_value()) << name;
         EXPECT_TRUE(remark.contains("berechnet")) << name;
-        EXPECT_EQ(remark.contains("Kippmoment, Klasse, Gewicht: typisch"), line.record.Mkipp_Mn.has_value()) << name;
-        EXPECT_EQ(line.record.I_CL.has_value(), line.record.Masse.has_value()) << name;
-        EXPECT_EQ(remark.contains("Tth: typisch"), line.record.Tth.has_value()) << name;
+        EXPECT_TRUE(remark.contains("typisch")) << name;
+        EXPECT_EQ(remark.contains("alles andere typisch, nicht gemessen"), !remark.startsWith("Prüfstandsmotor"))
+            << name;
     }
+}
+
+TEST_F(MotorDbFile, EveryColumnOfEveryRowIsFilled)
+{
+    for (const MotorColumn& column : MotorColumns()) {
+        const QString name = QLatin1String(column.name);
+        EXPECT_EQ(QueryMotors("SELECT count(*) FROM Motor WHERE [" + name + "] IS NULL OR [" + name + "]=''"), "0")
+            << column.name;
+    }
+}
+
+TEST_F(MotorDbFile, TypicalDataArePlausible)
+{
+    for (const MachineLine& line : lines) {
+        const MachineRecord& m = line.record;
+        const std::string name = m.Hersteller.toStdString();
+        const double electrical = std::sqrt(3.0) * *m.U * *m.I * *m.cosphi;
+        const double losses = electrical - *m.Pmech;
+        EXPECT_GT(*m.Po, 0.25 * losses) << name;
+        EXPECT_LT(*m.Po, 0.45 * losses) << name;
+        EXPECT_GT(*m.Io, 0.2 * *m.I) << name;
+        EXPECT_LT(*m.Io, 0.8 * *m.I) << name;
+        EXPECT_LT(*m.Po / (std::sqrt(3.0) * *m.Uo * *m.Io), std::abs(*m.cosphi) / 2) << name;
+        const double strand = m.Schaltungsart == QString("D") ? *m.I / std::sqrt(3.0) : *m.I;
+        EXPECT_GT(3 * strand * strand * *m.Rs, 0.2 * losses) << name;
+        EXPECT_LT(3 * strand * strand * *m.Rs, 0.45 * losses) << name;
+        EXPECT_GT(*m.Mkipp_Mn, 2) << name;
+        EXPECT_LT(*m.Mkipp_Mn, 3.5) << name;
+        EXPECT_GE(*m.Tth, 10 * 60) << name;
+        EXPECT_LE(*m.Tth, 60 * 60) << name;
+        EXPECT_EQ(m.I_CL, QString("F")) << name;
+        EXPECT_GT(*m.Masse, 5 * std::abs(*m.Pmech) / 1000 * 0.8) << name;
+        EXPECT_LT(*m.Masse, 35 * std::abs(*m.Pmech) / 1000) << name;
+    }
+}
+
+/// A project of its own with the machine, closed and opened again.
+class ShippedMachines : public MotorDbFile
+{
+protected:
+    ShippedMachines()
+    {
+        App().iNetConfIndex = 2;
+        App().sProjectPath = PathOf("machine.MDB");
+        CreateProjectFile(App().sProjectPath);
+        SaveProject();
+        App().bMotorDbCheck = true;
+    }
+    int MachinesInDatabase() { return QueryMotors("SELECT count(*) FROM Motor").toInt(); }
+};
+
+TEST_F(ShippedMachines, AreFoundInTheDatabaseInAFreshProjectAndAfterReopening)
+{
+    const int shipped = MachinesInDatabase();
+    for (const MachineLine& line : lines) {
+        const std::string name = line.record.Hersteller.toStdString();
+        App().MachineI.record = line.record;
+        BuildMachineModel();
+        CheckMachineInDb(App().MachineI.record, WhichMachine::I);
+        EXPECT_EQ(App().MachineI.record.set_ID, line.set_ID) << name;
+        EXPECT_TRUE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I)) << name;
+        EXPECT_FALSE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I))
+            << name << ": a second time";
+
+        App().MachineI.record = {};
+        LoadProjectMachines();
+        EXPECT_TRUE(App().bModelValid) << name;
+        EXPECT_EQ(App().MachineI.record.set_ID, line.set_ID) << name;
+        EXPECT_FALSE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I))
+            << name << ": leaving the page";
+    }
+    EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
+    EXPECT_EQ(MachinesInDatabase(), shipped);
 }
 
 TEST_F(MotorDbFile, HoldsGenerators)
@@ -228,7 +302,7 @@ TEST_F(MotorDbFile, HoldsTheMeasuredMotorWithItsNoLoadData)
 {
     std::vector<MachineRecord> measured;
     for (const MachineLine& line : lines)
-        if (line.record.Po)
+        if (line.record.Hersteller.startsWith("Prüfstandsmotor"))
             measured.push_back(line.record);
     ASSERT_EQ(measured.size(), 1U);
     const MachineRecord& motor = measured[0];

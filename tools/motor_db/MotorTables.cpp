@@ -1,18 +1,20 @@
 #include "motor_db/MotorTables.h"
 
+#include "machine/ModelSteps.h"
 #include "motor_db/EfficiencyLimits.h"
+#include "motor_db/TypicalData.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
+#include <stdexcept>
 
 namespace korvanel::motordb {
 
 namespace {
 
-constexpr double kVoltage = 400;  // V
-constexpr double kFrequency = 50; // Hz
-constexpr double kSmallest = 0.75;
-constexpr double kLargest = 200;
+constexpr double kVoltage = 400;     // V
+constexpr double kFrequency = 50;    // Hz
 constexpr double kLargestInStar = 3; // kW; larger ones are wound for delta, so that they can start in star
 const QString kDelta = QStringLiteral("D");
 const QString kStar = QStringLiteral("Y");
@@ -23,25 +25,31 @@ double RoundedToParts(double value, double parts)
     return std::round(value * parts) / parts;
 }
 
-double RoundedToDigits(double value, int digits)
-{
-    const int exponent = digits - 1 - static_cast<int>(std::floor(std::log10(std::abs(value))));
-    const double factor = std::pow(10.0, std::abs(exponent));
-    return exponent >= 0 ? std::round(value * factor) / factor : std::round(value / factor) * factor;
-}
-
 double Rpm(int poles)
 {
     return 120 * kFrequency / poles;
 }
 
-/// Connects power, speed, efficiency and power factor to torque and current, to the four digits of a rating plate.
-void CompleteRating(MachineRecord& machine)
+/// The current to the four digits of a rating plate; `eta` is that of the standard or of the maker.
+void CompleteRating(MachineRecord& machine, double eta)
 {
     constexpr int kPlateDigits = 4;
-    const double electrical = *machine.Pmech > 0 ? *machine.Pmech / *machine.eta : *machine.Pmech * *machine.eta;
-    machine.M = RoundedToDigits(60 * *machine.Pmech / (2 * std::numbers::pi * *machine.n), kPlateDigits);
+    const double electrical = *machine.Pmech > 0 ? *machine.Pmech / eta : *machine.Pmech * eta;
     machine.I = RoundedToDigits(electrical / (std::numbers::sqrt3 * *machine.U * *machine.cosphi), kPlateDigits);
+}
+
+/// The machine with torque and efficiency as the model computes them, to the last digit: so it is found again after it
+/// has been in use. Throws for a machine whose data contradict each other, or whose no-load power leaves no room for
+/// load losses.
+MachineRecord AsComputed(const MachineRecord& record)
+{
+    MachineInTheMaking machine{record, StatusOf(record), {}};
+    for (const BuildLine& line : BuildOrder())
+        if (IsAllKnown(line.needs, machine.status) && line.step(machine) != ModelMessage::None)
+            throw std::runtime_error("no model of " + record.Hersteller.toStdString());
+    if (machine.model.Po_rech <= 0)
+        throw std::runtime_error("no room for load losses: " + record.Hersteller.toStdString());
+    return machine.record;
 }
 
 /// What is typical of a number of poles.
@@ -72,24 +80,9 @@ double TypicalSpeed(double kilowatts, int poles, const PoleTraits& traits, const
 
 double TypicalPowerFactor(double kilowatts, const PoleTraits& traits)
 {
-    const double size = std::log(kilowatts / kSmallest) / std::log(kLargest / kSmallest); // 0 to 1
+    const double size = SizeOf(kilowatts);
     const double gain = 1 - (1 - size) * (1 - size);
     return RoundedToParts(traits.leastPowerFactor + gain * (traits.bestPowerFactor - traits.leastPowerFactor), 100);
-}
-
-/// Stall ratio, insulation class and mass, which catalogues tell of most four-pole motors.
-void AddTypicalData(MachineRecord& machine, double kilowatts, bool isEfficient)
-{
-    const double size = std::log(kilowatts / kSmallest);
-    machine.Mkipp_Mn = RoundedToParts(isEfficient ? 3.4 - 0.08 * size : 2.4 + 0.03 * size, 10);
-    machine.I_CL = QStringLiteral("F");
-    machine.Masse = RoundedToDigits((isEfficient ? 19 : 16) * std::pow(kilowatts, 0.77), 2);
-}
-
-void AddTypicalTimeConstant(MachineRecord& machine, double kilowatts)
-{
-    constexpr double kSecondsPerMinute = 60;
-    machine.Tth = std::round(18 * std::pow(kilowatts, 0.2)) * kSecondsPerMinute;
 }
 
 QString LocalNumberText(double value)
@@ -113,27 +106,20 @@ MachineRecord RatedMachine(int poles, double kilowatts)
     return machine;
 }
 
-/// A motor of the standard's table. The four-pole ones know more than their rating.
+/// A motor of the standard's table.
 MachineRecord StandardMotor(const LimitLine& line, std::size_t poleIndex, bool isEfficient)
 {
     const int poles = kPoles[poleIndex];
     MachineRecord machine = RatedMachine(poles, line.kilowatts);
-    machine.eta = RoundedToParts((isEfficient ? line.ie3 : line.ie1)[poleIndex] / 100, 1000);
     machine.n = TypicalSpeed(line.kilowatts, poles, kTraits[poleIndex], isEfficient ? kSlipIE3 : kSlipIE1);
     machine.cosphi = TypicalPowerFactor(line.kilowatts, kTraits[poleIndex]);
     machine.Schaltungsart = line.kilowatts > kLargestInStar ? kDelta : kStar;
-    CompleteRating(machine);
-    QString sources = QStringLiteral("eta: Grenzwert IEC 60034-30-1; n, cosphi, Schaltung: typisch; I, M: berechnet");
-    if (poles == 4) {
-        AddTypicalData(machine, line.kilowatts, isEfficient);
-        sources += QStringLiteral("; Kippmoment, Klasse, Gewicht: typisch");
-    }
-    if (poles == 4 && isEfficient) {
-        AddTypicalTimeConstant(machine, line.kilowatts);
-        sources += QStringLiteral("; Tth: typisch");
-    }
-    machine.Hersteller = RemarkOf(isEfficient ? "Normmotor IE3" : "Normmotor IE1", poles, line.kilowatts, sources);
-    return machine;
+    CompleteRating(machine, (isEfficient ? line.ie3 : line.ie1)[poleIndex] / 100);
+    AddTypicalData(machine, isEfficient);
+    machine.Hersteller = RemarkOf(
+        isEfficient ? "Normmotor IE3" : "Normmotor IE1", poles, line.kilowatts,
+        QStringLiteral("eta: Grenzwert IEC 60034-30-1; I, M: berechnet; alles andere typisch, nicht gemessen"));
+    return AsComputed(machine);
 }
 
 struct GeneratorLine
@@ -157,13 +143,13 @@ MachineRecord Generator(const GeneratorLine& line)
 {
     MachineRecord machine = RatedMachine(line.poles, -line.kilowatts);
     machine.n = line.rpm;
-    machine.eta = line.eta;
     machine.cosphi = -line.powerFactor;
     machine.Schaltungsart = kDelta;
-    CompleteRating(machine);
+    CompleteRating(machine, line.eta);
+    AddTypicalData(machine, false);
     machine.Hersteller = RemarkOf("Asynchrongenerator", line.poles, line.kilowatts,
-                                  QStringLiteral("n, eta, cosphi, Schaltung: typisch; I, M: berechnet"));
-    return machine;
+                                  QStringLiteral("I, M: berechnet; alles andere typisch, nicht gemessen"));
+    return AsComputed(machine);
 }
 
 /// A motor on the test bench: rating, no-load test and stator resistance at 20 degrees.
@@ -174,19 +160,18 @@ MachineRecord MeasuredMotor()
     machine.n = 1462.5;
     machine.I = 32.85;
     machine.cosphi = 0.898;
-    machine.eta =
-        RoundedToDigits(*machine.Pmech / (std::numbers::sqrt3 * *machine.U * *machine.I * *machine.cosphi), 4);
-    machine.M = RoundedToDigits(60 * *machine.Pmech / (2 * std::numbers::pi * *machine.n), 4);
     machine.Uo = kVoltage;
     machine.Io = 11.0;
     machine.fo = kFrequency;
     machine.Po = std::numbers::sqrt3 * *machine.Uo * *machine.Io * kNoLoadPowerFactor;
     machine.Schaltungsart = kDelta;
     machine.Rs = 0.56;
+    AddTypicalData(machine, false);
     machine.Hersteller =
         RemarkOf("Prüfstandsmotor", 4, 18.5,
-                 QStringLiteral("Bemessungsdaten, Leerlaufversuch, Rs (20 °C je Strang): gemessen; eta, M: berechnet"));
-    return machine;
+                 QStringLiteral("Bemessungsdaten, Leerlaufversuch, Rs (20 °C je Strang): gemessen; eta, M: berechnet; "
+                                "Kippmoment, Tth, Klasse, Gewicht: typisch"));
+    return AsComputed(machine);
 }
 
 } // namespace
