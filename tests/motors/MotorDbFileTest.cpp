@@ -268,15 +268,13 @@ TEST_F(ShippedMachines, AreFoundInTheDatabaseInAFreshProjectAndAfterReopening)
         CheckMachineInDb(App().MachineI.record, WhichMachine::I);
         EXPECT_EQ(App().MachineI.record.set_ID, line.set_ID) << name;
         EXPECT_TRUE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I)) << name;
-        EXPECT_FALSE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I))
-            << name << ": a second time";
+        EXPECT_FALSE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I)) << name << ": a second time";
 
         App().MachineI.record = {};
         LoadProjectMachines();
         EXPECT_TRUE(App().bModelValid) << name;
         EXPECT_EQ(App().MachineI.record.set_ID, line.set_ID) << name;
-        EXPECT_FALSE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I))
-            << name << ": leaving the page";
+        EXPECT_FALSE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I)) << name << ": leaving the page";
     }
     EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
     EXPECT_EQ(MachinesInDatabase(), shipped);
