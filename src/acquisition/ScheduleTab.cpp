@@ -320,8 +320,8 @@ void ScheduleTab::TakeEdit(EditedField edited)
     EnableFields(fields);
 }
 
-/// Restores the two digits of a box that is left; what was typed stands, 90 minutes too. The whole duration is raised to
-/// a second only when the focus leaves its three boxes, or "00" seconds could not be typed before the minutes.
+/// Restores the two digits of a box that is left; what was typed stands, 90 minutes too. The whole duration is raised
+/// to a second only when the focus leaves its three boxes, or "00" seconds could not be typed before the minutes.
 void ScheduleTab::TidyPeriod(int index)
 {
     QLineEdit* box = periods[static_cast<std::size_t>(index)];

@@ -18,7 +18,8 @@ void SystemClock::BusyWait(double seconds) const
     using std::chrono::duration;
     using std::chrono::steady_clock;
     constexpr duration<double> kSpinning(0.002); // a sleeping thread is woken later than it asked for
-    const auto end = steady_clock::now() + std::chrono::duration_cast<steady_clock::duration>(duration<double>(seconds));
+    const auto end =
+        steady_clock::now() + std::chrono::duration_cast<steady_clock::duration>(duration<double>(seconds));
     std::this_thread::sleep_until(end - std::chrono::duration_cast<steady_clock::duration>(kSpinning));
     while (steady_clock::now() < end) {
     }
