@@ -192,7 +192,7 @@ int main(int argc, char* argv[])
     App().TimeSchedule = &schedule;
     clsGraphColours colours(kSettingsApplication);
     App().GraphColours = &colours;
-    RunGuarded(QStringLiteral("clsGraphColours"), [&] { colours.ReadSettings(); });
+    RunGuarded(texts::titleSettings, [&] { colours.ReadSettings(); });
     clsSymbols symbols;
     App().Symbols = &symbols;
     clsProgSettings settings(App().sProgramDir);

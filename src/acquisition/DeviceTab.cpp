@@ -150,10 +150,14 @@ void DeviceTab::TakeInterval(const QString& text)
     intervalBox->setFocus();
 }
 
+bool DeviceTab::HasRefusedInput() const
+{
+    return intervalBox->HasPendingText();
+}
+
 bool DeviceTab::HasFitInterval()
 {
-    intervalBox->Commit();
-    const bool isFit = !intervalBox->HasPendingText() && CheckIntervalOfFamily();
+    const bool isFit = CheckIntervalOfFamily();
     if (!isFit)
         intervalBox->setFocus();
     return isFit;

@@ -28,7 +28,10 @@ public:
     void TakeInstrument();
     /// Takes what is typed and not yet handed over.
     void Commit();
-    /// Whether a run can have the interval; if not, that has been told and its box has the focus.
+    /// Whether a text that was refused still stands in its box.
+    bool HasRefusedInput() const;
+    /// Whether the family of the instrument can have the interval; if not, that has been told and its box has the
+    /// focus.
     bool HasFitInterval();
 
 signals:

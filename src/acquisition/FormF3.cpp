@@ -57,12 +57,23 @@ void FormF3::Commit()
     transformerTab->Commit();
 }
 
+bool FormF3::TakeInput(InputUse use)
+{
+    Commit();
+    if (deviceTab->HasRefusedInput()) {
+        tabs->setCurrentWidget(deviceTab);
+        return false;
+    }
+    if (use == InputUse::Saving || scheduleTab->TakeInput()) // a schedule belongs to no project file
+        return true;
+    tabs->setCurrentWidget(scheduleTab);
+    return false;
+}
+
 bool FormF3::MayGoForward()
 {
-    if (deviceTab->HasFitInterval()) {
-        Commit();
+    if (deviceTab->HasFitInterval())
         return true;
-    }
     tabs->setCurrentWidget(deviceTab);
     return false;
 }

@@ -19,6 +19,7 @@ class FormF3 : public Page
 public:
     FormF3(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
+    bool TakeInput(InputUse use) override;
 
 protected:
     bool MayGoForward() override;

@@ -132,7 +132,11 @@ QBoxLayout* FormF4::BuildCountRow()
     // What changes every second keeps its place.
     counts[kBeginCount]->setMinimumWidth(fontMetrics().horizontalAdvance(DateTimeText(PresentMoment())) + 20);
     counts[kElapsedCount]->setMinimumWidth(fontMetrics().horizontalAdvance(SecondsToTime(888888, false)) + 10);
+    rejectedLabel = AddValue(*row, "lblRejected", texts::rejectedSamples);
     row->addStretch(1);
+    keptLabel = new QLabel;
+    keptLabel->setObjectName(QStringLiteral("lblKept"));
+    row->addWidget(keptLabel);
     return row;
 }
 
@@ -225,7 +229,7 @@ void FormF4::PressStart()
 
 void FormF4::Tick()
 {
-    RunGuarded(objectName(), [this] {
+    RunGuarded(texts::measurementWord, [this] {
         try {
             run.Tick();
         } catch (...) {
@@ -251,6 +255,13 @@ void FormF4::Refresh()
 void FormF4::Leave()
 {
     run.End();
+}
+
+/// The recording goes on while the question stands.
+bool FormF4::MayClose()
+{
+    return !run.IsTicking() || App().TheShell->ShowBox({texts::titleAttention, texts::runUnderWay, BoxIcon::Question,
+                                                        BoxButtons::YesNo, Answer::No}) == Answer::Yes;
 }
 
 void FormF4::FillExtraTable()
@@ -321,6 +332,7 @@ void FormF4::ClearOnline()
     counts[kGraphCount]->setText(QStringLiteral("- "));
     counts[kElapsedCount]->setText(ZeroTime());
     counts[kSampleCount]->clear();
+    ShowRejected(0);
     grid->Rebuild();
     grid->ClearPresent();
     graph->Clear();
@@ -373,6 +385,21 @@ void FormF4::ShowInstrument()
                                     ? NumberText(app.dDevTransPrimary[i]) + QStringLiteral(" / ") +
                                           NumberText(app.dDevTransSecondary[i])
                                     : texts::noRatio);
+}
+
+void FormF4::ShowRejected(qint32 count)
+{
+    rejectedLabel->setText(QString::number(count));
+}
+
+void FormF4::ShowStored()
+{
+    grid->ShowNewest();
+}
+
+void FormF4::ShowKept(qint32 count)
+{
+    keptLabel->setText(count == 0 ? QString() : FillPlaceholders(texts::setsWaiting, {QString::number(count)}));
 }
 
 void FormF4::ShowDropped()

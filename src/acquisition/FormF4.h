@@ -29,6 +29,7 @@ public:
     FormF4(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
     void Leave() override;
+    bool MayClose() override;
 
 private:
     // RunDisplay
@@ -46,6 +47,9 @@ private:
     void ShowLamp(int colour) override;
     void ShowInstrument() override;
     void ShowDropped() override;
+    void ShowRejected(qint32 count) override;
+    void ShowStored() override;
+    void ShowKept(qint32 count) override;
 
     QBoxLayout* BuildInstrumentRow();
     QBoxLayout* BuildCountRow();
@@ -71,6 +75,8 @@ private:
     QLabel* deviceLabel;
     std::array<QLabel*, 2> ratioLabels{};
     std::array<QLabel*, 4> counts{};
+    QLabel* rejectedLabel;
+    QLabel* keptLabel;
     QLabel* timerPicture;
     QLabel* countdownLabel;
     QPushButton* startButton;

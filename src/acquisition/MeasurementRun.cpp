@@ -18,9 +18,11 @@
 #include "instruments/DevManaging.h"
 #include "instruments/SerialPort.h"
 #include "project/ProjectStore.h"
+#include "project/RecordingHeading.h"
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <cmath>
 
 namespace korvanel {
@@ -77,6 +79,8 @@ void MeasurementRun::Tick()
     if (!isRunning)
         WaitForStart();
     if (isRunning)
+        StoreWaiting();
+    if (isRunning)
         PollOnce();
     if (isRunning && plan.StopDue())
         FinishEntry();
@@ -88,15 +92,31 @@ void MeasurementRun::WaitForStart()
         plan.ShowCountdown();
         return;
     }
-    if (!PrepareRun())
+    if (!PrepareRun() || !OpenFile())
         return;
     display.ShowCountdown({});
-    OpenDbGuarded(); // a failure is told by the first row that can't be written
-    isFileOpen = true;
     InitRun(true);
     plan.ArmStop();
     isRunning = true;
     display.ShowRunning(true);
+}
+
+/// Opens the project for the length of the recording and keeps others from writing it. False if the run had to be ended
+/// because somebody else writes it.
+bool MeasurementRun::OpenFile()
+{
+    OpenDbGuarded(); // a failure is told by the first row that can't be written
+    isFileOpen = true;
+    try {
+        if (IsProjectDbOpen())
+            ProjectDb().HoldLock();
+    } catch (const DbLocked& locked) {
+        EndWith(QString::fromUtf8(locked.what()) + QStringLiteral(":\n") + App().sProjectPath);
+        return false;
+    } catch (const DbError&) {
+        return true; // as above
+    }
+    return true;
 }
 
 /// Opens the line and readies the instrument; an open line is closed. False if the run had to be ended.
@@ -131,8 +151,12 @@ void MeasurementRun::InitRun(bool isFull)
     app.MeasuredRow = {};
     ResetEnergies();
     app.dStepWp = app.dStepWq = 0;
+    ClearRecordingHeading();
     app.dtMeasurementBegin = PresentMoment();
+    begun = app.TheClock->Seconds();
     hasBegun = true;
+    rejected = 0;
+    display.ShowRejected(rejected);
     display.ShowBegin(DateTimeText(app.dtMeasurementBegin));
     if (isFull)
         grid.Start(app.dInterval);
@@ -150,8 +174,18 @@ void MeasurementRun::PollOnce()
     row.sValidMask = kGoodSample;
     // A poll may come a little early; its time is that of the grid all the same.
     display.ShowElapsed(SecondsToTime(std::round(grid.Elapsed()), false));
-    if (!DevCommand(kDevSample) || app.iFileErrors > 0) {
-        End();
+    // A failure is told here, when the recording has ended.
+    const bool isSampled = [&app] {
+        const QScopedValueRollback quiet(app.bShowDevErrors, false);
+        return DevCommand(kDevSample);
+    }();
+    NoteMoment();
+    if (!isSampled) {
+        EndWith(DevErrorText());
+        return;
+    }
+    if (app.iFileErrors > 0) {
+        Finish();
         return;
     }
     ValidateSample();
@@ -168,13 +202,38 @@ void MeasurementRun::StoreSample()
 {
     ApplicationBlock& app = App();
     display.ShowLamp(kLampGood);
-    if (AppendMeasuredRow())
-        app.iSetCount = app.MeasuredRow.lSet;
+    const qint32 wereKept = KeptRows();
+    const bool isFirst = app.MeasuredRow.lSet == 1;
+    AppendMeasuredRow(isFirst ? WriteRecordingKeys : std::function<void()>());
+    if (wereKept == 0 && KeptRows() > 0)
+        keptSince = lastSeconds;
+    if (app.iFileErrors == 0)
+        app.iSetCount = app.MeasuredRow.lSet - KeptRows();
+    display.ShowKept(KeptRows());
     display.UpdateOnline(OnlineMode::Sample);
     if (app.iFileErrors > 0)
-        End();
+        Finish();
     else
         app.iGraceLeft = kGrace;
+}
+
+/// Between the polls: the sets that wait for the file, and the end of waiting.
+void MeasurementRun::StoreWaiting()
+{
+    if (KeptRows() == 0)
+        return;
+    NoteMoment();
+    StoreKeptRows();
+    display.ShowKept(KeptRows());
+    if (App().iFileErrors > 0) {
+        Finish();
+        return;
+    }
+    App().iSetCount = App().MeasuredRow.lSet - KeptRows();
+    if (KeptRows() == 0)
+        display.ShowStored();
+    else if (lastSeconds - keptSince >= kLongestFileWait)
+        EndWith(FillPlaceholders(texts::fileTooLongInUse, {QString::number(kLongestFileWait)}));
 }
 
 void MeasurementRun::RejectSample()
@@ -187,35 +246,49 @@ void MeasurementRun::RejectSample()
         return;
     }
     --app.MeasuredRow.lSet;
+    display.ShowRejected(++rejected);
     // Nothing counts the grace down: an instrument that has gone silent for a while must not end a long recording.
     if (app.iGraceLeft <= 0) {
+        Finish();
         ShowError(FillPlaceholders(texts::runAborted, {QString::number(kGrace)}));
-        End();
     }
 }
 
+void MeasurementRun::NoteMoment()
+{
+    lastMoment = PresentMoment();
+    lastSeconds = App().TheClock->Seconds();
+}
+
+/// End and duration. The duration is that between the two moments, unless the wall clock was moved meanwhile, by daylight
+/// saving or by hand: then the steady clock has counted it.
 void MeasurementRun::SetEnd()
 {
+    constexpr double kOfWholeSeconds = 1.5; // both moments are cut to seconds
     ApplicationBlock& app = App();
-    app.dtMeasurementEnd = PresentMoment();
-    const qint64 seconds = app.dtMeasurementBegin.secsTo(app.dtMeasurementEnd);
-    app.sMeasurementTerm = SecondsToTime(static_cast<double>(std::max<qint64>(0, seconds)), false);
+    app.dtMeasurementEnd = lastMoment;
+    const double counted = lastSeconds - begun;
+    const auto shown = static_cast<double>(app.dtMeasurementBegin.secsTo(lastMoment));
+    const double term = std::abs(shown - counted) <= kOfWholeSeconds ? shown : std::round(counted);
+    app.sMeasurementTerm = SecondsToTime(std::max(0.0, term), false);
     app.bProjectDirty = true;
 }
 
 void MeasurementRun::FinishEntry()
 {
+    NoteMoment();
     SetEnd();
     if (!PrepareRun()) // closes the line
         return;
     isRunning = false;
-    CloseRun();
+    const qint32 lost = CloseRun();
     const bool isKept = !plan.HasSeveral() || KeepEntry();
     if (isKept && !plan.IsManualWithDuration() && plan.SelectNextEntry())
         display.ShowRunning(false);
     else
-        End();
+        Finish();
     hasBegun = false;
+    TellLostSets(lost);
 }
 
 /// Puts the recording into a file of its own and empties the tables for the next one. False leaves the sets.
@@ -227,14 +300,42 @@ bool MeasurementRun::KeepEntry()
     return SnapshotProject(DateTimeText(start)) && ClearRows();
 }
 
-void MeasurementRun::CloseRun()
+/// Stores what still waits, completes the heading in the file and closes it. Returns how many sets are lost.
+qint32 MeasurementRun::CloseRun()
 {
-    if (isFileOpen)
-        CloseDbGuarded();
+    if (!isFileOpen)
+        return 0;
     isFileOpen = false;
+    if (IsProjectDbOpen())
+        ProjectDb().ReleaseLock(); // a last attempt waits for a reader
+    StoreKeptRows();
+    const qint32 lost = KeptRows();
+    if (App().iFileErrors == 0 && lost == 0 && RefreshSetCount()) {
+        try {
+            WriteRecordingKeys();
+        } catch (const DbError&) {
+            // The fields stay changed in the block, and the next save tells a file that can't be written.
+        }
+    }
+    CloseDbGuarded();
+    display.ShowKept(0);
+    return lost;
+}
+
+void MeasurementRun::TellLostSets(qint32 lost)
+{
+    if (lost > 0)
+        ShowError(FillPlaceholders(texts::setsLost, {QString::number(lost)}));
 }
 
 void MeasurementRun::End()
+{
+    NoteMoment();
+    Finish();
+}
+
+/// Ends at the moment that was noted last.
+void MeasurementRun::Finish()
 {
     if (!isTicking)
         return;
@@ -242,16 +343,29 @@ void MeasurementRun::End()
     const bool wasRunning = isRunning;
     isRunning = false;
     display.EnableTicks(false);
-    if (App().ThePort->IsOpen())
-        DevCommand(kDevClose);
-    CloseRun();
-    display.ShowRunning(false);
-    display.ShowCountdown({});
     if (wasRunning && hasBegun)
         SetEnd();
-    RefreshSetCount();
+    const qint32 lost = CloseRun();
+    if (App().ThePort->IsOpen())
+        DevCommand(kDevClose);
+    display.ShowRunning(false);
+    display.ShowCountdown({});
+    if (!RefreshSetCount() && wasRunning)
+        ClearRecordingHeading();
     display.LockPage(false);
     App().TheShell->SetBusyMenus(true);
+    TellLostSets(lost);
+}
+
+/// Ends the recording and then tells why, since when, and what there is of it.
+void MeasurementRun::EndWith(const QString& reason)
+{
+    const bool hasRun = isRunning && hasBegun;
+    Finish();
+    ShowError(hasRun
+                  ? reason + u'\n' +
+                        FillPlaceholders(texts::runEnded, {DateTimeText(lastMoment), QString::number(App().iSetCount)})
+                  : reason);
 }
 
 bool MeasurementRun::Drop()
@@ -264,8 +378,7 @@ bool MeasurementRun::Drop()
 bool MeasurementRun::ClearRows()
 {
     try {
-        const ProjectDbScope scope;
-        ClearValues();
+        ClearRecording();
     } catch (const DbError& error) {
         ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;

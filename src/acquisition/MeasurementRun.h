@@ -12,6 +12,10 @@
 
 namespace korvanel {
 
+/// How long another program may hold the project's file before a recording ends over it, in seconds. The sets are kept
+/// meanwhile.
+inline constexpr int kLongestFileWait = 60;
+
 /// Colours of the lamp: blue, green, red from the high to the low byte.
 inline constexpr int kLampGood = 65280;
 inline constexpr int kLampBad = 255;
@@ -44,6 +48,12 @@ public:
     virtual void ShowInstrument() = 0;
     /// All sets are gone.
     virtual void ShowDropped() = 0;
+    /// How many samples of the recording were not stored because they were not valid.
+    virtual void ShowRejected(qint32 count) = 0;
+    /// Sets that waited are stored now.
+    virtual void ShowStored() = 0;
+    /// How many sets wait because another program uses the file; 0 when all are stored.
+    virtual void ShowKept(qint32 count) = 0;
 };
 
 class MeasurementRun
@@ -70,13 +80,19 @@ private:
     bool PrepareRun();
     void InitRun(bool isFull);
     void PollOnce();
+    bool OpenFile();
     void StoreSample();
     void RejectSample();
+    void StoreWaiting();
     void FinishEntry();
     bool KeepEntry();
     bool ClearRows();
-    void CloseRun();
+    void Finish();
+    qint32 CloseRun();
+    static void TellLostSets(qint32 lost);
+    void NoteMoment();
     void SetEnd();
+    void EndWith(const QString& reason);
 
     clsTimeSchedule& schedule;
     RunDisplay& display;
@@ -87,6 +103,12 @@ private:
     bool hasBegun = false;   ///< since the button was pressed
     bool isFileOpen = false; ///< the project stays open for the length of a recording
     PollingGrid grid;
+    double begun = 0;     ///< steady clock at the beginning, in seconds
+    double keptSince = 0; ///< steady clock at the first set that the file didn't take
+    qint32 rejected = 0;  ///< samples of this recording
+    /// The present moment on both clocks, taken before anything is told: a box may stand for hours.
+    QDateTime lastMoment;
+    double lastSeconds = 0;
 };
 
 } // namespace korvanel

@@ -45,6 +45,7 @@ struct ScheduleFields
     bool HasTerm() const { return stopMode == StopMode::Duration || HasTimedEnds(); }
     /// It becomes a series of entries.
     bool IsCyclic() const { return isRepeating && startMode == StartMode::Timed; }
+    bool operator==(const ScheduleFields&) const = default;
 };
 
 /// A duration as it stands in three boxes.

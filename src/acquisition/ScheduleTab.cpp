@@ -7,6 +7,7 @@
 #include "core/Messages.h"
 #include "core/Texts.h"
 #include "core/texts/FormF3Texts.h"
+#include "core/window/ActionName.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -91,6 +92,7 @@ ScheduleTab::ScheduleTab(QWidget* parent) : QWidget(parent), grid(new ScheduleGr
     setTabOrder(cycles, grid); // from the fields to what they fill
     connect(grid, &ScheduleGrid::EntryChosen, this, [this](int index) { Guarded([this, index] { Choose(index); }); });
     ShowFields(DefaultFields(PresentMoment()));
+    stored = Fields();
 }
 
 QFrame* ScheduleTab::BuildEntry()
@@ -351,7 +353,16 @@ void ScheduleTab::SaveAsNew()
     SaveEntries(std::nullopt);
 }
 
-void ScheduleTab::SaveEntries(std::optional<qint32> replaced)
+bool ScheduleTab::TakeInput()
+{
+    if (Fields() == stored)
+        return true;
+    const Answer answer = App().TheShell->ShowBox(
+        {texts::tabSchedule, texts::scheduleNotSaved, BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes});
+    return answer == Answer::Yes ? SaveEntries(App().TimeSchedule->CurrentSet()) : answer == Answer::No;
+}
+
+bool ScheduleTab::SaveEntries(std::optional<qint32> replaced)
 {
     const ScheduleFields fields = Fields();
     ShowFields(fields); // as they were understood
@@ -359,10 +370,11 @@ void ScheduleTab::SaveEntries(std::optional<qint32> replaced)
     Refresh();
     if (!conflict) {
         ShowCurrent();
-        return;
+        return true;
     }
     grid->MarkRange(conflict->first, conflict->last);
     ShowError(texts::scheduleConflict);
+    return false;
 }
 
 void ScheduleTab::DeleteCurrent()
@@ -384,12 +396,13 @@ void ScheduleTab::ShowCurrent()
 {
     const clsTimeSchedule& schedule = *App().TimeSchedule;
     ShowFields(FieldsOf(schedule.Entry(schedule.CurrentSet()), Fields()));
+    stored = Fields();
 }
 
 void ScheduleTab::Guarded(const std::function<void()>& routine)
 {
     if (!QApplication::activeModalWidget()) // what is asked has to be answered first
-        RunGuarded(objectName(), routine);
+        RunGuarded(ActionName(sender() ? sender() : this), routine);
 }
 
 } // namespace korvanel

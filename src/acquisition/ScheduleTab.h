@@ -34,6 +34,9 @@ public:
     explicit ScheduleTab(QWidget* parent = nullptr);
     /// Shows the schedule again. What the user has typed stays.
     void Refresh();
+    /// Asks whether to save a planned recording that was typed and not saved; false if the user wants to stay, or if it
+    /// can't be saved, which has been told.
+    bool TakeInput();
 
 private:
     /// A moment in two boxes.
@@ -65,7 +68,7 @@ private:
 
     void Save();
     void SaveAsNew();
-    void SaveEntries(std::optional<qint32> replaced);
+    bool SaveEntries(std::optional<qint32> replaced);
     void DeleteCurrent();
     void Choose(int index);
     void ShowCurrent();
@@ -80,6 +83,7 @@ private:
     std::array<QRadioButton*, 2> rules{};
     QLineEdit* cycles = nullptr;
     ScheduleGrid* grid;
+    ScheduleFields stored;  ///< what the fields held when they last showed what is stored
     bool isShowing = false; ///< the tab itself changes its fields
 };
 

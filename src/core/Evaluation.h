@@ -99,7 +99,13 @@ struct EvaluationResults
     // What the figures were formed with, for showing them after an option has changed.
     qint32 lSets = 0;       ///< number of sets
     double dWindowSpan = 0; ///< Int(window length / interval): sets of a full window but one
+    QString sWindow;        ///< the window as headings tell it
     QString sCurrency;
+
+    // What of the recording's time has no sets: samples that were rejected, an instrument that was silent.
+    qint32 lGaps = 0;     ///< places where it lacks one set or more, the end of the recording included
+    double dMissing = 0;  ///< sets that are lacking
+    double dCoverage = 0; ///< time that the sets cover over the time of the recording, 0 to 1
 };
 
 } // namespace korvanel

@@ -79,7 +79,7 @@ bool CheckNumberRange(QString& value, double minimum, double maximum)
 
 void ReportFailure(const QString& operation, const QString& reason)
 {
-    ShowError(operation + u'\n' + reason);
+    ShowError(operation.isEmpty() ? reason : operation + u'\n' + reason);
 }
 
 void RunGuarded(const QString& operation, const std::function<void()>& routine)

@@ -1,6 +1,7 @@
 #include "core/NumberText.h"
 
 #include "core/Common.h"
+#include "core/Units.h"
 
 #include <QRegularExpression>
 
@@ -307,6 +308,16 @@ QString SecondsToTime(double seconds, bool withFraction)
     if (withFraction && hundredths > 0)
         text += App().DecimalChar + QStringLiteral("%1").arg(hundredths, 2, 10, QLatin1Char('0'));
     return text;
+}
+
+std::optional<double> TimeToSeconds(const QString& text)
+{
+    static const QRegularExpression time(QStringLiteral("^(\\d{2,9}):([0-5]\\d):([0-5]\\d)$"));
+    const QRegularExpressionMatch match = time.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    return match.captured(1).toDouble() * kSecondsPerHour + match.captured(2).toDouble() * kSecondsPerMinute +
+           match.captured(3).toDouble();
 }
 
 QString MotorDbConnection(bool forWriting)

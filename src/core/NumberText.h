@@ -113,6 +113,9 @@ double NiceStep(double x, double low, double high);
 /// of a second if there are any.
 QString SecondsToTime(double seconds, bool withFraction);
 
+/// Seconds of a text as `SecondsToTime` writes it, without a fraction; nothing for any other text.
+std::optional<double> TimeToSeconds(const QString& text);
+
 /// `SecondsToTime` without the fraction for passes over a recording: written to `first`, which has room for
 /// `kLongestNumber` characters; returns the end.
 char* WriteTime(char* first, double seconds);

@@ -32,6 +32,16 @@ void Harden(SQLite::Database& db)
 
 } // namespace
 
+DbLocked::DbLocked() : DbError(texts::fileInUse.toStdString()) {}
+
+void ThrowDbError(int code, const char* words)
+{
+    constexpr int kPrimaryCode = 0xFF;
+    if ((code & kPrimaryCode) == SQLITE_BUSY)
+        throw DbLocked();
+    throw DbError(words);
+}
+
 TableDb::TableDb(SQLite::Database&& opened) : database(std::move(opened))
 {
     Harden(database);
@@ -117,24 +127,58 @@ void TableDb::UseRollbackJournal()
         Execute(QStringLiteral("PRAGMA journal_mode=DELETE"));
 }
 
+void TableDb::HoldLock()
+{
+    WithDbErrors([this] {
+        auto reading = std::make_unique<SQLite::Statement>(database, "SELECT 1 FROM sqlite_schema");
+        database.exec("BEGIN IMMEDIATE");
+        reading->executeStep();
+        anchor = std::move(reading);
+    });
+    sqlite3_busy_timeout(database.getHandle(), 0);
+}
+
+void TableDb::ReleaseLock()
+{
+    if (!anchor)
+        return;
+    anchor.reset();
+    if (sqlite3_get_autocommit(database.getHandle()) == 0)
+        database.tryExec("ROLLBACK"); // it is empty
+    sqlite3_busy_timeout(database.getHandle(), kBusyTimeoutMs);
+}
+
+/// Takes the lock of writing again; where another one was quicker, the next transaction tries it. He can't commit.
+void TableDb::BeginHeld()
+{
+    if (anchor && sqlite3_get_autocommit(database.getHandle()) != 0)
+        database.tryExec("BEGIN IMMEDIATE");
+}
+
 void RemoveJournals(const QString& path)
 {
     for (const char* ending : {"-journal", "-wal", "-shm"})
         QFile::remove(path + QLatin1String(ending));
 }
 
-DbTransaction::DbTransaction(TableDb& db)
-    : database(db), isOutermost(sqlite3_get_autocommit(db.Handle().getHandle()) != 0), isOpen(isOutermost)
+DbTransaction::DbTransaction(TableDb& db) : database(db), isOutermost(!db.isInTransaction), isOpen(isOutermost)
 {
-    if (isOutermost)
+    if (!isOutermost)
+        return;
+    if (sqlite3_get_autocommit(database.Handle().getHandle()) != 0)
         database.Execute(QStringLiteral("BEGIN IMMEDIATE"));
+    database.isInTransaction = true;
 }
 
 DbTransaction::~DbTransaction()
 {
+    if (!isOutermost)
+        return;
     // An error such as a full disk may have ended the transaction already; then there is nothing to take back.
     if (isOpen && sqlite3_get_autocommit(database.Handle().getHandle()) == 0)
         database.Handle().tryExec("ROLLBACK");
+    database.isInTransaction = false;
+    database.BeginHeld();
 }
 
 void DbTransaction::Commit()

@@ -7,6 +7,7 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
+#include <memory>
 #include <stdexcept>
 
 namespace korvanel {
@@ -15,6 +16,13 @@ class DbError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
+};
+
+/// The file is in use by another program at the moment; the same may succeed a little later.
+class DbLocked : public DbError
+{
+public:
+    DbLocked();
 };
 
 /// Longest text in bytes that is written to or read from a file. A longer one is refused by the engine, so that a
@@ -53,10 +61,24 @@ public:
     /// Brings a file that another program has switched to a write-ahead log back to the rollback journal, so that the
     /// file alone is the whole project.
     void UseRollbackJournal();
+    /// From now on nobody else can write the file until it is closed or `ReleaseLock` is called; reading stays free for
+    /// all. An operation that meets a reader doesn't wait for it but throws DbLocked at once, to be tried again. Throws
+    /// DbLocked if somebody writes at the moment.
+    void HoldLock();
+    /// Lets others write again. Does nothing without a lock.
+    void ReleaseLock();
 
 private:
+    friend class DbTransaction;
     explicit TableDb(SQLite::Database&& opened);
+    void BeginHeld();
+
     SQLite::Database database;
+    // A statement that is read but never to its end keeps the shared lock across each commit: no other connection gets
+    // the exclusive lock that it needs for a commit of its own. Between the commits an empty transaction of writing is
+    // open, so that others are refused at their beginning and not at their end.
+    std::unique_ptr<SQLite::Statement> anchor;
+    bool isInTransaction = false;
 };
 
 /// One operation is one transaction. Within a transaction that is under way this does nothing, so that operations
@@ -83,6 +105,9 @@ void RemoveJournals(const QString& path);
 /// The engine's statement text for a name: in square brackets, as a bracket can't stand within.
 QString BracketedName(const QString& name);
 
+/// Throws what a result code of the engine means: DbLocked for a file in use, else DbError with the engine's words.
+[[noreturn]] void ThrowDbError(int code, const char* words);
+
 /// Runs a routine and turns an exception of the library into DbError.
 template <typename Routine>
 auto WithDbErrors(Routine&& routine)
@@ -90,7 +115,7 @@ auto WithDbErrors(Routine&& routine)
     try {
         return routine();
     } catch (const SQLite::Exception& error) {
-        throw DbError(error.what());
+        ThrowDbError(error.getErrorCode(), error.what());
     }
 }
 

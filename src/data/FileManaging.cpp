@@ -7,6 +7,7 @@
 #include "core/ProjectDb.h"
 #include "core/texts/DefaultTexts.h"
 #include "data/ComputedQuantities.h"
+#include "data/MeasuredRowStore.h"
 #include "data/RowWriter.h"
 #include "data/SetReader.h"
 
@@ -51,8 +52,7 @@ SetReader& PreparedReader(SetSource source)
 
 void OpenJoinedRecordset()
 {
-    CurrentRecordset(RecordsetSlot::Write) =
-        std::make_unique<RowWriter>(ProjectDb(), App().iNetConfIndex, RowOrigin::Measured);
+    CurrentRecordset(RecordsetSlot::Write) = std::make_unique<MeasuredRowStore>(ProjectDb(), App().iNetConfIndex);
 }
 
 void OpenSimulatedRecordset()
@@ -60,10 +60,10 @@ void OpenSimulatedRecordset()
     CurrentRecordset(RecordsetSlot::Write) = std::make_unique<SimulatedRowWriter>(ProjectDb());
 }
 
-bool AppendMeasuredRow()
+bool AppendMeasuredRow(const std::function<void()>& beside)
 {
     EstimateRow(App().MeasuredRow); // a fault in arithmetic ends the run, not only this row
-    return RowOperation(texts::cannotWriteFile, [] {
+    return RowOperation(texts::cannotWriteFile, [&beside] {
         ApplicationBlock& app = App();
         RecordingChanged();
         tMeasuredRow& row = app.MeasuredRow;
@@ -72,12 +72,27 @@ bool AppendMeasuredRow()
         else if (IntegratesEnergy(app.iNetConfIndex))
             StepEnergyOnline();
         const quint8 mark = row.sValidMask == kGoodSample ? 0 : kCorrected;
-        Prepared<RowWriter>(RecordsetSlot::Write, app.iNetConfIndex, RowOrigin::Measured)
-            .Append(row, {.set = row.lSet,
-                          .time = StoredDateText(PresentMoment()),
-                          .mark = mark,
-                          .isEstimated = IsEstimating()});
+        Prepared<MeasuredRowStore>(RecordsetSlot::Write, app.iNetConfIndex)
+            .Put({.row = row,
+                  .stamp = {.set = row.lSet,
+                            .time = StoredDateText(PresentMoment()),
+                            .mark = mark,
+                            .isEstimated = IsEstimating()},
+                  .beside = beside});
     });
+}
+
+qint32 KeptRows()
+{
+    const auto* store = dynamic_cast<MeasuredRowStore*>(CurrentRecordset(RecordsetSlot::Write).get());
+    return store == nullptr ? 0 : store->Kept();
+}
+
+bool StoreKeptRows()
+{
+    return KeptRows() == 0 || RowOperation(texts::cannotWriteFile, [] {
+               static_cast<MeasuredRowStore&>(*CurrentRecordset(RecordsetSlot::Write)).StoreKept();
+           });
 }
 
 bool AppendRow(qint32 set)

@@ -18,10 +18,18 @@ void OpenJoinedRecordset();
 /// Makes the simulated sets the current write recordset.
 void OpenSimulatedRecordset();
 
-/// Adds `MeasuredRow` under its set number and the present moment: the row is on disk when this returns true.
-/// The load of a valid machine is estimated, and the energies by integration or the relative registers are formed on
-/// the way. Without a valid machine the columns of the load estimation stay null. Throws ArithmeticFault.
-bool AppendMeasuredRow();
+/// Adds `MeasuredRow` under its set number and the present moment: when this returns true the row is on disk, or kept
+/// because another program uses the file (see `KeptRows`). The load of a valid machine is estimated, and the energies
+/// by integration or the relative registers are formed on the way. Without a valid machine the columns of the load
+/// estimation stay null. `beside` writes what belongs to the row in the same transaction. Throws ArithmeticFault.
+bool AppendMeasuredRow(const std::function<void()>& beside = {});
+
+/// How many measured rows wait for the file.
+qint32 KeptRows();
+
+/// Stores the rows that wait, in order, as far as the file takes them now. False after a failure other than a file in
+/// use.
+bool StoreKeptRows();
 
 /// Adds `CurrentRow` as a set made by hand: marked as corrected, without a time stamp, energies 0.
 bool AppendRow(qint32 set);

@@ -14,18 +14,25 @@ namespace korvanel {
 
 namespace {
 
-/// Rewrites all sets of the project in one transaction; false after a failure of the file, which is told and counted.
-bool RewriteProject(const RewriteSource& source, const std::function<std::unique_ptr<SetTarget>()>& makeTarget,
+/// Rewrites all sets of the project in one transaction. Throws DbError and whatever the transformation throws, with all
+/// sets as they were.
+void RewriteProject(const RewriteSource& source, const std::function<std::unique_ptr<SetTarget>()>& makeTarget,
                     const SetTransform& transform)
 {
+    PassOverSets([&] {
+        DbTransaction transaction(ProjectDb());
+        const std::unique_ptr<SetTarget> target = makeTarget();
+        RewriteSets(ProjectDb(), App().iNetConfIndex, source, *target, transform, AdvanceOverSets);
+        transaction.Commit();
+    });
+    RecordingChanged();
+}
+
+/// False after a failure of the file, which is told and counted.
+bool Told(const std::function<void()>& rewriting)
+{
     try {
-        PassOverSets([&] {
-            DbTransaction transaction(ProjectDb());
-            const std::unique_ptr<SetTarget> target = makeTarget();
-            RewriteSets(ProjectDb(), App().iNetConfIndex, source, *target, transform, AdvanceOverSets);
-            transaction.Commit();
-        });
-        RecordingChanged();
+        rewriting();
         return true;
     } catch (const DbError& error) {
         ++App().iFileErrors;
@@ -50,23 +57,30 @@ bool RecomputeEnergies()
     if (!RefreshSetCount())
         return true;
     ResetEnergies();
-    return RewriteProject(
-        {.quantities = kRead},
-        [] { return std::make_unique<ChosenColumns>(ProjectDb(), App().iNetConfIndex, kWritten); },
-        [](qint64, tValueRow& row) { IntegrateRow(row); });
+    return Told([] {
+        RewriteProject(
+            {.quantities = kRead},
+            [] { return std::make_unique<ChosenColumns>(ProjectDb(), App().iNetConfIndex, kWritten); },
+            [](qint64, tValueRow& row) { IntegrateRow(row); });
+    });
 }
 
 bool RecomputeAllRows()
+{
+    return Told(EstimateAllRows);
+}
+
+void EstimateAllRows()
 {
     static constexpr int kRead[] = {kU, kI, kF, kP, kPhi};
     static constexpr int kNumberAlone[] = {kU}; // nothing is estimated, the sets are only marked
     static constexpr int kWritten[] = {kN, kM, kPmech, kEta, kColumnMethod};
     if (!RefreshSetCount())
-        return true;
+        return;
     const bool isEstimating = IsEstimating();
     const RewriteSource source{.source = SetSource::Sampled,
                                .quantities = isEstimating ? std::span<const int>(kRead) : kNumberAlone};
-    return RewriteProject(
+    RewriteProject(
         source,
         [isEstimating] {
             const std::span<const int> written = isEstimating ? std::span<const int>(kWritten) : std::span<const int>();

@@ -12,4 +12,7 @@ bool RecomputeEnergies();
 /// or none. A failure of the file is told and counted in `iFileErrors`: false then. Throws ArithmeticFault.
 bool RecomputeAllRows();
 
+/// The same for an operation of which it is a part: throws DbError instead of telling it, and ArithmeticFault.
+void EstimateAllRows();
+
 } // namespace korvanel

@@ -96,7 +96,7 @@ std::string ConditionOf(SetRange range, const std::string& key)
 
 [[noreturn]] void Fail(sqlite3* handle)
 {
-    throw DbError(sqlite3_errmsg(handle));
+    ThrowDbError(sqlite3_errcode(handle), sqlite3_errmsg(handle));
 }
 
 std::string_view ColumnText(sqlite3_stmt* statement, int column)

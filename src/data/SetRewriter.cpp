@@ -25,7 +25,7 @@ Statement Prepare(sqlite3* handle, const std::string& sql)
 {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v3(handle, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
-        throw DbError(sqlite3_errmsg(handle));
+        ThrowDbError(sqlite3_errcode(handle), sqlite3_errmsg(handle));
     return Statement(statement);
 }
 
@@ -34,7 +34,7 @@ void Run(const Statement& statement)
     const int result = sqlite3_step(statement.get());
     sqlite3_reset(statement.get());
     if (result != SQLITE_DONE)
-        throw DbError(sqlite3_errmsg(sqlite3_db_handle(statement.get())));
+        ThrowDbError(result, sqlite3_errmsg(sqlite3_db_handle(statement.get())));
 }
 
 [[noreturn]] void ThrowNoSuchSet(qint64 set)

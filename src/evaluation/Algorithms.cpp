@@ -1,6 +1,7 @@
 #include "evaluation/Algorithms.h"
 
 #include "core/Common.h"
+#include "core/NumberText.h"
 #include "core/ProjectDb.h"
 #include "core/clsProgSettings.h"
 #include "data/PassOverSets.h"
@@ -18,6 +19,8 @@ PassConditions ConditionsOfProject()
     const clsProgSettings& options = *app.ProgSettings;
     return {.netConf = app.iNetConfIndex,
             .window = app.dTWindow,
+            .windowText = TimeWindowText(),
+            .recorded = TimeToSeconds(app.sMeasurementTerm).value_or(0),
             .rated = RatedDataOf(WhichMachine::I),
             .energy = {.dt = app.dInterval,
                        .isMachineValid = app.bModelValid,

@@ -89,6 +89,7 @@ EvaluationPass::EvaluationPass(const PassConditions& passConditions, std::unique
       tail(std::move(windowTail))
 {
     results.dWindowSpan = span;
+    results.sWindow = conditions.windowText;
     results.sCurrency = conditions.currency;
 }
 
@@ -98,7 +99,9 @@ void EvaluationPass::Add(const tValueRow& row)
     if (isFirst) {
         RequireInterval(conditions.energy.dt);
         BeginUnstored(results, stored);
+        firstTime = lastTime = row.dt;
     }
+    FindGap(row.dt);
     if (row.bEdit != 0)
         ++results.lCorrectedRows;
     UpdateExtremes(row);
@@ -157,6 +160,32 @@ void EvaluationPass::MoveWindow(const WindowValues& values)
     }
 }
 
+/// A set that is later than its place on the grid of the interval. Times are stored as whole seconds.
+void EvaluationPass::FindGap(double t)
+{
+    constexpr double kLate = 1.5;
+    const double interval = conditions.energy.dt;
+    const double step = t - lastTime;
+    lastTime = t;
+    if (!(step > kLate * interval && step - interval >= 1))
+        return;
+    ++results.lGaps;
+    results.dMissing += std::round(step / interval) - 1;
+}
+
+void EvaluationPass::FinishGaps()
+{
+    if (results.lSets == 0)
+        return;
+    const double interval = conditions.energy.dt;
+    const double ended = firstTime + conditions.recorded; // the recording began with the first set or a little before
+    const double lastSet = lastTime;
+    if (conditions.recorded > 0)
+        FindGap(ended);
+    const double recorded = std::max(conditions.recorded, lastSet - firstTime + interval);
+    results.dCoverage = std::clamp(results.lSets * interval / recorded, 0.0, 1.0);
+}
+
 void EvaluationPass::RequireFiniteSums() const
 {
     RequireFinite(results.dWindowSumSq, results.dWindowSum, results.tEnergy, results.tAsm);
@@ -179,6 +208,7 @@ EvaluationResults EvaluationPass::FinishEvaluation()
 {
     RequireFiniteSums();
     FinishWindow();
+    FinishGaps();
     FinishEnergy(results.tEnergy, conditions.energy);
     if (HasMachine(conditions.netConf))
         FinishUtilisation(results, conditions.rated);

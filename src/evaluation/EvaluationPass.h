@@ -21,7 +21,9 @@ namespace korvanel {
 struct PassConditions
 {
     int netConf = 0;
-    double window = 0; ///< s
+    double window = 0;   ///< s
+    QString windowText;  ///< the same for headings
+    double recorded = 0; ///< duration of the recording by its heading, s; 0 if that doesn't tell any
     RatedData rated;
     EnergyTerms energy; ///< with the interval of the sets
     QString currency;
@@ -48,6 +50,8 @@ private:
     void WindowAccumulate(const WindowValues& values, double loss, bool add);
     void MoveWindow(const WindowValues& values);
     void FinishWindow();
+    void FindGap(double t);
+    void FinishGaps();
 
     PassConditions conditions;
     Rater rater;
@@ -55,6 +59,8 @@ private:
     double span;             ///< W - 1 of the window of W sets
     std::unique_ptr<WindowTail> tail;
     EvaluationResults results;
+    double firstTime = 0; ///< of the first set, s
+    double lastTime = 0;  ///< of the set before
 };
 
 /// The window's length up to which its sets are kept in memory; those of a longer one are read a second time.

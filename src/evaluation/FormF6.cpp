@@ -1,5 +1,6 @@
 #include "evaluation/FormF6.h"
 
+#include "core/Colour.h"
 #include "core/Common.h"
 #include "core/Hooks.h"
 #include "core/Messages.h"
@@ -66,6 +67,12 @@ QBoxLayout* FormF6::BuildHead()
     row->setSpacing(14);
     row->addWidget(AddPanelBox(kResultsPanel, texts::resultsShowTables));
     row->addWidget(AddPanelBox(kSetsPanel, texts::resultsShowSets));
+    outdatedLabel = AddLabel(*row, "lblOutdated");
+    outdatedLabel->setText(texts::resultsOutdated);
+    outdatedLabel->setToolTip(texts::resultsOutdatedTip);
+    QPalette colours = outdatedLabel->palette();
+    colours.setColor(QPalette::WindowText, ColourOf(kRatingColours.back()));
+    outdatedLabel->setPalette(colours);
     row->addStretch(1);
     cyclesLabel = AddLabel(*row, "lblCycles");
     windowLabel = AddLabel(*row, "lblTWindow");
@@ -88,7 +95,7 @@ void FormF6::BuildTabs()
     AddTab(u'A', overview = new OverviewSheet, texts::resultsOverview);
     AddTab(u'B', extremes = new ResultGrid("flxExtrem"), texts::resultsExtremes);
     if (TraitsOf(netConf).hasPower)
-        AddTab(u'C', energies = new ResultGrid("flxEnergy"), texts::resultsEnergy);
+        AddTab(u'C', BuildEnergies(), texts::resultsEnergy);
     if (HasMachine(netConf)) {
         AddTab(u'D', utilisation = new ResultGrid("flxASM"), texts::resultsUtilisation);
         AddTab(u'E', BuildSecondMachine(), texts::resultsSecondMachine);
@@ -107,6 +114,20 @@ void FormF6::AddTab(QChar key, QWidget* content, const QString& title)
     tabs->addTab(tab, title);
     if (App().ResultPage.tab == key)
         tabs->setCurrentWidget(tab);
+}
+
+/// The energies are those of the sets: what is lacking stands right below them.
+QWidget* FormF6::BuildEnergies()
+{
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(energies = new ResultGrid("flxEnergy"), 1);
+    energyGapsLabel = new QLabel;
+    energyGapsLabel->setObjectName(QStringLiteral("lblEnergyGaps"));
+    column->addWidget(energyGapsLabel);
+    return content;
 }
 
 QWidget* FormF6::BuildSecondMachine()
@@ -167,7 +188,7 @@ void FormF6::ShowEvaluationPage()
 {
     if (!App().bEvaluated) {
         const QScopedValueRollback evaluating(isEvaluating, true);
-        RunGuarded(objectName(), EvaluateProject);
+        RunGuarded(windowTitle(), EvaluateProject);
         DropPendingInput(); // a second click on what led here would lead on
     }
     ShowResults(App().ResultPage.firstSet);
@@ -177,10 +198,13 @@ void FormF6::ShowResults(qint32 firstSet)
 {
     overview->Refresh();
     extremes->Show(ExtremTable(App().MachineI));
-    if (energies)
+    if (energies) {
         energies->Show(EnergyTable(App().MachineI));
+        energyGapsLabel->setText(GapsText(App().MachineI.evaluation));
+    }
     if (utilisation)
         utilisation->Show(UtilisationTable(App().MachineI));
+    outdatedLabel->setVisible(App().bEvaluated == 0);
     windowLabel->setText(FillPlaceholders(texts::resultsWindow, {TimeWindowText()}));
     cyclesLabel->setText(FillPlaceholders(texts::resultsCycles, {QString::number(App().ProgSettings->Cycles())}));
     correctedLabel->setText(

@@ -35,6 +35,7 @@ private:
     QCheckBox* AddPanelBox(std::size_t index, const QString& text);
     void BuildTabs();
     void AddTab(QChar key, QWidget* content, const QString& title);
+    QWidget* BuildEnergies();
     QWidget* BuildSecondMachine();
     QBoxLayout* BuildButtons();
     QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& text,
@@ -59,6 +60,8 @@ private:
     ResultGrid* extremes = nullptr;
     ResultGrid* energies = nullptr;    ///< none without power
     ResultGrid* utilisation = nullptr; ///< none without a machine
+    QLabel* energyGapsLabel = nullptr; ///< below the energies
+    QLabel* outdatedLabel = nullptr;
     SetList* list = nullptr;
     bool isEntered = false;
     bool isEvaluating = false;

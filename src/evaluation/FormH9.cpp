@@ -75,7 +75,7 @@ FormH9::FormH9(QWidget* parent) : QDialog(parent)
     wholeButton->setObjectName(QStringLiteral("cmdGetAll"));
     wholeButton->setAutoDefault(false);
     connect(wholeButton, &QPushButton::clicked, this,
-            [this] { RunGuarded(objectName(), [this] { TakeWholeTerm(); }); });
+            [this] { RunGuarded(windowTitle(), [this] { TakeWholeTerm(); }); });
     grid->addWidget(wholeButton, 1, 1, Qt::AlignLeft);
     grid->addWidget(AddOption(kThermal, texts::windowThermal), 2, 0);
     grid->addLayout(BuildThermal(), 2, 1);

@@ -8,6 +8,7 @@
 #include "core/window/PlainToolTip.h"
 #include "evaluation/Rating.h"
 #include "evaluation/SuitabilityBar.h"
+#include "evaluation/WinManaging2.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -62,6 +63,7 @@ OverviewSheet::OverviewSheet()
     auto* right = AddForm(*row);
     interval = AddValue(*right, "lblInterval", texts::resultsInterval);
     sets = AddValue(*right, "lblSets", texts::resultsSets);
+    gaps = AddValue(*right, "lblGaps", texts::resultsRecording);
     if (HasMachine(App().iNetConfIndex))
         AddMachine(*right);
 }
@@ -102,6 +104,7 @@ void OverviewSheet::Refresh()
     term->setText(Known(app.sMeasurementTerm));
     interval->setText(FillPlaceholders(texts::resultsIntervalValue, {NumberText(app.dInterval)}));
     sets->setText(QString::number(app.iSetCount));
+    gaps->setText(GapsText(app.MachineI.evaluation));
     if (machine)
         ShowMachine();
 }

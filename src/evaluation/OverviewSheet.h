@@ -34,6 +34,7 @@ private:
     QLabel* term;
     QLabel* interval;
     QLabel* sets;
+    QLabel* gaps;
     QLabel* machine = nullptr;
     std::array<QLabel*, 3> classes{}; ///< of the ratings from 1 on
     SuitabilityBar* suitability = nullptr;

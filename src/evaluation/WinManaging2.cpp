@@ -324,4 +324,10 @@ ResultTable UtilisationTable(const MachineInUse& machine)
     return table;
 }
 
+QString GapsText(const EvaluationResults& results)
+{
+    return FillPlaceholders(texts::resultsGaps, {QString::number(results.lGaps),
+                                                 RoundValue(kPercentFactor * results.dCoverage, kPercentFactor)});
+}
+
 } // namespace korvanel

@@ -42,4 +42,7 @@ ResultTable EnergyTable(const MachineInUse& machine);
 /// `flxASM`: utilisation of the machine. Rows in net configurations with a machine only.
 ResultTable UtilisationTable(const MachineInUse& machine);
 
+/// How much of the recording's time has sets: number of gaps, and the share that is covered.
+QString GapsText(const EvaluationResults& results);
+
 } // namespace korvanel

@@ -34,11 +34,16 @@ bool DevCommand(quint8 command)
     if (app.sDevError.isEmpty())
         return true;
     if (app.bShowDevErrors) {
-        const QString text = QStringLiteral("COM%1: ").arg(app.lComPort) + app.sDevError;
+        const QString text = DevErrorText();
         app.sDevError.clear();
         ShowError(text);
     }
     return false;
+}
+
+QString DevErrorText()
+{
+    return QStringLiteral("COM%1: ").arg(App().lComPort) + App().sDevError;
 }
 
 bool DevConnect()

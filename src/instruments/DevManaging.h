@@ -17,6 +17,9 @@ enum class TransferDirection
 /// of the port if `bShowDevErrors` holds; the result is false in either case.
 bool DevCommand(quint8 command);
 
+/// The error that `DevCommand` has left, with the number of the port, as it is shown.
+QString DevErrorText();
+
 /// Settings, opening, identification and configuration, stopping at the first error; then the transformers and the
 /// identity of an instrument that has them. The port is closed at the end.
 bool DevConnect();

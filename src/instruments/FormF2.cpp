@@ -2,6 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NumberText.h"
+#include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/texts/FormF2Texts.h"
 #include "instruments/NetConfigurationChange.h"
@@ -16,6 +17,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace korvanel {
@@ -63,6 +65,7 @@ FormF2::FormF2(PageFrame& host, const PageEntry& entry)
         if (isChecked && !isChoosing)
             Guarded([this, netConf] { Choose(netConf); });
     });
+    connect(tabs, &QTabWidget::currentChanged, this, [this] { ShowLists(); });
 }
 
 /// A tab without a usable option is left out.
@@ -143,10 +146,33 @@ void FormF2::Choose(int netConf)
     Refresh();
 }
 
+bool FormF2::MayGoForward()
+{
+    if (NetConfInView() == App().iNetConfIndex)
+        return true;
+    const NetConfiguration& chosen = NetConfigurationOf(App().iNetConfIndex);
+    const auto tab = std::find_if(kTabs.begin(), kTabs.end(), [&](const TabEntry& t) { return t.tab == chosen.tab; });
+    const QString question = FillPlaceholders(texts::goOnWithOtherTab, {TextOf(tab->title), TextOf(chosen.heading)});
+    return App().TheShell->ShowBox({App().sProgramTitle.trimmed(), question, BoxIcon::Question, BoxButtons::YesNo,
+                                    Answer::No}) == Answer::Yes;
+}
+
+int FormF2::NetConfInView() const
+{
+    const QWidget* inView = tabs->currentWidget();
+    if (inView->isAncestorOf(options->button(App().iNetConfIndex)))
+        return App().iNetConfIndex;
+    for (int netConf = 0; netConf < kNetConfCount; ++netConf)
+        if (inView->isAncestorOf(options->button(netConf)) && options->button(netConf)->isEnabled())
+            return netConf;
+    return App().iNetConfIndex;
+}
+
 void FormF2::ShowLists()
 {
-    lists[0]->setPlainText(MeasuredList(App().iNetConfIndex));
-    lists[1]->setPlainText(CalculatedList(App().iNetConfIndex));
+    const int netConf = NetConfInView();
+    lists[0]->setPlainText(MeasuredList(netConf));
+    lists[1]->setPlainText(CalculatedList(netConf));
 }
 
 } // namespace korvanel

@@ -24,6 +24,9 @@ private:
     QWidget* BuildOption(int netConf);
     QWidget* BuildList(int index, const char* captionName, const QString& caption);
     void Choose(int netConf);
+    bool MayGoForward() override;
+    /// The option of the tab in view: the one in force if it stands there, else its first that can be used.
+    int NetConfInView() const;
     void ShowLists();
 
     QTabWidget* tabs;

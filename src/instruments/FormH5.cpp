@@ -155,7 +155,7 @@ QPushButton* FormH5::AddSearchButton(int index, const QString& caption)
     button->setObjectName(QStringLiteral("cmdSearch_%1").arg(index));
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this,
-            [this, index] { RunGuarded(objectName(), [this, index] { Search(index); }); });
+            [this, index] { RunGuarded(windowTitle(), [this, index] { Search(index); }); });
     return searchButtons.at(static_cast<std::size_t>(index)) = button;
 }
 

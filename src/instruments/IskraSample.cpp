@@ -45,7 +45,7 @@ double& Of(Row& row)
         return (row.*Member)[Position];
 }
 
-constexpr Query kSinglePhase[] = {
+constexpr Query kSinglePhaseQueries[] = {
     {16, Kind::Voltage, Of<&Row::dU>, Scale::Voltage},
     {13, Kind::Current, Of<&Row::dI>, Scale::Current},
     {28, Kind::Frequency, Of<&Row::df>},
@@ -55,14 +55,14 @@ constexpr Query kSinglePhase[] = {
 // The overall current of these instruments is the total of the phases; what is stored is their mean.
 constexpr double kPhases = 3;
 
-constexpr Query kThreePhase[] = {
+constexpr Query kThreePhaseQueries[] = {
     {40, Kind::Voltage, Of<&Row::dU>, Scale::Voltage},
     {12, Kind::Current, Of<&Row::dI>, Scale::Current, kPhases},
     {28, Kind::Frequency, Of<&Row::df>},
     {32, Kind::PhaseAngle, Of<&Row::dPhi>},
 };
 
-constexpr Query kEnergies[] = {
+constexpr Query kEnergyQueries[] = {
     {0, Kind::ActiveEnergy, Of<&Row::dWpPlusAbs>, Scale::Power},
     {2, Kind::ActiveEnergy, Of<&Row::dWpMinusAbs>, Scale::Power},
     {1, Kind::ReactiveEnergy, Of<&Row::dWqPlusAbs>, Scale::Power},
@@ -95,7 +95,7 @@ constexpr Query kVoltagesBetweenPhases[] = {
     {43, Kind::Voltage, Of<&Row::dU, kPhase3>, Scale::Voltage},
 };
 
-constexpr Query kFrequency[] = {{28, Kind::Frequency, Of<&Row::df>}};
+constexpr Query kFrequencyQueries[] = {{28, Kind::Frequency, Of<&Row::df>}};
 
 constexpr Query kPhaseValues[] = {
     {12, Kind::Current, Of<&Row::dI>, Scale::Current, kPhases},
@@ -144,12 +144,12 @@ struct Plan
 const Plan& PlanOf(IskraPlan plan)
 {
     static constexpr std::array<Plan, 6> kPlans{{
-        {{kSinglePhase}, Rest::Powers},
-        {{kThreePhase}, Rest::Powers, true},
-        {{kSinglePhaseRecorder, kEnergies}, Rest::EnergySums},
-        {{kVoltagesToNeutral, kPhaseValues, kEnergies}, Rest::EnergySums},
-        {{kVoltagesBetweenPhases, kPhaseValues, kEnergies}, Rest::EnergySums},
-        {{kVoltagesBetweenPhases, kFrequency}},
+        {{kSinglePhaseQueries}, Rest::Powers},
+        {{kThreePhaseQueries}, Rest::Powers, true},
+        {{kSinglePhaseRecorder, kEnergyQueries}, Rest::EnergySums},
+        {{kVoltagesToNeutral, kPhaseValues, kEnergyQueries}, Rest::EnergySums},
+        {{kVoltagesBetweenPhases, kPhaseValues, kEnergyQueries}, Rest::EnergySums},
+        {{kVoltagesBetweenPhases, kFrequencyQueries}},
     }};
     return kPlans.at(static_cast<std::size_t>(plan));
 }

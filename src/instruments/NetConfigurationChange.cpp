@@ -8,6 +8,7 @@
 #include "core/texts/FormF2Texts.h"
 #include "data/ValueTables.h"
 #include "project/ProjectStore.h"
+#include "project/RecordingHeading.h"
 
 namespace korvanel {
 
@@ -35,9 +36,32 @@ void RebuildTables()
     DbTransaction transaction(ProjectDb());
     DropValueTables();
     CreateValueTables();
+    if (!HasMachine(App().iNetConfIndex))
+        DeleteProjectMachines();
     TransferProjectData(Direction::Write);
     transaction.Commit();
 }
+
+/// What a change of the net configuration replaces in the block.
+struct Former
+{
+    qint16 iNetConfIndex = App().iNetConfIndex;
+    bool bASMSim = App().bASMSim;
+    QDateTime dtProjectSaved = App().dtProjectSaved;
+    QDateTime dtMeasurementBegin = App().dtMeasurementBegin;
+    QDateTime dtMeasurementEnd = App().dtMeasurementEnd;
+    QString sMeasurementTerm = App().sMeasurementTerm;
+
+    void Restore() const
+    {
+        App().iNetConfIndex = iNetConfIndex;
+        App().bASMSim = bASMSim;
+        App().dtProjectSaved = dtProjectSaved;
+        App().dtMeasurementBegin = dtMeasurementBegin;
+        App().dtMeasurementEnd = dtMeasurementEnd;
+        App().sMeasurementTerm = sMeasurementTerm;
+    }
+};
 
 } // namespace
 
@@ -49,22 +73,23 @@ bool ChangeNetConfiguration(int netConf)
     if (!MayLoseSamples())
         return false;
 
-    const qint16 formerNetConf = app.iNetConfIndex;
-    const bool wasSimulated = app.bASMSim;
-    const QDateTime formerlySaved = app.dtProjectSaved;
+    const Former former;
     app.iNetConfIndex = static_cast<qint16>(netConf);
     app.bASMSim = false; // the simulated sets go with the tables
     app.dtProjectSaved = PresentMoment();
+    ClearRecordingHeading();
     try {
         RebuildTables();
     } catch (const DbError& error) {
-        app.iNetConfIndex = formerNetConf;
-        app.bASMSim = wasSimulated;
-        app.dtProjectSaved = formerlySaved;
+        former.Restore();
         ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;
     }
-    app.bModelValid = app.bModelValid && HasMachine(netConf);
+    if (!HasMachine(netConf)) {
+        app.MachineI = {};
+        app.MachineII = {};
+        app.bModelValid = false;
+    }
     app.iSetCount = 0;
     app.iCurrentSet = 1;
     RecordingChanged();

@@ -11,7 +11,6 @@
 #include "core/window/DialogTable.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
-#include "data/Recomputation.h"
 #include "instruments/DevManaging.h"
 #include "motors/BrowseBar.h"
 #include "motors/FormH11.h"
@@ -23,7 +22,6 @@
 #include "motors/NoLoadPanel.h"
 #include "motors/NumberBox.h"
 #include "motors/RatingTab.h"
-#include "project/ProjectStore.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -150,7 +148,7 @@ void FormF10::Refresh()
         return;
     const bool wasLoaded = std::exchange(isLoaded, true);
     isEdited = false; // of a row that the other database doesn't have
-    RunGuarded(objectName(), [this, wasLoaded] {
+    RunGuarded(windowTitle(), [this, wasLoaded] {
         Change([this, wasLoaded] {
             if (wasLoaded)
                 browser.Reload();
@@ -334,7 +332,7 @@ void FormF10::PressNoLoad()
 
 void FormF10::Tick()
 {
-    RunGuarded(objectName(), [this] {
+    RunGuarded(windowTitle(), [this] {
         try {
             measurement.Tick();
         } catch (...) {
@@ -369,6 +367,21 @@ void FormF10::RestoreNoLoad()
 
 // The end.
 
+/// An edit that is under way stays while the page stays.
+bool FormF10::TakeInput(InputUse use)
+{
+    ratingTab->Panel().Commit();
+    if (!isEdited || use == InputUse::Saving)
+        return true;
+    const Answer answer = App().TheShell->ShowBox(
+        {windowTitle(), texts::machineNotSaved, BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes});
+    if (answer == Answer::Yes)
+        PressApply();
+    else if (answer == Answer::No)
+        PressCancel();
+    return !isEdited;
+}
+
 void FormF10::Leave()
 {
     measurement.Stop();
@@ -376,18 +389,8 @@ void FormF10::Leave()
         return;
     Frame().ShowDatabase({});
     if (isEdited)
-        RunGuarded(objectName(), [this] { browser.CancelEdit(); });
-    RunGuarded(objectName(), [this] { PassOn(); });
-}
-
-void FormF10::PassOn()
-{
-    const qint16 method = App().iCalcMethod;
-    const bool isReplaced = browser.PassOn();
-    if (App().iCalcMethod != method && App().bProjectOpen)
-        SaveIfDirty(); // the page is left after the project was saved
-    if (isReplaced)
-        RecomputeAllRows();
+        RunGuarded(windowTitle(), [this] { browser.CancelEdit(); });
+    RunGuarded(windowTitle(), [this] { browser.PassOn(); });
 }
 
 } // namespace korvanel

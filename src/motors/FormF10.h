@@ -30,6 +30,7 @@ public:
     FormF10(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
     void Leave() override;
+    bool TakeInput(InputUse use) override;
 
 private:
     // NoLoadDisplay
@@ -67,7 +68,6 @@ private:
     void Diagnose();
     void PressNoLoad();
     void Tick();
-    void PassOn();
 
     MachineBrowser browser;
     NoLoadMeasurement measurement;

@@ -7,6 +7,7 @@
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormF10Texts.h"
 #include "machine/Algorithms_ASM_Start.h"
+#include "project/ProjectStore.h"
 
 #include <algorithm>
 
@@ -192,13 +193,18 @@ void MachineBrowser::DeleteCurrent()
     MoveTo(0);
 }
 
-bool MachineBrowser::PassOn()
+void MachineBrowser::PassOn()
 {
     const ApplicationBlock& app = App();
     if (app.sProjectPath.isEmpty() || !HasMachine(app.iNetConfIndex))
-        return false;
-    AdjustCalcMethod();
-    return HasMachineData(app.MachineI.record) && CopyMachineIntoProject(app.MachineI.record, WhichMachine::I);
+        return;
+    const qint16 formerMethod = app.iCalcMethod;
+    if (HasMachineData(app.MachineI.record))
+        PassMachineOn();
+    else
+        AdjustCalcMethod();
+    if (app.iCalcMethod != formerMethod && app.bProjectOpen)
+        SaveIfDirty(); // the page is left after the project was saved
 }
 
 } // namespace korvanel

@@ -40,9 +40,8 @@ public:
     void CancelEdit();
     /// Deletes the current machine, if there is another one and the user agrees.
     void DeleteCurrent();
-    /// Puts the machine into the project and takes the other method of estimation if its own can't be used any more.
-    /// True if the project had another machine, so that its sets are to be estimated anew.
-    bool PassOn();
+    /// Makes the current machine that of the project, with all its sets; see `PassMachineOn`.
+    void PassOn();
 
 private:
     bool Query();

@@ -19,7 +19,7 @@ struct Shown
     double divisor = 1;
 };
 constexpr Shown kTorque{&texts::modelTorqueUnit};
-constexpr Shown kPower{&texts::modelPowerUnit, 1, 1000};
+constexpr Shown kKilowatts{&texts::modelPowerUnit, 1, 1000};
 constexpr Shown kSpeed{&texts::modelSpeedUnit};
 constexpr Shown kAngle{&texts::modelAngleUnit};
 constexpr Shown kPercent{&texts::modelPercentUnit, 100};
@@ -42,28 +42,28 @@ constexpr unsigned Bit(MachineKnowledge piece)
 }
 constexpr unsigned kRating = Bit(kRatingKnown);
 constexpr unsigned kStall = Bit(kStallRatioKnown);
-constexpr unsigned kThermal = Bit(kInsulationClassKnown) | Bit(kMassKnown);
+constexpr unsigned kThermalData = Bit(kInsulationClassKnown) | Bit(kMassKnown);
 constexpr unsigned kNoLoad = Bit(kNoLoadKnown);
 constexpr unsigned kConnection = Bit(kConnectionKnown);
 
 constexpr ListingLine kLines[] = {
     {0, &texts::modelFrictionTorque, &Model::Mreib_rech, kTorque},
-    {kRating, &texts::modelRatedPower, &Model::Pelec_n, kPower},
+    {kRating, &texts::modelRatedPower, &Model::Pelec_n, kKilowatts},
     {kRating, &texts::modelRatedSynchronousSpeed, &Model::n_syn_n, kSpeed},
     {kRating, &texts::modelRatedAngle, &Model::phi_n, kAngle},
     {kRating, &texts::modelRatedSlip, &Model::Nennschlupf, kPercent},
     {kRating},
-    {kRating, &texts::modelNoLoadRegress, &Model::Po_regress, kPower},
-    {kRating, &texts::modelNoLoadPolynom, &Model::Po_polynom, kPower},
-    {kRating, &texts::modelNoLoadRzm, &Model::Po_RZM, kPower},
-    {kRating, &texts::modelNoLoadPower, &Model::Po_rech, kPower},
+    {kRating, &texts::modelNoLoadRegress, &Model::Po_regress, kKilowatts},
+    {kRating, &texts::modelNoLoadPolynom, &Model::Po_polynom, kKilowatts},
+    {kRating, &texts::modelNoLoadRzm, &Model::Po_RZM, kKilowatts},
+    {kRating, &texts::modelNoLoadPower, &Model::Po_rech, kKilowatts},
     {kRating},
     {kRating, &texts::modelRatedRzmD, &Model::M_RZM_D_n, kTorque},
     {kRating, &texts::modelRatedRzmY, &Model::M_RZM_Y_n, kTorque},
     {kRating, &texts::modelRatedFrictionD, &Model::Mreib_D_n, kTorque},
     {kRating, &texts::modelRatedFrictionY, &Model::Mreib_Y_n, kTorque},
-    {kRating, &texts::modelRatedPowerD, &Model::Po_D_n, kPower},
-    {kRating, &texts::modelRatedPowerY, &Model::Po_Y_n, kPower},
+    {kRating, &texts::modelRatedPowerD, &Model::Po_D_n, kKilowatts},
+    {kRating, &texts::modelRatedPowerY, &Model::Po_Y_n, kKilowatts},
     {kRating},
     {kRating, &texts::modelLoadLoss, &Model::k_maschine, kPlain},
     {kRating, &texts::modelRotorConstant, &Model::R2, kPlain},
@@ -72,8 +72,8 @@ constexpr ListingLine kLines[] = {
     {kStall},
     {kStall, &texts::modelStallSlip, &Model::Kippschlupf, kPercent},
     {kStall, &texts::modelStallTorque, &Model::Kippmoment, kTorque},
-    {kThermal},
-    {kThermal, &texts::modelThermalTime, &Model::Tth_ICL, kMinutes},
+    {kThermalData},
+    {kThermalData, &texts::modelThermalTime, &Model::Tth_ICL, kMinutes},
     {kNoLoad},
     {kNoLoad, &texts::modelNoLoadFactor, &Model::cosphi_o, kPlain},
     {kNoLoad, &texts::modelNoLoadAngle, &Model::phi_o, kAngle},
@@ -81,8 +81,8 @@ constexpr ListingLine kLines[] = {
     {kNoLoad},
     {kNoLoad, &texts::modelNoLoadRzmD, &Model::M_RZM_D_o, kTorque},
     {kNoLoad, &texts::modelNoLoadRzmY, &Model::M_RZM_Y_o, kTorque},
-    {kNoLoad, &texts::modelNoLoadPowerD, &Model::Po_D_o, kPower},
-    {kNoLoad, &texts::modelNoLoadPowerY, &Model::Po_Y_o, kPower},
+    {kNoLoad, &texts::modelNoLoadPowerD, &Model::Po_D_o, kKilowatts},
+    {kNoLoad, &texts::modelNoLoadPowerY, &Model::Po_Y_o, kKilowatts},
     {kConnection},
     {kConnection, &texts::modelRzmFactor, &Model::k_RZM, kPlain},
 };

@@ -7,7 +7,9 @@
 #include "core/Shell.h"
 #include "core/clsProgSettings.h"
 #include "core/texts/DefaultTexts.h"
+#include "core/texts/FormF10Texts.h"
 #include "core/window/DialogTable.h"
+#include "data/Recomputation.h"
 #include "machine/Algorithms_ASM_Start.h"
 #include "motors/MotorColumns.h"
 
@@ -118,6 +120,39 @@ bool ReplaceProjectRow(MachineRecord& row, qint32 id)
     return isReplaced;
 }
 
+/// The project's machine becomes the one in use again.
+void TakeMachineBack()
+{
+    MachineRecord first;
+    MachineRecord second;
+    ReadProjectMachines(first, second);
+    App().MachineI.record = first;
+    App().MachineI.record.set_ID.reset();
+    App().bModelValid = false;
+    if (first.set_ID)
+        BuildMachineModel();
+}
+
+/// Returns false after a failure of the file, with the reason.
+bool ReplaceMachineAndRows(QString& reason)
+{
+    try {
+        const ProjectDbScope scope;
+        DbTransaction transaction(ProjectDb());
+        MachineRecord row = App().MachineI.record; // which keeps its number in the motor database
+        row.set_ID = static_cast<qint32>(WhichMachine::I);
+        if (ReplaceProjectRow(row, *row.set_ID)) {
+            RecordingChanged();
+            EstimateAllRows();
+        }
+        transaction.Commit();
+        return true;
+    } catch (const DbError& error) {
+        reason = QString::fromUtf8(error.what());
+        return false;
+    }
+}
+
 } // namespace
 
 std::unique_ptr<TableDb> OpenMotorDb()
@@ -190,6 +225,27 @@ bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which)
     return isReplaced;
 }
 
+bool PassMachineOn()
+{
+    const qint16 formerMethod = App().iCalcMethod;
+    AdjustCalcMethod();
+    QString reason;
+    try {
+        if (ReplaceMachineAndRows(reason)) {
+            App().bMotorDbCheck = true;
+            return true;
+        }
+    } catch (...) {
+        App().iCalcMethod = formerMethod;
+        TakeMachineBack();
+        throw;
+    }
+    App().iCalcMethod = formerMethod;
+    ShowError(FillPlaceholders(texts::machineTakenBack, {reason}));
+    RunGuarded(App().sProjectPath, TakeMachineBack);
+    return false;
+}
+
 void CopyMachinesIntoProject()
 {
     if (!HasMachine(App().iNetConfIndex))
@@ -216,7 +272,7 @@ void LoadProjectMachines()
         App().bMotorDbCheck = true;
         isDbUsable = CompareWithDb(App().MachineI.record, WhichMachine::I);
         // Building comes last and decides: a machine that was not added to the database is still that of the project.
-        RunGuarded(QStringLiteral("BuildMachineModel"), BuildMachineModel);
+        RunGuarded(texts::machineModel, BuildMachineModel);
     } else {
         App().bModelValid = false;
     }

@@ -49,6 +49,12 @@ void CheckMachineInDb(MachineRecord& record, WhichMachine which);
 /// replaced. A failure is told, with the project as it was.
 bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which);
 
+/// Makes Motor/Generator I the machine of the project and, if it takes the place of another one, recomputes all sets
+/// with it: both in one transaction. `iCalcMethod` changes to the other method before if its own can't be used any
+/// more. A failure is told (ArithmeticFault is thrown), and project and block have the former machine and method then.
+/// True if the machine in use is the project's.
+bool PassMachineOn();
+
 /// Puts the machines in use into a project that was saved under another name.
 void CopyMachinesIntoProject();
 

@@ -1,6 +1,7 @@
 #include "motors/NumberBox.h"
 
 #include "core/Messages.h"
+#include "core/window/ActionName.h"
 #include "motors/MachineEntry.h"
 
 #include <QApplication>
@@ -48,7 +49,7 @@ bool NumberBox::Check()
         return true;
     const QScopedValueRollback guard(isChecking, true);
     bool isAccepted = false;
-    RunGuarded(objectName(), [&] {
+    RunGuarded(ActionName(this), [&] {
         const EnteredNumber entered = EnterMachineNumber(field, text(), isGenerator());
         isAccepted = entered.isAccepted;
         if (isAccepted)

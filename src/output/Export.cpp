@@ -222,7 +222,7 @@ void ExportEvaluation(const QString& path)
 
 void ExportFromPage()
 {
-    RunGuarded(QStringLiteral("ExportEvaluation"), [] {
+    RunGuarded(texts::exportName, [] {
         App().TheShell->SetBusyMenus(false);
         const auto atEnd = qScopeGuard([] { App().TheShell->SetBusyMenus(true); });
         const std::optional<QString> chosen = App().TheShell->AskSavePath(ExportQuestion());

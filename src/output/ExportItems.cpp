@@ -6,7 +6,6 @@
 #include "core/Units.h"
 #include "core/texts/FormF10Texts.h"
 #include "core/texts/PrintExportTexts.h"
-#include "evaluation/TimeWindow.h"
 #include "instruments/Catalogue.h"
 #include "output/ExportText.h"
 
@@ -96,7 +95,12 @@ constexpr ExportItem kProjectItems[] = {
     {&texts::exportInterval, OfBlock<&A::dInterval>},
     {&texts::exportSets, OfBlock<&A::iSetCount>},
     {&texts::exportCorrectedSets, [] { return NumberText(App().MachineI.evaluation.lCorrectedRows); }},
-    {&texts::exportWindow, TimeWindowText},
+    {&texts::exportWindow, [] { return App().MachineI.evaluation.sWindow; }},
+    {&texts::exportGaps, [] { return NumberText(App().MachineI.evaluation.lGaps); }},
+    {&texts::exportMissing, [] { return NumberText(App().MachineI.evaluation.dMissing); }},
+    {&texts::exportCoverage, [] { return RoundValue(100 * App().MachineI.evaluation.dCoverage, 100); },
+     &texts::exportUnitPercent},
+    {&texts::exportState, [] { return App().bEvaluated != 0 ? texts::exportUpToDate : texts::exportOutdated; }},
 };
 
 constexpr MachineItem kMachineItems[] = {

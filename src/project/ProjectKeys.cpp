@@ -40,8 +40,13 @@ public:
     }
     void AddMeasurementHeader(std::string name, ProjectField field)
     {
-        Add(std::move(name), field);
+        AddOfRecording(std::move(name), field);
         keys.back().isMeasurementHeader = true;
+    }
+    void AddOfRecording(std::string name, ProjectField field)
+    {
+        Add(std::move(name), field);
+        keys.back().isOfRecording = true;
     }
     /// One array of numbered keys: "Name 0", "Name 1" and so on.
     template <typename Array>
@@ -83,8 +88,8 @@ std::vector<ProjectKey> OverviewKeys(ApplicationBlock& app)
     list.AddMeasurementHeader("Measurement End", &app.dtMeasurementEnd);
     list.AddMeasurementHeader("Measurement Term", &app.sMeasurementTerm);
     list.AddMeasurementHeader("Measurement Device ID", &app.sDeviceId);
-    list.Add("Measurement Device", &app.sDevice);
-    list.Add("Measurement Interval", &app.dInterval);
+    list.AddOfRecording("Measurement Device", &app.sDevice);
+    list.AddOfRecording("Measurement Interval", &app.dInterval);
     return list.Take();
 }
 

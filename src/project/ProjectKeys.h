@@ -30,6 +30,7 @@ struct ProjectKey
     double minimum;
     double maximum;
     bool isMeasurementHeader = false; ///< one of the four keys that a run writes alone
+    bool isOfRecording = false;       ///< those four, the instrument and the interval: what is said of the sets
 };
 
 const char* TableName(ProjectTable table);

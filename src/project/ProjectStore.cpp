@@ -12,6 +12,7 @@
 #include "data/ValueTables.h"
 #include "project/KeyValueTable.h"
 #include "project/ProjectSchema.h"
+#include "project/RecordingHeading.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,33 +25,6 @@ namespace {
 
 constexpr std::initializer_list<const char*> kTables{"Overview",       "Settings",        "SampledValues",
                                                      "ComputedValues", "SimulatedValues", "Motor"};
-
-void MoveValue(KeyValueTable& table, Direction direction, const ProjectKey& key)
-{
-    if (direction == Direction::Read)
-        table.Read(key);
-    else
-        table.Write(key);
-}
-
-template <typename Selected>
-void TransferKeys(Direction direction, Selected&& isSelected)
-{
-    KeyValueTable overview(ProjectDb(), ProjectTable::Overview);
-    KeyValueTable settings(ProjectDb(), ProjectTable::Settings);
-    const auto move = [&] {
-        for (const ProjectKey& key : ProjectKeys())
-            if (isSelected(key))
-                MoveValue(key.table == ProjectTable::Overview ? overview : settings, direction, key);
-    };
-    if (direction == Direction::Read) {
-        move();
-        return;
-    }
-    DbTransaction transaction(ProjectDb());
-    move();
-    transaction.Commit();
-}
 
 void CreateTables()
 {
@@ -78,20 +52,11 @@ void CreateProjectFile(const QString& path)
     }
 }
 
-void TransferValue(Direction direction, const ProjectKey& key)
+void DeleteProjectMachines()
 {
-    KeyValueTable table(ProjectDb(), key.table);
-    MoveValue(table, direction, key);
-}
-
-void TransferProjectData(Direction direction)
-{
-    TransferKeys(direction, [](const ProjectKey&) { return true; });
-}
-
-void TransferMeasurementHeader(Direction direction)
-{
-    TransferKeys(direction, [](const ProjectKey& key) { return key.isMeasurementHeader; });
+    const QString table = QStringLiteral("Motor");
+    if (TableExists(table))
+        ProjectDb().Execute(QStringLiteral("DELETE FROM %1;").arg(BracketedName(table)));
 }
 
 namespace {
@@ -119,6 +84,7 @@ OpenedFile ReadProject()
         UpdateMeasurementTerm();
     else
         RefreshSetCount();
+    MendRecordingHeading();
     ProjectDb().UseRollbackJournal();
     return {.isReadOnly = ProjectDb().IsReadOnly(), .isNewer = age == SchemaAge::Newer};
 }

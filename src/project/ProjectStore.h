@@ -3,31 +3,18 @@
 #pragma once
 
 #include "core/TableDb.h"
-#include "project/ProjectKeys.h"
+#include "project/ProjectTransfer.h"
 
 #include <QString>
 
 namespace korvanel {
 
-enum class Direction
-{
-    Read,
-    Write
-};
-
 /// Creates the file with its value tables for the current net configuration and the two key-value tables. A failure
 /// shows the engine's words; nothing of the file is left behind then.
 void CreateProjectFile(const QString& path);
 
-/// Moves one key between its row and its field. Reading a missing key leaves the field; a value of another type or
-/// outside the key's limits throws DbError.
-void TransferValue(Direction direction, const ProjectKey& key);
-
-/// Moves all keys of both tables, in their order. Writing is one transaction.
-void TransferProjectData(Direction direction);
-
-/// Moves the four keys that a run changes: begin, end, term and identity of the instrument.
-void TransferMeasurementHeader(Direction direction);
+/// Takes the machines out of the open project. Throws DbError.
+void DeleteProjectMachines();
 
 /// Reads a project into the block. A file that is none is told and sets `bFileError`.
 void OpenProject(const QString& path);

@@ -89,7 +89,7 @@ TEST_F(FormF3Test, Diagnosis_WhatNobodyExpectedIsReportedAndLeavesNothingDisable
     ShowPage(0);
     port.answer = [](const QByteArray&) -> QByteArray { throw std::runtime_error("broken"); };
     Press("cmdDiag");
-    EXPECT_EQ(shell.BoxTexts(), QStringList{"FormF3\nbroken"});
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Messgerät - Konfiguration\nbroken"});
     ExpectNothingStaysDisabled();
 }
 

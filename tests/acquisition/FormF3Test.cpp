@@ -143,17 +143,14 @@ TEST_F(FormF3Test, ForwardIsHeldByATypedIntervalOutOfRange)
     EXPECT_EQ(App().dInterval, 12);
 }
 
-TEST_F(FormF3Test, ForwardIsHeldByAStoredIntervalAboveSixty)
+TEST_F(FormF3Test, ForwardIsNotHeldByAStoredIntervalOfAnotherInstrument)
 {
-    ShowPage(0, kIskra, 3600);
-    EXPECT_EQ(BoxText("cboInterval"), "3600");
-    Find<QTabWidget>("tabPage").setCurrentIndex(1);
+    ShowPage(0, kIskra, 900);
+    EXPECT_EQ(BoxText("cboInterval"), "900");
     Press("cmdForw");
-    EXPECT_EQ(PageName(), "FormF3");
-    EXPECT_EQ(shell.BoxTexts(), QStringList{"Der eingegebene Wert muss sich\nzwischen 1 und 60  befinden."});
-    EXPECT_EQ(Find<QTabWidget>("tabPage").currentIndex(), 0) << "where the box is";
-    Press("cmdBack");
-    EXPECT_EQ(PageName(), "FormF2") << "the way back is open";
+    EXPECT_EQ(PageName(), "FormF4");
+    EXPECT_TRUE(shell.boxes.empty());
+    EXPECT_EQ(App().dInterval, 900);
 }
 
 TEST_F(FormF3Test, ForwardOfANanovipTestsFromOneAndAHalf)

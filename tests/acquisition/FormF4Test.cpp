@@ -168,7 +168,9 @@ TEST_F(FormF4Test, Table_MarksCorrectedSets)
 {
     ShowPage();
     Record(3);
+    window.UnloadPage(); // nobody writes a file that is being recorded
     Execute("UPDATE SampledValues SET Edit=255 WHERE [Set]=2");
+    window.UnloadAndOpen(4);
     window.RefreshPage();
     auto& table = Find<QTableWidget>("flxvalues");
     EXPECT_EQ(table.verticalHeaderItem(0)->text(), "1");
@@ -304,14 +306,38 @@ TEST_F(FormF4Test, LeavingThePage_EndsTheRunAndKeepsItsRows)
     EXPECT_TRUE(IsEnabled("cmdDrop"));
 }
 
-TEST_F(FormF4Test, ClosingTheWindowInMidRun_EndsTheRunFirst)
+TEST_F(FormF4Test, ClosingTheWindowInMidRun_AsksAndTheRecordingGoesOnAfterNo)
 {
     ShowPage();
     Record(3);
     shell.answers = {Answer::No};
+    EXPECT_FALSE(window.close());
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(shell.boxes[0].text, "Messung läuft ...\nSoll sie beendet und das Programm geschlossen werden?");
+    EXPECT_EQ(shell.boxes[0].preset, Answer::No);
+    EXPECT_TRUE(port.isOpen);
+    EXPECT_EQ(PageName(), "FormF4");
+    Poll();
+    EXPECT_EQ(Query("SELECT count(*) FROM SampledValues"), "4");
+}
+
+TEST_F(FormF4Test, ClosingTheWindowInMidRun_EndsTheRunFirstAfterYes)
+{
+    ShowPage();
+    Record(3);
+    shell.answers = {Answer::Yes, Answer::No};
     window.close();
     EXPECT_FALSE(port.isOpen);
     EXPECT_EQ(QueryFile(PathOf("test.MDB"), "SELECT count(*) FROM SampledValues"), "3");
+    EXPECT_NE(QueryFile(PathOf("test.MDB"), "SELECT Text FROM Overview WHERE Name='Measurement Term'"), "");
+}
+
+TEST_F(FormF4Test, ClosingTheWindowWithoutARunAsksNothingOfIt)
+{
+    ShowPage();
+    App().bProjectDirty = false;
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(shell.boxes.empty());
 }
 
 TEST_F(FormF4Test, FailureInATick_IsReportedOnceAndEndsTheRun)

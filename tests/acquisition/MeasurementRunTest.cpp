@@ -219,11 +219,12 @@ TEST_F(MeasurementRunTest, BadIntervals_AreCorrectedOrRefused)
         run.End();
         QFile::remove(App().sProjectPath);
     }
-    for (const double interval : {60.5, 1e9}) {
+    for (const double interval : {86401.0, 1e9}) {
         Open(interval);
         run.StartOrStop();
-        EXPECT_FALSE(run.IsTicking()) << interval;
-        EXPECT_EQ(shell.boxes.back().text, "Der eingegebene Wert muss sich\nzwischen 1 und 60  befinden.");
+        ASSERT_FALSE(run.IsTicking()) << interval;
+        ASSERT_FALSE(shell.boxes.empty());
+        EXPECT_EQ(shell.boxes.back().text, "Der eingegebene Wert muss sich\nzwischen 1 und 86400  befinden.");
         QFile::remove(App().sProjectPath);
     }
 }

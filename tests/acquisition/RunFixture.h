@@ -27,6 +27,10 @@ public:
     int rejected = 0;
     int cleared = 0;
     int dropped = 0;
+    qint32 shownRejected = -1;
+    int shownStored = 0;
+    qint32 shownKept = 0;
+    qint32 mostKept = 0;
     std::function<void()> onSample = [] {};
 
     void MarkEntry(int index) override { marked = index; }
@@ -48,6 +52,13 @@ public:
     void ShowLamp(int colour) override { lamps.push_back(colour); }
     void ShowInstrument() override {}
     void ShowDropped() override { ++dropped; }
+    void ShowRejected(qint32 count) override { shownRejected = count; }
+    void ShowStored() override { ++shownStored; }
+    void ShowKept(qint32 count) override
+    {
+        shownKept = count;
+        mostKept = std::max(mostKept, count);
+    }
 };
 
 class RunTest : public ProjectTest

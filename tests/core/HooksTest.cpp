@@ -15,7 +15,7 @@ class HooksTest : public BlockTest
 };
 
 /// Every hook with what is returned where nobody answers.
-constexpr std::pair<Hook, bool> kDefaults[] = {
+constexpr std::pair<Hook, bool> kHookDefaults[] = {
     {Hook::SaveIfDirty, true},  {Hook::CloseProject, true},     {Hook::LoadMachines, true},
     {Hook::CopyMachines, true}, {Hook::AllowMachinePage, true}, {Hook::ExportEvaluation, false},
 };
@@ -24,10 +24,10 @@ constexpr std::pair<Hook, bool> kDefaults[] = {
 
 TEST_F(HooksTest, FreshBlock_HasNone)
 {
-    for (const auto& [hook, unused] : kDefaults)
+    for (const auto& [hook, unused] : kHookDefaults)
         SetHook(hook, [] { return true; });
     App() = ApplicationBlock();
-    for (const auto& [hook, unused] : kDefaults)
+    for (const auto& [hook, unused] : kHookDefaults)
         EXPECT_FALSE(HasHook(hook)) << static_cast<int>(hook);
 }
 
@@ -40,7 +40,7 @@ TEST_F(HooksTest, StartUp_LeavesThem)
 
 TEST_F(HooksTest, Call_WithoutAnAnswerGivesTheDefaultOfTheHook)
 {
-    for (const auto& [hook, expected] : kDefaults) {
+    for (const auto& [hook, expected] : kHookDefaults) {
         EXPECT_EQ(CallHook(hook), expected) << static_cast<int>(hook);
         EXPECT_FALSE(HasHook(hook)) << "asking sets none";
     }
@@ -48,7 +48,7 @@ TEST_F(HooksTest, Call_WithoutAnAnswerGivesTheDefaultOfTheHook)
 
 TEST_F(HooksTest, Call_ReturnsTheAnswerEachTime)
 {
-    for (const auto& [hook, unused] : kDefaults) {
+    for (const auto& [hook, unused] : kHookDefaults) {
         int calls = 0;
         SetHook(hook, [&calls] { return ++calls % 2 == 0; });
         EXPECT_TRUE(HasHook(hook));

@@ -243,7 +243,7 @@ TEST_F(ProgramTest, StrangeSettingsAreToldAndTheProgramStarts)
     WriteSetting("MRU/Max", "-3");
     ProgramDriver program(settings);
     program.Start();
-    EXPECT_TRUE(program.AnswerBox("OK").startsWith("clsGraphColours\n"));
+    EXPECT_TRUE(program.AnswerBox("OK").startsWith("Programmeinstellungen\n"));
     program.WaitForWindow("MainForm");
     program.Trigger("mnuInfo");
     program.WaitForControl("FormH2");

@@ -249,6 +249,11 @@ TEST_F(RecordingTest, ClosingTheWindowInMidRunKeepsTheRows)
     program.Trigger("cmdSTART");
     ASSERT_TRUE(WaitForSamples(3));
     program.CloseMainWindow();
+    EXPECT_TRUE(program.AnswerBox("Nein").startsWith("Messung läuft ..."));
+    const int before = Count();
+    ASSERT_TRUE(WaitForSamples(before + 2)) << "the recording goes on";
+    program.CloseMainWindow();
+    program.AnswerBox("Ja");
     program.AnswerBox("Nein"); // header and settings may go; the rows are none of this question's business
     EXPECT_EQ(program.WaitForEnd(), 0);
     EXPECT_GE(Count(), 3);

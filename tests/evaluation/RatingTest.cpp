@@ -9,15 +9,15 @@
 namespace korvanel::test {
 namespace {
 
-constexpr double kInfinite = std::numeric_limits<double>::infinity();
+constexpr double kBeyond = std::numeric_limits<double>::infinity();
 
 double Above(double value)
 {
-    return std::nextafter(value, kInfinite);
+    return std::nextafter(value, kBeyond);
 }
 double Below(double value)
 {
-    return std::nextafter(value, -kInfinite);
+    return std::nextafter(value, -kBeyond);
 }
 
 class RatingTest : public EvaluationTest

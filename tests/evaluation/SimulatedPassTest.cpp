@@ -46,7 +46,8 @@ protected:
     static EvaluationResults Evaluate(SetSource source, const RatedData& rated)
     {
         const ProjectDbScope scope;
-        const PassConditions conditions{.netConf = 2, .window = 5, .rated = rated, .energy = {.dt = 1}, .currency = {}};
+        const PassConditions conditions{
+            .netConf = 2, .window = 5, .windowText = {}, .rated = rated, .energy = {.dt = 1}, .currency = {}};
         return EvaluateSets(ProjectDb(), source, conditions, App().iSetCount, [](qint32) {});
     }
 };
@@ -97,8 +98,12 @@ TEST_F(SimulatedPass, LongWindow_IsReadASecondTimeFromTheSameSource)
     StoreSimulated(rows);
     Execute("UPDATE SampledValues SET [P sum]=1");
     const ProjectDbScope scope;
-    const PassConditions conditions{
-        .netConf = 2, .window = 5, .rated = RatedDataOf(Motor(), 20000, 300), .energy = {.dt = 1}, .currency = {}};
+    const PassConditions conditions{.netConf = 2,
+                                    .window = 5,
+                                    .windowText = {},
+                                    .rated = RatedDataOf(Motor(), 20000, 300),
+                                    .energy = {.dt = 1},
+                                    .currency = {}};
     const auto evaluate = [&](qint32 most) {
         return EvaluateSets(
             ProjectDb(), SetSource::Simulated, conditions, App().iSetCount, [](qint32) {}, most);

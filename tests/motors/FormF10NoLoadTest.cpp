@@ -159,7 +159,7 @@ TEST_F(FormF10NoLoadTest, AFailureInATickEndsTheMeasurementAndIsReported)
     port.answer = [](const QByteArray&) -> QByteArray { throw std::runtime_error("no memory"); };
     Press("cmdNoLoad");
     Pass(50);
-    EXPECT_EQ(shell.BoxTexts(), QStringList{"FormF10\nno memory"});
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Motor/Generator - Datenbank\nno memory"});
     EXPECT_FALSE(Timer().isActive());
     EXPECT_EQ(NoLoad(), kFormer);
 }

@@ -38,7 +38,7 @@ protected:
         Click(path);
         ASSERT_EQ(shell.boxes.size(), 1U) << path.toStdString();
         EXPECT_EQ(shell.boxes[0].title, "Fehlermeldung");
-        EXPECT_TRUE(shell.boxes[0].text.startsWith("ExportEvaluation\n")) << shell.boxes[0].text.toStdString();
+        EXPECT_TRUE(shell.boxes[0].text.startsWith("Excel/ASCII Export\n")) << shell.boxes[0].text.toStdString();
         EXPECT_EQ(settings.ExportPath(), FolderPath());
         shell.boxes.clear();
     }

@@ -17,7 +17,7 @@ protected:
             ++last;
         return lines.mid(first, last - first);
     }
-    static constexpr int kOfProject = 18;
+    static constexpr int kOfProject = 22;
 };
 
 TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
@@ -39,6 +39,11 @@ TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
     App().dInterval = 1;
     App().dTWindow = 900;
     App().MachineI.evaluation.lCorrectedRows = 2;
+    App().MachineI.evaluation.sWindow = "00:10:00"; // the tables were formed with another one
+    App().MachineI.evaluation.lGaps = 2;
+    App().MachineI.evaluation.dMissing = 7;
+    App().MachineI.evaluation.dCoverage = 0.98765;
+    App().bEvaluated = 0;
     EXPECT_EQ(Items(), (QStringList{
                            "Projektname:\tFörderband\t",
                            "Firma:\tMüller & Söhne\t",
@@ -57,7 +62,11 @@ TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
                            "Messintervall [s]: \t1\t",
                            "Anzahl der Datensätze:\t3\t",
                            "Korrigierte Datensätze:\t2\t",
-                           "Zeitfenster:\t00:15:00\t",
+                           "Zeitfenster:\t00:10:00\t",
+                           "Lücken:\t2\t",
+                           "Fehlende Datensätze (verworfen oder nicht gemessen):\t7\t",
+                           "Abdeckung:\t98,77\t%",
+                           "Ergebnisse:\tveraltet\t",
                        }));
 }
 

@@ -29,6 +29,7 @@ public:
     std::vector<Box> boxes;
     std::vector<FileQuestion> openQuestions;
     std::vector<FileQuestion> saveQuestions;
+    std::function<void()> onBox = [] {}; ///< what happens while a box stands
     bool failsAtEndOfProgress = false; ///< as a page does that can't show its results
     QStringList calls;
     std::vector<double> progress; ///< shares that were shown, whatever the operation
@@ -47,6 +48,7 @@ public:
     Answer ShowBox(const Box& box) override
     {
         boxes.push_back(box);
+        onBox();
         if (box.buttons == BoxButtons::Ok)
             return Answer::Ok;
         return Next(answers, Answer::No);

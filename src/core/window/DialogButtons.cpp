@@ -16,7 +16,7 @@ DialogButtons BuildDialogButtons(QDialog& dialog, const char* aheadName, const Q
     ahead->setObjectName(QLatin1String(aheadName));
     ahead->setDefault(true);
     QObject::connect(ahead, &QPushButton::clicked, &dialog,
-                     [&dialog, goAhead] { RunGuarded(dialog.objectName(), goAhead); });
+                     [&dialog, goAhead] { RunGuarded(dialog.windowTitle(), goAhead); });
     auto* cancel = new QPushButton(texts::buttonCancel);
     cancel->setObjectName(QLatin1String(cancelName));
     cancel->setAutoDefault(false);

@@ -1,6 +1,7 @@
 #include "core/window/EntryBox.h"
 
 #include "core/Messages.h"
+#include "core/window/ActionName.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -58,7 +59,7 @@ void EntryBox::Commit()
     if (isCommitting || !HasPendingText() || (asking && asking != window()))
         return;
     const QScopedValueRollback guard(isCommitting, true);
-    RunGuarded(objectName(), [this] { emit Committed(currentText()); });
+    RunGuarded(ActionName(this), [this] { emit Committed(currentText()); });
 }
 
 /// The line's own notice of the end of editing leaves out menus, and a text that was refused before.

@@ -4,6 +4,7 @@
 #include "core/Messages.h"
 #include "core/Texts.h"
 #include "core/texts/MainTexts.h"
+#include "core/window/ActionName.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace korvanel {
 
@@ -26,6 +28,9 @@ struct MenuEntry
     bool isMenu = false;
     QKeySequence::StandardKey shortcut = QKeySequence::UnknownKey;
     bool hasSeparator = false; ///< a line stands above the entry
+    /// What the typed input of the page is taken for before the entry does its work; nothing for an entry that is no
+    /// concern of the page.
+    std::optional<InputUse> input = InputUse::Leaving;
 };
 
 constexpr const char* kRecentFiles = "mnuFileMRU";
@@ -34,8 +39,12 @@ constexpr MenuEntry kEntries[] = {
     {.parent = nullptr, .name = "mnuFile", .caption = &texts::mnuFile, .isMenu = true},
     {.parent = "mnuFile", .name = "mnuNew", .caption = &texts::mnuNew, .shortcut = QKeySequence::New},
     {.parent = "mnuFile", .name = "mnuOpen", .caption = &texts::mnuOpen, .shortcut = QKeySequence::Open},
-    {.parent = "mnuFile", .name = "mnuSave", .caption = &texts::mnuSave, .shortcut = QKeySequence::Save},
-    {.parent = "mnuFile", .name = "mnuSaveAs", .caption = &texts::mnuSaveAs},
+    {.parent = "mnuFile",
+     .name = "mnuSave",
+     .caption = &texts::mnuSave,
+     .shortcut = QKeySequence::Save,
+     .input = InputUse::Saving},
+    {.parent = "mnuFile", .name = "mnuSaveAs", .caption = &texts::mnuSaveAs, .input = InputUse::Saving},
     {.parent = "mnuFile", .name = "mnuClose", .caption = &texts::mnuClose, .shortcut = QKeySequence::Close},
     {.parent = "mnuFile",
      .name = "mnuPrint",
@@ -62,14 +71,18 @@ constexpr MenuEntry kEntries[] = {
     {.parent = "mnuDevice", .name = "mnuResGraph", .caption = &texts::mnuResGraph},
     {.parent = "mnuDevice", .name = "mnuResPrint", .caption = &texts::mnuResPrint},
     {.parent = nullptr, .name = "mnuoptions", .caption = &texts::mnuoptions, .isMenu = true},
-    {.parent = "mnuoptions", .name = "mnuModbus", .caption = &texts::mnuModbus},
-    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &texts::mnuDatabaseOpt},
+    {.parent = "mnuoptions", .name = "mnuModbus", .caption = &texts::mnuModbus, .input = InputUse::Saving},
+    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &texts::mnuDatabaseOpt, .input = InputUse::Saving},
     {.parent = "mnuoptions", .name = "mnuConvert", .caption = &texts::mnuConvert},
     {.parent = "mnuoptions", .name = "mnuLang", .caption = &texts::mnuLang, .isMenu = true},
     {.parent = nullptr, .name = "mnuHelp", .caption = &texts::mnuHelp, .isMenu = true},
-    {.parent = "mnuHelp", .name = "mnuBook", .caption = &texts::mnuBook, .shortcut = QKeySequence::HelpContents},
-    {.parent = "mnuHelp", .name = "mnuInternet", .caption = &texts::mnuInternet},
-    {.parent = "mnuHelp", .name = "mnuInfo", .caption = &texts::mnuInfo},
+    {.parent = "mnuHelp",
+     .name = "mnuBook",
+     .caption = &texts::mnuBook,
+     .shortcut = QKeySequence::HelpContents,
+     .input = std::nullopt},
+    {.parent = "mnuHelp", .name = "mnuInternet", .caption = &texts::mnuInternet, .input = std::nullopt},
+    {.parent = "mnuHelp", .name = "mnuInfo", .caption = &texts::mnuInfo, .input = std::nullopt},
 };
 
 /// Entries that need an open project. `mnuEngine` needs a net configuration with a machine besides.
@@ -78,8 +91,16 @@ constexpr std::array kProjectEntries{"mnuSave", "mnuSaveAs", "mnuClose", "mnuPri
 /// Menus that a run or a long calculation locks.
 constexpr std::array kBusyMenus{"mnuFile", "mnuEngine", "mnuProjectData", "mnuDevice", "mnuHelp", "mnuoptions"};
 
+/// What the entry of a name needs of the typed input; the recent files and the languages leave the page.
+std::optional<InputUse> InputUseOf(const QString& name)
+{
+    const auto* entry = std::find_if(std::begin(kEntries), std::end(kEntries),
+                                     [&](const MenuEntry& line) { return name == QLatin1String(line.name); });
+    return entry == std::end(kEntries) ? InputUse::Leaving : entry->input;
+}
+
 /// A file name may hold an ampersand, which in a caption marks the key of the entry.
-QString PlainCaption(const QString& caption)
+QString EscapedCaption(const QString& caption)
 {
     return QString(caption).replace(u'&', QStringLiteral("&&"));
 }
@@ -159,8 +180,13 @@ void MainMenu::OnTriggered(const QString& name, const std::function<void()>& act
 
 void MainMenu::Run(QAction& entry, const std::function<void()>& action)
 {
-    if (!QApplication::activeModalWidget() && AreMenusEnabled(entry))
-        RunGuarded(entry.objectName(), action);
+    if (QApplication::activeModalWidget() || !AreMenusEnabled(entry))
+        return;
+    RunGuarded(ActionName(&entry), [&] {
+        const std::optional<InputUse> use = InputUseOf(entry.objectName());
+        if (!use || takeInput(*use))
+            action();
+    });
 }
 
 void MainMenu::EnableProjectEntries(bool isProjectOpen)
@@ -197,7 +223,7 @@ void MainMenu::SetLanguages(const QStringList& names, const QStringList& files, 
     QMenu& languages = *SubMenu(QStringLiteral("mnuLang"));
     for (qsizetype i = 0; i < names.size(); ++i) {
         const QString name = QStringLiteral("mnuLaname_%1").arg(i);
-        AddEntry(languages, name, PlainCaption(names[i]));
+        AddEntry(languages, name, EscapedCaption(names[i]));
         QAction* entry = Entry(name);
         const bool isUsed = files[i] == used;
         entry->setCheckable(true);
@@ -215,7 +241,7 @@ void MainMenu::SetCaption(int index, const QString& caption)
 {
     if (index == 0) // a line
         return;
-    recent.at(static_cast<std::size_t>(index))->setText(PlainCaption(caption));
+    recent.at(static_cast<std::size_t>(index))->setText(EscapedCaption(caption));
     recent.at(static_cast<std::size_t>(index))->setData(caption);
 }
 

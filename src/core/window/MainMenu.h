@@ -2,6 +2,7 @@
 // program is busy, and the recent files.
 #pragma once
 
+#include "core/window/InputUse.h"
 #include "core/window/clsMRUMenu.h"
 
 #include <QObject>
@@ -29,6 +30,8 @@ public:
     QMenu* SubMenu(const QString& name) const;
     /// What an entry does; its failure ends in the general error report.
     void OnTriggered(const QString& name, const std::function<void()>& action);
+    /// Called before an entry does its work, unless the entry is no concern of the page; false drops the entry.
+    void BeforeEntry(const std::function<bool(InputUse)>& routine) { takeInput = routine; }
     void OnRecentFile(const std::function<void(const QString&)>& action) { openRecent = action; }
 
     void EnableProjectEntries(bool isProjectOpen);
@@ -58,6 +61,7 @@ private:
     std::map<QString, bool> savedStates;
     int busyDepth = 0;
     std::function<void(const QString&)> openRecent;
+    std::function<bool(InputUse)> takeInput = [](InputUse) { return true; };
 };
 
 } // namespace korvanel

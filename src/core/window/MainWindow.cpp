@@ -10,6 +10,7 @@
 #include "core/clsWaitCursor.h"
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormF10Texts.h"
+#include "core/window/ActionName.h"
 #include "core/window/Dialogs.h"
 #include "core/window/MainMenu.h"
 #include "core/window/Page.h"
@@ -41,6 +42,7 @@ MainWindow::MainWindow() : menu(std::make_unique<MainMenu>(*this)), area(new QMd
     setStatusBar(panels);
     resize(kPageWidth + 200, kPageHeight + 160);
     recentFiles.Init(*menu, kSettingsApplication, kRecentSection);
+    menu->BeforeEntry([this](InputUse use) { return TakeInput(use); });
 }
 
 MainWindow::~MainWindow() = default;
@@ -148,6 +150,11 @@ void MainWindow::PlacePage(QMdiSubWindow& frame)
         return std::clamp(stored.value_or(span / 2), 0, std::max(0, span));
     };
     frame.move(placed(App().lPageLeft, room.width()), placed(App().lPageTop, room.height()));
+}
+
+bool MainWindow::TakeInput(InputUse use)
+{
+    return !page || page->TakeInput(use);
 }
 
 void MainWindow::RefreshPage()
@@ -299,7 +306,11 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    RunGuarded(objectName(), [this, event] {
+    if (page && !(page->MayClose() && TakeInput(InputUse::Leaving))) {
+        event->ignore();
+        return;
+    }
+    RunGuarded(ActionName(menu->Entry(QStringLiteral("mnuEnd"))), [this, event] {
         if (page)
             page->Leave(); // a recording ends before its file does
         const bool isClosing = CallHook(Hook::CloseProject);

@@ -99,6 +99,8 @@ protected:
 
 private:
     void PlacePage(QMdiSubWindow& frame);
+    /// Has the page on show take what has been typed; false if it asks for a look at a field first.
+    bool TakeInput(InputUse use);
 
     std::unique_ptr<MainMenu> menu;
     clsMRUMenu recentFiles;

@@ -6,6 +6,7 @@
 #include "core/Texts.h"
 #include "core/clsWaitCursor.h"
 #include "core/texts/DefaultTexts.h"
+#include "core/window/ActionName.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "core/window/PendingInput.h"
@@ -37,13 +38,17 @@ void Page::AddBottomRow()
         AddDeviceLabel(*row);
     row->addStretch(1);
     QPushButton* back = AddButton(*row, "cmdBack", texts::buttonBack);
-    connect(back, &QPushButton::clicked, this,
-            [this] { Guarded([this] { pageFrame.UnloadAndOpen(PageBefore(pageEntry, App().iNetConfIndex)); }); });
+    connect(back, &QPushButton::clicked, this, [this] {
+        Guarded([this] {
+            if (TakeInput(InputUse::Leaving))
+                pageFrame.UnloadAndOpen(PageBefore(pageEntry, App().iNetConfIndex));
+        });
+    });
     QPushButton* forward = AddButton(*row, "cmdForw", texts::buttonForward);
     forward->setEnabled(pageEntry.forward != kNoPageOnShow);
     connect(forward, &QPushButton::clicked, this, [this] {
         Guarded([this] {
-            if (MayGoForward())
+            if (TakeInput(InputUse::Leaving) && MayGoForward())
                 pageFrame.UnloadAndOpen(PageBehind(pageEntry, App().iNetConfIndex));
         });
     });
@@ -72,7 +77,7 @@ void Page::AddDeviceLabel(QHBoxLayout& row)
 void Page::Guarded(const std::function<void()>& routine)
 {
     if (!QApplication::activeModalWidget()) // what is asked has to be answered first
-        RunGuarded(objectName(), routine);
+        RunGuarded(ActionName(sender() ? sender() : this), routine);
 }
 
 void Page::Locked(const std::function<void()>& routine, const std::function<void()>& atEnd)

@@ -2,6 +2,8 @@
 // Pages build their controls in their constructor and are made anew each time they are shown.
 #pragma once
 
+#include "core/window/InputUse.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -34,6 +36,12 @@ public:
     virtual void Refresh() {}
     /// Stops what the page keeps running; called when the page is left.
     virtual void Leave() {}
+    /// Takes over what has been typed and not yet taken, by the rule of its field, and asks where it can't be taken
+    /// silently. Called before the page is left and before the project is saved, however that comes about: by a button,
+    /// a key, the menu, the close button of the window. False if the user has to look at a field first.
+    virtual bool TakeInput(InputUse /*use*/) { return true; }
+    /// Asks before the program is closed over something that is still going on; false keeps it.
+    virtual bool MayClose() { return true; }
     /// Adds the bottom row behind the page's own controls: the buttons and, on the pages that carry one, the small
     /// label with the identity of the instrument.
     void AddBottomRow();

@@ -144,9 +144,10 @@ TEST_F(EntryBoxTest, NewChoicesKeepTheValue)
 TEST_F(EntryBoxTest, AFailureWhileHandingOverIsReported)
 {
     QObject::connect(box, &EntryBox::Committed, box, [](const QString&) { throw std::runtime_error("broken"); });
+    box->setAccessibleName("Intervall:");
     Type("7");
     box->Commit();
-    EXPECT_EQ(shell.BoxTexts(), QStringList{"cboValue\nbroken"});
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Intervall:\nbroken"});
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "support/WindowFixture.h"
 
 #include <QDesktopServices>
+#include <QTest>
 #include <QUrl>
 
 namespace korvanel::test {
@@ -36,13 +37,69 @@ protected:
     OpenedUrls opened;
 };
 
-TEST_F(Help, OpenManual_OpensTheFileInTheFolderOfLanguages)
+/// A manual, and a folder of programs that is all the search for programs finds.
+class ManualTest : public WindowTest
 {
-    ASSERT_TRUE(QDir(folder.path()).mkdir("LANGUAGES"));
-    WriteContent("LANGUAGES/Documentation_deu.pdf", "%PDF");
+protected:
+    ManualTest()
+    {
+        QDir(folder.path()).mkdir("LANGUAGES");
+        QDir(folder.path()).mkdir("bin");
+        WriteContent("LANGUAGES/Documentation_deu.pdf", "%PDF");
+        qputenv("PATH", PathOf("bin").toLocal8Bit());
+    }
+    ~ManualTest() override { qputenv("PATH", formerPath); }
+
+    /// A program that notes what it was given and ends with a code.
+    void Install(const char* name, int code)
+    {
+        const QString file = QStringLiteral("bin/") + QLatin1String(name);
+        WriteContent(file, QStringLiteral("#!/bin/sh\necho \"%1 $1\" >>'%2'\nexit %3\n")
+                               .arg(QLatin1String(name), PathOf("opened"), QString::number(code))
+                               .toUtf8());
+        QFile::setPermissions(PathOf(file), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    QString Opened() const
+    {
+        QFile file(PathOf("opened"));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+    QString Manual() const { return PathOf("LANGUAGES/Documentation_deu.pdf"); }
+
+    QByteArray formerPath = qgetenv("PATH");
+};
+
+TEST_F(ManualTest, OpensWithTheOpenerOfTheDesktop)
+{
+    Install("xdg-open", 0);
+    Install("mupdf", 0);
     OpenManual();
-    EXPECT_EQ(opened.urls, QList<QUrl>{QUrl::fromLocalFile(PathOf("LANGUAGES/Documentation_deu.pdf"))});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Opened().isEmpty(); }));
+    QTest::qWait(100);
+    EXPECT_EQ(Opened(), "xdg-open " + Manual() + "\n");
     EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(ManualTest, OpensWithAViewerThatIsThereWhereTheDesktopKnowsNone)
+{
+    Install("xdg-open", 3);
+    Install("mupdf", 0);
+    OpenManual();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Opened().contains("mupdf"); }));
+    EXPECT_EQ(Opened(), "xdg-open " + Manual() + "\nmupdf " + Manual() + "\n");
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(ManualTest, IsToldWhereNoProgramShowsIt)
+{
+    const QStringList told{"Es wurde kein Programm gefunden, das das Handbuch anzeigt (PDF):\n" + Manual()};
+    OpenManual();
+    EXPECT_EQ(shell.BoxTexts(), told);
+    shell.boxes.clear();
+    Install("xdg-open", 3);
+    OpenManual();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !shell.boxes.empty(); }));
+    EXPECT_EQ(shell.BoxTexts(), told);
 }
 
 TEST_F(Help, OpenManual_AMissingOneIsToldWithoutTouchingTheProject)

@@ -94,7 +94,7 @@ TEST_F(MainWindowTest, Menu_FailureOfAnEntryIsReportedAndTheProgramGoesOn)
 {
     window.Menu().OnTriggered("mnuBook", [] { throw std::runtime_error("paper jam"); });
     window.Menu().Entry("mnuBook")->trigger();
-    EXPECT_EQ(shell.BoxTexts(), QStringList{"mnuBook\npaper jam"});
+    EXPECT_EQ(shell.BoxTexts(), QStringList{"Nachschlagen\npaper jam"});
     EXPECT_EQ(shell.boxes[0].title, "Fehlermeldung");
 }
 

@@ -1,0 +1,27 @@
+// Header and settings between the fields of the application block and the two key-value tables of the open project.
+#pragma once
+
+#include "project/ProjectKeys.h"
+
+namespace korvanel {
+
+enum class Direction
+{
+    Read,
+    Write
+};
+
+/// Moves one key between its row and its field. Reading a missing key leaves the field; a value of another type or
+/// outside the key's limits throws DbError.
+void TransferValue(Direction direction, const ProjectKey& key);
+
+/// Moves all keys of both tables, in their order. Writing is one transaction.
+void TransferProjectData(Direction direction);
+
+/// Moves the four keys that a run changes: begin, end, term and identity of the instrument.
+void TransferMeasurementHeader(Direction direction);
+
+/// Writes what is said of the recording: those four, the instrument and the interval.
+void WriteRecordingKeys();
+
+} // namespace korvanel
