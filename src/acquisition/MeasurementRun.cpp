@@ -260,8 +260,8 @@ void MeasurementRun::NoteMoment()
     lastSeconds = App().TheClock->Seconds();
 }
 
-/// End and duration. The duration is that between the two moments, unless the wall clock was moved meanwhile, by daylight
-/// saving or by hand: then the steady clock has counted it.
+/// End and duration. The duration is that between the two moments, unless the wall clock was moved meanwhile, by
+/// daylight saving or by hand: then the steady clock has counted it.
 void MeasurementRun::SetEnd()
 {
     constexpr double kOfWholeSeconds = 1.5; // both moments are cut to seconds

@@ -75,7 +75,8 @@ TEST_F(HostileMotorDb, LockedByAnotherProgram)
     SQLite::Database other(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
     ExpectRefusal(App().sMotorDbPath);
-    EXPECT_TRUE(shell.boxes[0].text.contains("Die Datei wird gerade von einem anderen Programm benutzt")) << shell.boxes[0].text.toStdString();
+    EXPECT_TRUE(shell.boxes[0].text.contains("Die Datei wird gerade von einem anderen Programm benutzt"))
+        << shell.boxes[0].text.toStdString();
     other.exec("ROLLBACK");
     EXPECT_TRUE(IsMotorDatabase(App().sMotorDbPath));
 }

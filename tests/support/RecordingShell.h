@@ -30,7 +30,7 @@ public:
     std::vector<FileQuestion> openQuestions;
     std::vector<FileQuestion> saveQuestions;
     std::function<void()> onBox = [] {}; ///< what happens while a box stands
-    bool failsAtEndOfProgress = false; ///< as a page does that can't show its results
+    bool failsAtEndOfProgress = false;   ///< as a page does that can't show its results
     QStringList calls;
     std::vector<double> progress; ///< shares that were shown, whatever the operation
     QStringList printers;
