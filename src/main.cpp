@@ -41,6 +41,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QPixmap>
@@ -163,7 +164,7 @@ void TranslateToolkit(QApplication& application)
 QPixmap LoadLogo()
 {
     const QString path = JoinPath(App().sProgramDir, QStringLiteral("LOGO.BMP"));
-    QPixmap logo(path);
+    const QPixmap logo = QFileInfo(path).isFile() ? QPixmap(path) : QPixmap();
     if (logo.isNull())
         ShowNotFound(path);
     return logo;

@@ -6,6 +6,7 @@
 #include "core/clsGraphColours.h"
 #include "core/clsSymbols.h"
 #include "core/texts/FormF4Texts.h"
+#include "core/window/PlainToolTip.h"
 
 #include <QSignalBlocker>
 
@@ -26,7 +27,7 @@ QIcon ColourIcon(int quantity)
 CurveList::CurveList()
 {
     setObjectName(QStringLiteral("picColour"));
-    setToolTip(texts::curveHint);
+    setToolTip(PlainToolTip(texts::curveHint));
     connect(this, &QListWidget::itemChanged, this, [](const QListWidgetItem* item) { Switch(*item); });
 }
 

@@ -6,6 +6,7 @@
 #include "core/texts/FormF3Texts.h"
 #include "core/texts/FormH7Texts.h"
 #include "core/window/EntryBox.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "instruments/Catalogue.h"
 #include "instruments/PortBox.h"
@@ -43,21 +44,20 @@ QWidget* DeviceTab::BuildChoice()
         TakeInstrument();
         emit InstrumentChanged();
     });
-    form->addRow(texts::labelDevice, deviceBox);
+    AddRow(*form, texts::labelDevice, deviceBox);
     portBox = new PortBox;
     connect(portBox, &PortBox::Entered, this, [this](const QString& text) {
         EnterPort(text);
         portBox->ShowPort(App().lComPort);
     });
-    auto* caption = new QLabel(texts::labelPort);
+    auto* caption = new PlainLabel(texts::labelPort);
     caption->setBuddy(portBox->Box());
     form->addRow(caption, portBox);
-    form->addRow(texts::labelInterval, BuildInterval());
-    qobject_cast<QLabel*>(form->labelForField(intervalBox->parentWidget()))->setBuddy(intervalBox);
+    AddRow(*form, texts::labelInterval, BuildInterval())->setBuddy(intervalBox);
     beatBox = new QCheckBox;
     beatBox->setObjectName(QStringLiteral("chkTakt"));
     connect(beatBox, &QCheckBox::toggled, this, EnterBeat);
-    form->addRow(texts::labelBeat, beatBox);
+    AddRow(*form, texts::labelBeat, beatBox);
     return content;
 }
 
@@ -69,7 +69,7 @@ QWidget* DeviceTab::BuildInterval()
     auto* row = new QHBoxLayout(content);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(intervalBox);
-    row->addWidget(new QLabel(texts::unitSeconds), 1);
+    row->addWidget(new PlainLabel(texts::unitSeconds), 1);
     return content;
 }
 
@@ -79,12 +79,12 @@ QWidget* DeviceTab::BuildStatus()
     auto* column = new QVBoxLayout(content);
     lamps = new StatusLamps;
     column->addWidget(lamps);
-    identityLabel = new QLabel;
+    identityLabel = new PlainLabel;
     identityLabel->setObjectName(QStringLiteral("lblDevice"));
     identityLabel->setTextFormat(Qt::PlainText);
     identityLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it comes from outside
     column->addWidget(identityLabel);
-    addressLabel = new QLabel;
+    addressLabel = new PlainLabel;
     addressLabel->setObjectName(QStringLiteral("lblModbus"));
     column->addWidget(addressLabel);
     column->addStretch(1);

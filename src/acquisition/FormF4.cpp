@@ -15,6 +15,8 @@
 #include "core/texts/FormF4Texts.h"
 #include "core/window/DialogTable.h"
 #include "core/window/PageFrame.h"
+#include "core/window/PlainLabel.h"
+#include "core/window/PlainToolTip.h"
 #include "core/window/StatusLamp.h"
 #include "data/RowQuantities.h"
 #include "data/SampleGrid.h"
@@ -87,8 +89,8 @@ FormF4::FormF4(PageFrame& host, const PageEntry& entry)
 
 QLabel* FormF4::AddValue(QBoxLayout& row, const char* name, const QString& caption)
 {
-    row.addWidget(new QLabel(caption));
-    auto* value = new QLabel;
+    row.addWidget(new PlainLabel(caption));
+    auto* value = new PlainLabel;
     value->setObjectName(QLatin1String(name));
     value->setTextFormat(Qt::PlainText);
     QFont font = value->font();
@@ -107,13 +109,13 @@ QBoxLayout* FormF4::BuildInstrumentRow()
     ratioLabels[0] = AddValue(*row, "lblDevTrans_0", texts::voltageTransformer);
     ratioLabels[1] = AddValue(*row, "lblDevTrans_1", texts::currentTransformer);
     row->addStretch(1);
-    timerPicture = new QLabel(QStringLiteral("\u23F0"));
+    timerPicture = new PlainLabel(QStringLiteral("\u23F0"));
     timerPicture->setObjectName(QStringLiteral("picTimer"));
-    timerPicture->setToolTip(texts::timedSeries);
+    timerPicture->setToolTip(PlainToolTip(texts::timedSeries));
     timerPicture->setAccessibleName(texts::timedSeries);
     timerPicture->setVisible(false);
     row->addWidget(timerPicture);
-    countdownLabel = new QLabel;
+    countdownLabel = new PlainLabel;
     countdownLabel->setObjectName(QStringLiteral("lblCountdown"));
     row->addWidget(countdownLabel);
     auto* info = new QPushButton(texts::showWiring);
@@ -134,7 +136,7 @@ QBoxLayout* FormF4::BuildCountRow()
     counts[kElapsedCount]->setMinimumWidth(fontMetrics().horizontalAdvance(SecondsToTime(888888, false)) + 10);
     rejectedLabel = AddValue(*row, "lblRejected", texts::rejectedSamples);
     row->addStretch(1);
-    keptLabel = new QLabel;
+    keptLabel = new PlainLabel;
     keptLabel->setObjectName(QStringLiteral("lblKept"));
     row->addWidget(keptLabel);
     return row;
@@ -146,7 +148,7 @@ QBoxLayout* FormF4::BuildGraphRow()
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
     column->addWidget(graph, 1);
-    counts[kGraphCount] = new QLabel;
+    counts[kGraphCount] = new PlainLabel;
     counts[kGraphCount]->setObjectName(QStringLiteral("lblCount_0"));
     counts[kGraphCount]->setAlignment(Qt::AlignRight);
     column->addWidget(counts[kGraphCount]);
@@ -195,11 +197,11 @@ QBoxLayout* FormF4::BuildButtonRow()
     connect(dropButton, &QPushButton::clicked, this, [this] { Guarded([this] { run.Drop(); }); });
     row->addWidget(dropButton);
     row->addStretch(1);
-    engineExtra = new QLabel(texts::calculationMethod);
+    engineExtra = new PlainLabel(texts::calculationMethod);
     engineExtra->setObjectName(QStringLiteral("lblEngineExtra"));
     engineExtra->setVisible(false);
     row->addWidget(engineExtra);
-    methodLabel = new QLabel;
+    methodLabel = new PlainLabel;
     methodLabel->setObjectName(QStringLiteral("lblMethod"));
     row->addWidget(methodLabel);
     engineBox = new QComboBox;

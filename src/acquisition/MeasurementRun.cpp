@@ -110,8 +110,9 @@ bool MeasurementRun::OpenFile()
     try {
         if (IsProjectDbOpen())
             ProjectDb().HoldLock();
-    } catch (const DbLocked& locked) {
-        EndWith(QString::fromUtf8(locked.what()) + QStringLiteral(":\n") + App().sProjectPath);
+    } catch (const DbLocked&) {
+        Finish();
+        ShowFileInUse(App().sProjectPath);
         return false;
     } catch (const DbError&) {
         return true; // as above

@@ -8,6 +8,7 @@
 #include "core/Texts.h"
 #include "core/texts/FormF3Texts.h"
 #include "core/window/ActionName.h"
+#include "core/window/PlainLabel.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -108,9 +109,9 @@ QFrame* ScheduleTab::BuildEntry()
         table->addWidget(mode, row, 1);
         table->addLayout(boxes, row, 2);
     };
-    addRow(0, new QLabel(texts::scheduleStart), modes[kStart], BuildMoment(kStart, texts::scheduleStartTime));
-    addRow(1, new QLabel(texts::scheduleEnd), modes[kStop], BuildMoment(kStop, texts::scheduleEndTime));
-    periodCaptions[0] = new QLabel(texts::scheduleTerm);
+    addRow(0, new PlainLabel(texts::scheduleStart), modes[kStart], BuildMoment(kStart, texts::scheduleStartTime));
+    addRow(1, new PlainLabel(texts::scheduleEnd), modes[kStop], BuildMoment(kStop, texts::scheduleEndTime));
+    periodCaptions[0] = new PlainLabel(texts::scheduleTerm);
     periodRows[0] = BuildPeriod(kTerm, texts::scheduleTerm);
     table->addWidget(periodCaptions[0], 2, 0);
     table->addWidget(periodRows[0], 2, 1, 1, 2);
@@ -137,7 +138,7 @@ QFrame* ScheduleTab::BuildCycles()
     connect(cycles, &QLineEdit::editingFinished, this,
             [this] { cycles->setText(QString::number(CyclesOf(cycles->text()))); });
 
-    periodCaptions[1] = new QLabel(texts::scheduleCyclePeriod);
+    periodCaptions[1] = new PlainLabel(texts::scheduleCyclePeriod);
     periodRows[1] = BuildPeriod(kCyclePeriod, texts::scheduleCyclePeriod);
     QHBoxLayout* until = BuildMoment(kUntil, texts::scheduleUntil);
     until->insertSpacing(0, kIndent);
@@ -219,7 +220,7 @@ QWidget* ScheduleTab::BuildPeriod(int first, const QString& accessibleName)
             connect(box, &QLineEdit::textEdited, this, [this] { TakeEdit(EditedField::Term); });
         connect(box, &QLineEdit::editingFinished, this, [this, i] { TidyPeriod(i); });
         row->addWidget(box);
-        row->addWidget(new QLabel(TextOf(part.unit)));
+        row->addWidget(new PlainLabel(TextOf(part.unit)));
         periods[static_cast<std::size_t>(i)] = box;
     }
     row->addStretch(1);

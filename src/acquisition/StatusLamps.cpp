@@ -3,6 +3,7 @@
 #include "core/Colour.h"
 #include "core/Texts.h"
 #include "core/texts/FormF3Texts.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/StatusLamp.h"
 
 #include <QHBoxLayout>
@@ -29,7 +30,7 @@ constexpr std::array kWords{&texts::stateNotConnected, &texts::stateConnected, &
 
 } // namespace
 
-StatusLamps::StatusLamps() : words(new QLabel)
+StatusLamps::StatusLamps() : words(new PlainLabel)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

@@ -6,6 +6,8 @@
 #include "core/clsSymbols.h"
 #include "core/texts/FormF3Texts.h"
 #include "core/window/EntryBox.h"
+#include "core/window/PlainLabel.h"
+#include "core/window/PlainToolTip.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -75,16 +77,16 @@ QWidget* TransformerTab::BuildTransformers(TransformerSide side)
     auto* grid = new QGridLayout(content);
     grid->setContentsMargins(0, 0, 0, 0);
     SetSpacing(*grid);
-    grid->addWidget(new QLabel(texts::headPrimary), 0, 1);
-    grid->addWidget(new QLabel(texts::headSecondary), 0, 3);
-    grid->addWidget(new QLabel(texts::headRatio), 0, kRatioColumn);
+    grid->addWidget(new PlainLabel(texts::headPrimary), 0, 1);
+    grid->addWidget(new PlainLabel(texts::headSecondary), 0, 3);
+    grid->addWidget(new PlainLabel(texts::headRatio), 0, kRatioColumn);
     grid->setColumnStretch(kRatioColumn, 1);
     for (int pair = 0; pair < 2; ++pair) {
         const int row = pair + 1;
-        grid->addWidget(new QLabel(Caption(kTypedRows.at(static_cast<std::size_t>(pair)))), row, 0);
+        grid->addWidget(new PlainLabel(Caption(kTypedRows.at(static_cast<std::size_t>(pair)))), row, 0);
         AddTransformer(*grid, side, 2 * pair, row, 1);
         AddTransformer(*grid, side, 2 * pair + 1, row, 3);
-        auto* ratio = new QLabel;
+        auto* ratio = new PlainLabel;
         ratio->setObjectName(ratioName.arg(pair));
         ratio->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // any number can be typed
         ratio->setMinimumWidth(ratio->fontMetrics().horizontalAdvance(QStringLiteral("60000 / 230")));
@@ -108,7 +110,7 @@ void TransformerTab::AddTransformer(QGridLayout& grid, TransformerSide side, int
     });
     Of(side).boxes.at(static_cast<std::size_t>(index)) = box;
     grid.addWidget(box, row, column);
-    grid.addWidget(new QLabel(TextOf(quantity.unit)), row, column + 1);
+    grid.addWidget(new PlainLabel(TextOf(quantity.unit)), row, column + 1);
 }
 
 QWidget* TransformerTab::BuildProgramSide()
@@ -161,9 +163,9 @@ QWidget* TransformerTab::BuildTriggers()
                 [box, i](const QString& text) { box->ShowText(EnterTrigger(i, text)); });
         box->setAccessibleName(Caption(quantity));
         triggers.at(static_cast<std::size_t>(i)) = box;
-        grid->addWidget(new QLabel(Caption(quantity)), i, 0);
+        grid->addWidget(new PlainLabel(Caption(quantity)), i, 0);
         grid->addWidget(box, i, 1);
-        grid->addWidget(new QLabel(TextOf(quantity.unit)), i, 2);
+        grid->addWidget(new PlainLabel(TextOf(quantity.unit)), i, 2);
     }
     grid->setRowStretch(kTriggers, 1);
     return group;
@@ -185,7 +187,7 @@ QWidget* TransformerTab::BuildScaleEnds()
                 [box, i](const QString& text) { box->ShowText(EnterScaleEnd(i, text)); });
         box->setAccessibleName(Caption(quantity));
         scaleEnds.at(static_cast<std::size_t>(i)) = box;
-        QWidget* const parts[] = {new QLabel(Caption(quantity)), box, new QLabel(TextOf(quantity.unit))};
+        QWidget* const parts[] = {new PlainLabel(Caption(quantity)), box, new PlainLabel(TextOf(quantity.unit))};
         int column = i / kRows * kColumnsOfOne;
         grid->setColumnMinimumWidth(column + kColumnsOfOne - 1, kGap);
         for (QWidget* part : parts) {
@@ -218,7 +220,7 @@ void TransformerTab::ShowTransformer(TransformerSide side, int index)
     Of(side).boxes.at(static_cast<std::size_t>(index))->ShowText(TransformerText(side, index));
     QLabel& ratio = *Of(side).ratios.at(static_cast<std::size_t>(index / 2));
     ratio.setText(RatioText(side, index / 2));
-    ratio.setToolTip(ratio.text());
+    ratio.setToolTip(PlainToolTip(ratio.text()));
 }
 
 void TransformerTab::EnableDeviceSide()

@@ -41,6 +41,11 @@ void ShowPathNotFound(const QString& path)
     ShowError(texts::notFound + u'\n' + path);
 }
 
+void ShowFileInUse(const QString& path)
+{
+    ShowError(texts::fileInUse + QStringLiteral(":\n") + path);
+}
+
 void ShowNotFound(const QString& path)
 {
     ShowPathNotFound(path);

@@ -16,6 +16,9 @@ void ShowInformation(const QString& text);
 /// Tells that the file is none of this program's.
 void ShowBadFormat(const QString& path);
 
+/// Tells that another program uses the file at the moment.
+void ShowFileInUse(const QString& path);
+
 /// Tells that a path can't be found or used. The project's label falls back to the default file in the current
 /// directory, page and status bar are refreshed, the open dialog presets "*.KVL", and `bFileError` is cleared.
 void ShowNotFound(const QString& path);

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <filesystem>
+
 namespace korvanel {
 
 namespace {
@@ -49,7 +51,7 @@ QString WithExtension(const QString& path, const QString& extension)
     return HasExtension(path, extension) ? path : path + extension;
 }
 
-QString CopyFileReplacing(const QString& source, const QString& target)
+QString CopyFileReplacing(const QString& source, const QString& target, const std::function<void()>& beforeReplacing)
 {
     QFile from(source);
     if (!from.open(QIODevice::ReadOnly))
@@ -65,7 +67,18 @@ QString CopyFileReplacing(const QString& source, const QString& target)
         if (to.write(block) != block.size())
             return to.errorString();
     }
+    if (!to.flush())
+        return to.errorString();
+    if (beforeReplacing)
+        beforeReplacing();
     return to.commit() ? QString() : to.errorString();
+}
+
+QString ReplaceFile(const QString& file, const QString& target)
+{
+    std::error_code error;
+    std::filesystem::rename(file.toStdU16String(), target.toStdU16String(), error);
+    return error ? QString::fromStdString(error.message()) : QString();
 }
 
 } // namespace korvanel

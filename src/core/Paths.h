@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QString>
 
+#include <functional>
+
 namespace korvanel {
 
 /// `directory` and `name` with exactly one `separator` between them, however many of the two sides bring one.
@@ -25,7 +27,12 @@ QString WithExtension(const QString& path, const QString& extension);
 bool HasExtension(const QString& path, const QString& extension);
 
 /// Copies a whole file, replacing a file of the target's name only once the copy is complete.
-/// Returns an empty text, or the reason of the failure; the target is then as it was.
-QString CopyFileReplacing(const QString& source, const QString& target);
+/// `beforeReplacing` is called in between. Returns an empty text, or the reason of the failure; the target is then as
+/// it was.
+QString CopyFileReplacing(const QString& source, const QString& target,
+                          const std::function<void()>& beforeReplacing = {});
+
+/// Puts a file in the place of another one, in one step. Returns an empty text, or the reason of the failure.
+QString ReplaceFile(const QString& file, const QString& target);
 
 } // namespace korvanel

@@ -3,7 +3,9 @@
 #include "core/Paths.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
+#include <QStandardPaths>
 
 namespace korvanel {
 
@@ -69,8 +71,37 @@ bool IsAnyValueLost()
     return isAnyValueLost;
 }
 
+namespace {
+
+#ifndef Q_OS_WIN
+/// Where the toolkit keeps the store, without opening it.
+QString StoreFile(const QString& application)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + application + u'/' +
+           application + QStringLiteral(".ini");
+}
+
+/// A pipe or a device in place of the store would hold the program up at the first look at it.
+std::optional<QString> SetStrangeStoreAside(const QString& application)
+{
+    const QString file = StoreFile(application);
+    const QFileInfo store(file);
+    if (!store.exists() || store.isFile())
+        return std::nullopt;
+    const QString copy = file + QStringLiteral(".bak");
+    QFile::remove(copy);
+    return QFile::rename(file, copy) ? copy : QString();
+}
+#endif
+
+} // namespace
+
 std::optional<QString> SetDamagedStoreAside(const QString& application)
 {
+#ifndef Q_OS_WIN
+    if (const std::optional<QString> aside = SetStrangeStoreAside(application))
+        return aside;
+#endif
     const QSettings store = OpenStore(application);
     store.allKeys(); // sections are parsed when they are first looked at
     if (store.status() != QSettings::FormatError)

@@ -7,6 +7,11 @@
 
 #include <sqlite3.h>
 
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace korvanel {
 
 namespace {
@@ -47,8 +52,56 @@ TableDb::TableDb(SQLite::Database&& opened) : database(std::move(opened))
     Harden(database);
 }
 
+namespace {
+
+[[noreturn]] void Refuse(const QString& reason)
+{
+    throw DbError(reason.toStdString());
+}
+
+/// Whether a journal names another file to look at: the engine deletes that file when it plays the journal back. This
+/// program never works on two databases at once, so such a journal is none of its own.
+bool NamesOtherFile(const QString& journal)
+{
+    static const QByteArray mark = QByteArray::fromHex("d9d505f920a163d7");
+    QFile file(journal);
+    if (!file.open(QIODevice::ReadOnly))
+        Refuse(file.errorString());
+    return file.size() >= mark.size() && file.seek(file.size() - mark.size()) && file.read(mark.size()) == mark;
+}
+
+bool IsWritable(const QString& folder)
+{
+#ifdef Q_OS_UNIX
+    return faccessat(AT_FDCWD, QFile::encodeName(folder).constData(), W_OK, AT_EACCESS) == 0;
+#else
+    return QFileInfo(folder).isWritable();
+#endif
+}
+
+/// Looks at a file and at what lies beside it before the engine does: a pipe or a device would hold the program up, and
+/// a link or a forged journal would lead to other files.
+void RequireHarmless(const QString& path)
+{
+    const QFileInfo file(path);
+    if (path.isEmpty() || (file.exists() && !file.isFile()))
+        Refuse(texts::noOrdinaryFile);
+    const QString real = file.exists() ? file.canonicalFilePath() : path; // the engine follows links to the file too
+    for (const char* ending : {"-journal", "-wal", "-shm"}) {
+        const QFileInfo beside(real + QLatin1String(ending));
+        if (beside.isSymLink() || (beside.exists() && !beside.isFile()))
+            Refuse(texts::foreignJournal);
+    }
+    const QString journal = real + QStringLiteral("-journal");
+    if (QFileInfo::exists(journal) && NamesOtherFile(journal))
+        Refuse(texts::foreignJournal);
+}
+
+} // namespace
+
 TableDb TableDb::Open(const QString& path)
 {
+    RequireHarmless(path);
     return WithDbErrors([&] { return TableDb(SQLite::Database(path.toStdString(), kReadWrite, kBusyTimeoutMs)); });
 }
 
@@ -56,6 +109,7 @@ TableDb TableDb::Create(const QString& path, int applicationId, int schemaVersio
 {
     if (QFileInfo::exists(path))
         throw DbError(texts::fileExists.toStdString());
+    RequireHarmless(path);
     return WithDbErrors([&] {
         TableDb db(SQLite::Database(path.toStdString(), kReadWrite | SQLite::OPEN_CREATE, kBusyTimeoutMs));
         db.Execute(QStringLiteral("PRAGMA application_id=%1").arg(applicationId));
@@ -71,14 +125,16 @@ void TableDb::Execute(const QString& sql)
 
 bool TableDb::IsReadOnly()
 {
-    return sqlite3_db_readonly(database.getHandle(), "main") == 1;
+    // Without a place for its journal the engine can't write either.
+    const QFileInfo file(QString::fromStdString(database.getFilename()));
+    return sqlite3_db_readonly(database.getHandle(), "main") == 1 || !IsWritable(file.canonicalPath());
 }
 
 bool TableDb::TableExists(const QString& name)
 {
     return WithDbErrors([&] {
-        SQLite::Statement query(database, "SELECT 1 FROM sqlite_schema WHERE type='table' AND name=? COLLATE NOCASE "
-                                          "AND sql NOT LIKE 'CREATE VIRTUAL%'");
+        SQLite::Statement query(database, "SELECT 1 FROM pragma_table_list WHERE schema='main' AND type='table' AND "
+                                          "name=? COLLATE NOCASE");
         query.bind(1, name.toStdString());
         return query.executeStep();
     });
@@ -119,6 +175,22 @@ void TableDb::RequirePlainTables(std::initializer_list<const char*> names)
                 throw DbError(std::string("unexpected view or trigger: ") + name);
         }
     });
+}
+
+void TableDb::RequireUnique(const char* table, const char* column)
+{
+    const bool isUnique = WithDbErrors([&] {
+        SQLite::Statement query(
+            database, "SELECT 1 FROM pragma_table_info(?1) WHERE name=?2 COLLATE NOCASE AND pk=1 AND "
+                      "(SELECT max(pk) FROM pragma_table_info(?1))=1 UNION ALL "
+                      "SELECT 1 FROM pragma_index_list(?1) AS list WHERE list.\"unique\"=1 AND list.partial=0 AND "
+                      "(SELECT group_concat(name) FROM pragma_index_info(list.name))=?2 COLLATE NOCASE");
+        query.bind(1, table);
+        query.bind(2, column);
+        return query.executeStep();
+    });
+    if (!isUnique)
+        throw DbError(std::string("no unique key: ") + table);
 }
 
 void TableDb::UseRollbackJournal()

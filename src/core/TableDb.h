@@ -37,13 +37,15 @@ inline constexpr int kProjectApplicationId = 0x4B564E4C;
 class TableDb
 {
 public:
-    /// Opens an existing file for reading and writing; a file that is write-protected opens for reading.
+    /// Opens an existing file for reading and writing; a file that is write-protected opens for reading. What is no
+    /// ordinary file, or has a journal beside it that leads to other files, is refused before the engine sees it.
     static TableDb Open(const QString& path);
     /// Creates a new file. An existing one of that name is an error and stays as it is.
     static TableDb Create(const QString& path, int applicationId, int schemaVersion);
 
     SQLite::Database& Handle() { return database; }
     void Execute(const QString& sql);
+    /// Whether the file, or the folder in which its journal would stand, is write-protected.
     bool IsReadOnly();
 
     /// Compares with the names of all tables, ignoring case. Views and virtual tables are no tables.
@@ -58,6 +60,8 @@ public:
     /// Throws if one of these names is a view or has a trigger: this program makes none, and a foreign one could change
     /// what is read or stored behind its back.
     void RequirePlainTables(std::initializer_list<const char*> names);
+    /// Throws if a table may hold two rows with the same value of a column: a join by it would multiply them.
+    void RequireUnique(const char* table, const char* column);
     /// Brings a file that another program has switched to a write-ahead log back to the rollback journal, so that the
     /// file alone is the whole project.
     void UseRollbackJournal();

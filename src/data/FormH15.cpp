@@ -4,6 +4,7 @@
 #include "core/NumberText.h"
 #include "core/texts/FormH15Texts.h"
 #include "core/window/DialogButtons.h"
+#include "core/window/PlainLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -26,7 +27,7 @@ FormH15::FormH15(QWidget* parent) : QDialog(parent), box(new QLineEdit)
     box->setMinimumWidth(kWidth);
     box->setText(QString::number(std::min(App().iCurrentSet, App().iSetCount)));
     box->selectAll();
-    auto* caption = new QLabel(FillPlaceholders(texts::findSetNumber, {QString::number(App().iSetCount)}));
+    auto* caption = new PlainLabel(FillPlaceholders(texts::findSetNumber, {QString::number(App().iSetCount)}));
     caption->setBuddy(box);
     auto* entry = new QHBoxLayout;
     entry->addWidget(caption);

@@ -5,6 +5,7 @@
 #include "core/NumberText.h"
 #include "core/clsSymbols.h"
 #include "core/texts/FormF6Texts.h"
+#include "core/window/PlainToolTip.h"
 #include "data/RowQuantities.h"
 
 #include <QEvent>
@@ -91,7 +92,7 @@ SetList::SetList(SetJudge setJudge)
     const int rowHeight = values.verticalHeader()->defaultSectionSize();
     values.setMinimumHeight((kLeastRows + 1) * rowHeight + values.horizontalScrollBar()->sizeHint().height());
 
-    setToolTip(texts::resultsOrderTip);
+    setToolTip(PlainToolTip(texts::resultsOrderTip));
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, [this] { AskForOrder(); });
     for (QWidget* withMenu : {static_cast<QWidget*>(&Bar()), static_cast<QWidget*>(values.horizontalScrollBar())})

@@ -10,6 +10,8 @@
 #include "core/texts/FormF6Texts.h"
 #include "core/texts/FormH15Texts.h"
 #include "core/window/PendingInput.h"
+#include "core/window/PlainLabel.h"
+#include "core/window/PlainToolTip.h"
 #include "data/FormH15.h"
 #include "data/SetList.h"
 #include "evaluation/Algorithms.h"
@@ -55,7 +57,7 @@ FormF6::FormF6(PageFrame& host, const PageEntry& entry)
 
 QLabel* FormF6::AddLabel(QBoxLayout& row, const char* name)
 {
-    auto* label = new QLabel;
+    auto* label = new PlainLabel;
     label->setObjectName(QLatin1String(name));
     row.addWidget(label);
     return label;
@@ -69,7 +71,7 @@ QBoxLayout* FormF6::BuildHead()
     row->addWidget(AddPanelBox(kSetsPanel, texts::resultsShowSets));
     outdatedLabel = AddLabel(*row, "lblOutdated");
     outdatedLabel->setText(texts::resultsOutdated);
-    outdatedLabel->setToolTip(texts::resultsOutdatedTip);
+    outdatedLabel->setToolTip(PlainToolTip(texts::resultsOutdatedTip));
     QPalette colours = outdatedLabel->palette();
     colours.setColor(QPalette::WindowText, ColourOf(kRatingColours.back()));
     outdatedLabel->setPalette(colours);
@@ -124,7 +126,7 @@ QWidget* FormF6::BuildEnergies()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
     column->addWidget(energies = new ResultGrid("flxEnergy"), 1);
-    energyGapsLabel = new QLabel;
+    energyGapsLabel = new PlainLabel;
     energyGapsLabel->setObjectName(QStringLiteral("lblEnergyGaps"));
     column->addWidget(energyGapsLabel);
     return content;
@@ -135,7 +137,7 @@ QWidget* FormF6::BuildSecondMachine()
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new QLabel(texts::laterVersion));
+    column->addWidget(new PlainLabel(texts::laterVersion));
     auto* table = new QTableWidget;
     table->setObjectName(QStringLiteral("flxSimul"));
     column->addWidget(table, 1);

@@ -8,6 +8,7 @@
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormH10Texts.h"
 #include "core/window/DialogButtons.h"
+#include "core/window/PlainLabel.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -50,7 +51,7 @@ QGroupBox* FormH10::BuildCosts()
     auto* form = new QFormLayout(group);
     for (std::size_t i = 0; i < prices.size(); ++i) {
         priceBoxes.at(i) = AddNumberBox(QStringLiteral("txtKosten_%1").arg(i), prices.at(i));
-        form->addRow(TextOf(kPriceCaptions.at(i)), priceBoxes.at(i));
+        AddRow(*form, TextOf(kPriceCaptions.at(i)), priceBoxes.at(i));
     }
     return group;
 }
@@ -63,9 +64,9 @@ QGroupBox* FormH10::BuildOther()
     currencyBox->setObjectName(QStringLiteral("txtWaehrung"));
     currencyBox->setMaxLength(kLongestText);
     currencyBox->setMinimumWidth(kBoxWidth);
-    form->addRow(texts::optionsCurrency, currencyBox);
+    AddRow(*form, texts::optionsCurrency, currencyBox);
     cyclesBox = AddNumberBox(QStringLiteral("txtZyklen"), cycles);
-    form->addRow(texts::optionsCycles, cyclesBox);
+    AddRow(*form, texts::optionsCycles, cyclesBox);
     return group;
 }
 

@@ -10,6 +10,7 @@
 #include "core/texts/FormH9Texts.h"
 #include "core/texts/ValueNamesTexts.h"
 #include "core/window/DialogButtons.h"
+#include "core/window/PlainLabel.h"
 #include "data/FileManaging.h"
 #include "evaluation/TimeWindow.h"
 
@@ -120,7 +121,7 @@ QLineEdit* FormH9::AddTimeBox(QHBoxLayout& row, std::size_t index, const QString
     box->setAccessibleName(unit);
     connect(box, &QLineEdit::textChanged, this, [this, index] { LimitTime(index); });
     connect(box, &QLineEdit::editingFinished, this, [this, index] { PadTime(index); });
-    auto* spacer = new QLabel(unit);
+    auto* spacer = new PlainLabel(unit);
     spacer->setObjectName(QStringLiteral("lblSpacer_%1").arg(index));
     row.addWidget(box);
     row.addWidget(spacer);
@@ -141,7 +142,7 @@ QHBoxLayout* FormH9::BuildThermal()
     factorBox->setAlignment(Qt::AlignRight);
     factorBox->setAccessibleName(texts::windowThermal);
     connect(factorBox, &QLineEdit::editingFinished, this, &FormH9::CheckFactor);
-    factorUnit = new QLabel(texts::timesTimeConstant);
+    factorUnit = new PlainLabel(texts::timesTimeConstant);
     factorUnit->setObjectName(QStringLiteral("lblWhat"));
     row->addWidget(factorBox);
     row->addWidget(factorUnit);

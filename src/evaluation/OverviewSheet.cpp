@@ -5,6 +5,7 @@
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
 #include "core/texts/FormF6Texts.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "evaluation/Rating.h"
 #include "evaluation/SuitabilityBar.h"
@@ -70,11 +71,11 @@ OverviewSheet::OverviewSheet()
 
 QLabel* OverviewSheet::AddValue(QFormLayout& form, const char* name, const QString& caption)
 {
-    auto* value = new QLabel;
+    auto* value = new PlainLabel;
     value->setObjectName(QLatin1String(name));
     value->setTextFormat(Qt::PlainText);
     value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // names come from outside
-    form.addRow(caption, value);
+    AddRow(form, caption, value);
     return value;
 }
 
@@ -89,7 +90,7 @@ void OverviewSheet::AddMachine(QFormLayout& form)
         colours.setColor(QPalette::WindowText, ColourOf(RatingColour(rating)));
         classes.at(i)->setPalette(colours);
     }
-    form.addRow(QString(), suitability = new SuitabilityBar("picModel"));
+    AddRow(form, {}, suitability = new SuitabilityBar("picModel"));
 }
 
 void OverviewSheet::Refresh()

@@ -5,6 +5,7 @@
 #include "core/Shell.h"
 #include "core/Texts.h"
 #include "core/texts/FormF2Texts.h"
+#include "core/window/PlainLabel.h"
 #include "instruments/NetConfigurationChange.h"
 #include "instruments/QuantityLists.h"
 
@@ -53,7 +54,7 @@ FormF2::FormF2(PageFrame& host, const PageEntry& entry)
     }
     tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     Body().addWidget(tabs);
-    auto* note = new QLabel(texts::noteNotAllDevices);
+    auto* note = new PlainLabel(texts::noteNotAllDevices);
     note->setObjectName(QStringLiteral("lblNote"));
     Body().addWidget(note);
 
@@ -102,8 +103,8 @@ QWidget* FormF2::BuildOption(int netConf)
     option->setEnabled(!configuration.entries.empty());
     options->addButton(option, netConf);
     column->addWidget(option);
-    auto* devices =
-        new QLabel(FillPlaceholders(texts::supportedDevices, {InstrumentEntries(netConf).join(QStringLiteral(", "))}));
+    auto* devices = new PlainLabel(
+        FillPlaceholders(texts::supportedDevices, {InstrumentEntries(netConf).join(QStringLiteral(", "))}));
     devices->setObjectName(QStringLiteral("lblDevices_%1").arg(netConf));
     devices->setWordWrap(true);
     devices->setIndent(kIndent);
@@ -116,7 +117,7 @@ QWidget* FormF2::BuildList(int index, const char* captionName, const QString& ca
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(caption);
+    auto* label = new PlainLabel(caption);
     label->setObjectName(QLatin1String(captionName));
     column->addWidget(label);
     auto* box = new QPlainTextEdit;

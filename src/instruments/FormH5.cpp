@@ -8,6 +8,7 @@
 #include "core/texts/FormF3Texts.h"
 #include "core/texts/FormH5Texts.h"
 #include "core/window/PendingInput.h"
+#include "core/window/PlainLabel.h"
 #include "instruments/Catalogue.h"
 #include "instruments/Frames.h"
 #include "instruments/PortBox.h"
@@ -71,14 +72,14 @@ QWidget* FormH5::BuildTop()
     deviceBox = new QComboBox;
     deviceBox->setObjectName(QStringLiteral("cboDevice"));
     deviceBox->addItem(QString::fromUtf8(FamilyWithAddresses().name));
-    form->addRow(texts::labelDevice, deviceBox);
+    AddRow(*form, texts::labelDevice, deviceBox);
     portBox = new PortBox;
     portBox->ShowPort(App().lComPort);
     connect(portBox, &PortBox::Entered, this, [this](const QString& text) {
         App().lComPort = TypedWholeNumber(text, 1);
         portBox->ShowPort(App().lComPort);
     });
-    auto* caption = new QLabel(texts::labelPort);
+    auto* caption = new PlainLabel(texts::labelPort);
     caption->setBuddy(portBox->Box());
     form->addRow(caption, portBox);
     return top;
@@ -145,7 +146,7 @@ QLineEdit* FormH5::AddAddressBox(QFormLayout& form, int index, const QString& ca
     box->setFixedWidth(kWidth);
     connect(box, &QLineEdit::returnPressed, this,
             [this, index] { searchButtons.at(index == 0 ? kSingle : kInterval)->click(); });
-    form.addRow(caption, box);
+    AddRow(form, caption, box);
     return addressBoxes.at(static_cast<std::size_t>(index)) = box;
 }
 
@@ -162,7 +163,7 @@ QPushButton* FormH5::AddSearchButton(int index, const QString& caption)
 QLabel* FormH5::AddInfo(int index, const QString& text)
 {
     constexpr int kLines = 3;
-    auto* label = new QLabel(text);
+    auto* label = new PlainLabel(text);
     label->setObjectName(QStringLiteral("lblInfo_%1").arg(index));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);

@@ -1,6 +1,7 @@
 #include "instruments/PortBox.h"
 
 #include "core/window/EntryBox.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "instruments/PortNames.h"
 
@@ -11,7 +12,7 @@
 
 namespace korvanel {
 
-PortBox::PortBox() : box(new EntryBox(QStringLiteral("cboCOM"))), device(new QLabel)
+PortBox::PortBox() : box(new EntryBox(QStringLiteral("cboCOM"))), device(new PlainLabel)
 {
     constexpr int kSpacing = 8;
     device->setObjectName(QStringLiteral("lblPort"));

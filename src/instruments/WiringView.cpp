@@ -5,6 +5,7 @@
 #include "core/Texts.h"
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormH7Texts.h"
+#include "core/window/PlainLabel.h"
 #include "instruments/Catalogue.h"
 
 #include <QGridLayout>
@@ -33,11 +34,11 @@ WiringView::WiringView()
     for (std::size_t i = 0; i < texts.size(); ++i) {
         const int row = static_cast<int>(i);
         if (i < kCaptions.size()) {
-            auto* caption = new QLabel(TextOf(kCaptions[i]));
+            auto* caption = new PlainLabel(TextOf(kCaptions[i]));
             caption->setObjectName(QStringLiteral("lblText_%1").arg(i));
             grid->addWidget(caption, row, 0, Qt::AlignTop);
         }
-        texts[i] = new QLabel;
+        texts[i] = new PlainLabel;
         texts[i]->setObjectName(QStringLiteral("lblWiringtext_%1").arg(i));
         texts[i]->setTextFormat(Qt::PlainText);
         texts[i]->setWordWrap(true);

@@ -1,6 +1,7 @@
 #include "language/LanguageFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <array>
 #include <limits>
@@ -15,20 +16,21 @@ constexpr std::array<char16_t, 32> kCp1252{0x20AC, 0x0081, 0x201A, 0x0192, 0x201
                                            0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-std::optional<QString> ReadLine(QFile& file)
+std::optional<QString> ReadLine(QFile& file, qint64 most = kLargestLanguageFile)
 {
     if (file.atEnd())
         return std::nullopt;
-    QByteArray line = file.readLine();
+    QByteArray line = file.readLine(most);
     while (line.endsWith('\n') || line.endsWith('\r'))
         line.chop(1);
     return FromCp1252(line);
 }
 
-/// The name from the first line.
+/// The name from the first line. A longer first line is none of a language.
 std::optional<QString> ReadName(QFile& file)
 {
-    const std::optional<QString> line = ReadLine(file);
+    constexpr qint64 kLongestName = 1024;
+    const std::optional<QString> line = ReadLine(file, kLongestName);
     const QString mark = QStringLiteral("lang=");
     return line && line->startsWith(mark) ? std::optional(line->mid(mark.size())) : std::nullopt;
 }
@@ -84,13 +86,14 @@ QString FromCp1252(const QByteArray& bytes)
 std::optional<QString> LanguageName(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? ReadName(file) : std::nullopt;
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) ? ReadName(file) : std::nullopt;
 }
 
 std::optional<LanguageSections> ReadLanguageFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || !ReadName(file))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > kLargestLanguageFile ||
+        !ReadName(file))
         return std::nullopt;
     LanguageSections sections;
     while (const std::optional<QString> line = ReadLine(file)) {

@@ -3,6 +3,8 @@
 #include "core/NumberText.h"
 #include "core/Texts.h"
 #include "core/texts/FormF10Texts.h"
+#include "core/window/PlainLabel.h"
+#include "core/window/PlainToolTip.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -28,7 +30,7 @@ constexpr std::array kWays{
 
 } // namespace
 
-BrowseBar::BrowseBar() : caption(new QLabel)
+BrowseBar::BrowseBar() : caption(new PlainLabel)
 {
     constexpr int kSpacing = 2;
     auto* row = new QHBoxLayout(this);
@@ -51,7 +53,7 @@ void BrowseBar::AddButton(std::size_t index)
     const Way& way = kWays.at(index);
     auto* button = new QPushButton(QLatin1String(way.sign));
     button->setObjectName(QStringLiteral("cmdBrowse_%1").arg(index));
-    button->setToolTip(TextOf(way.name));
+    button->setToolTip(PlainToolTip(TextOf(way.name)));
     button->setAccessibleName(TextOf(way.name));
     button->setFixedWidth(kWidth);
     connect(button, &QPushButton::clicked, this, [this, &way] { emit RowWanted(way.target(shownRow, rowCount)); });

@@ -11,6 +11,7 @@
 #include "core/window/DialogTable.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
+#include "core/window/PlainLabel.h"
 #include "instruments/DevManaging.h"
 #include "motors/BrowseBar.h"
 #include "motors/FormH11.h"
@@ -37,7 +38,8 @@
 namespace korvanel {
 
 FormF10::FormF10(PageFrame& host, const PageEntry& entry)
-    : Page(host, entry), measurement(*this), timer(new QTimer(this)), tabs(new QTabWidget), grid(new MachineGrid),
+    : Page(host, entry), measurement(*this), timer(new QTimer(this)), tabs(new QTabWidget),
+      grid(new MachineGrid([this](int first, int count) { return browser.Machines(first, count); })),
       ratingTab(new RatingTab), furtherTab(new FurtherTab), browseBar(new BrowseBar)
 {
     timer->setObjectName(QStringLiteral("Timer1"));
@@ -65,7 +67,7 @@ QWidget* FormF10::BuildList()
 {
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
-    noDatabaseLabel = new QLabel(texts::machineNoDatabase);
+    noDatabaseLabel = new PlainLabel(texts::machineNoDatabase);
     noDatabaseLabel->setObjectName(QStringLiteral("lblNoDatabase"));
     noDatabaseLabel->setVisible(false);
     column->addWidget(noDatabaseLabel);
@@ -85,7 +87,7 @@ QBoxLayout* FormF10::BuildCommentRow()
     commentBox = new QLineEdit;
     commentBox->setObjectName(QStringLiteral("txtComment"));
     commentBox->setMaxLength(kLongestTypedText);
-    auto* caption = new QLabel(texts::machineComment);
+    auto* caption = new PlainLabel(texts::machineComment);
     caption->setBuddy(commentBox);
     row->addWidget(caption);
     row->addWidget(commentBox, 1);
@@ -162,7 +164,7 @@ void FormF10::Change(const std::function<void()>& routine)
 {
     const auto atEnd = qScopeGuard([this] {
         shownDatabase = App().sMotorDbPath;
-        grid->Fill(browser.Lines());
+        grid->Fill(browser.Count());
         ShowMachine();
     });
     routine();
@@ -178,7 +180,7 @@ void FormF10::ShowMachine()
 {
     ShowEntry(EntryOfMachine(App().MachineI.record));
     grid->ShowRow(browser.Row());
-    browseBar->ShowPlace(browser.Row(), static_cast<int>(browser.Lines().size()));
+    browseBar->ShowPlace(browser.Row(), browser.Count());
     noDatabaseLabel->setVisible(!browser.HasDatabase());
     Frame().ShowDatabase(browser.HasDatabase() ? FileNameOf(App().sMotorDbPath) : QString());
     ShowState();
@@ -202,7 +204,7 @@ void FormF10::ShowState()
     const bool hasRow = browser.Row() >= 0;
     const bool hasDatabase = browser.HasDatabase();
     grid->setEnabled(isBrowsing);
-    browseBar->EnableButtons(isBrowsing && !browser.Lines().empty());
+    browseBar->EnableButtons(isBrowsing && browser.Count() > 0);
     editButtons[0]->setEnabled(isBrowsing && hasDatabase);
     editButtons[1]->setEnabled(isBrowsing && hasRow);
     editButtons[2]->setEnabled(isBrowsing && hasRow);

@@ -6,6 +6,7 @@
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormH11Texts.h"
 #include "core/window/DialogButtons.h"
+#include "core/window/PlainLabel.h"
 #include "motors/MotorDatabase.h"
 
 #include <QComboBox>
@@ -37,7 +38,7 @@ QStringList StartingPoints()
 
 QLabel* PathLabel(const char* name)
 {
-    auto* label = new QLabel;
+    auto* label = new PlainLabel;
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -66,7 +67,7 @@ QListWidget* List(const char* name)
 
 QLabel* Caption(const QString& text, QWidget* buddy)
 {
-    auto* label = new QLabel(text);
+    auto* label = new PlainLabel(text);
     label->setBuddy(buddy);
     return label;
 }
@@ -102,7 +103,7 @@ QWidget* FormH11::BuildCurrent()
     auto* top = new QWidget;
     auto* column = new QVBoxLayout(top);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new QLabel(texts::databaseCurrent));
+    column->addWidget(new PlainLabel(texts::databaseCurrent));
     QLabel* path = PathLabel("lblDatabase");
     path->setText(App().sMotorDbPath);
     column->addWidget(path);

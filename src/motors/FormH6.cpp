@@ -6,6 +6,7 @@
 #include "core/Texts.h"
 #include "core/texts/FormH6Texts.h"
 #include "core/window/DialogButtons.h"
+#include "core/window/PlainLabel.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -79,10 +80,10 @@ void FormH6::AddField(QGridLayout& grid, int index, const QString& relation)
     field->setObjectName(QStringLiteral("txtSearch_%1").arg(index));
     field->setMaxLength(kLongestText);
     field->setMinimumWidth(kWidth);
-    auto* caption = new QLabel(TextOf(kFields.at(static_cast<std::size_t>(index)).caption));
+    auto* caption = new PlainLabel(TextOf(kFields.at(static_cast<std::size_t>(index)).caption));
     caption->setObjectName(QStringLiteral("lblSearch_%1").arg(index));
     caption->setBuddy(field);
-    auto* sign = new QLabel(relation);
+    auto* sign = new PlainLabel(relation);
     sign->setObjectName(QStringLiteral("lblRelation_%1").arg(index));
     grid.addWidget(caption, index, 0);
     grid.addWidget(sign, index, 1);

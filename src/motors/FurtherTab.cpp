@@ -2,6 +2,7 @@
 
 #include "core/Texts.h"
 #include "core/texts/FormF10Texts.h"
+#include "core/window/PlainLabel.h"
 #include "motors/KnownGroup.h"
 #include "motors/NumberBox.h"
 
@@ -70,7 +71,7 @@ KnownGroup* FurtherTab::AddGroup(MachineKnowledge group, const QString& title, c
     auto* box = new KnownGroup(group, title);
     auto* row = new QHBoxLayout;
     if (!caption.isEmpty()) {
-        auto* label = new QLabel(caption);
+        auto* label = new PlainLabel(caption);
         label->setBuddy(control);
         row->addWidget(label);
     }

@@ -34,7 +34,7 @@ private:
 std::optional<std::size_t> CountMachines()
 {
     const MotorDbScope db;
-    return db ? std::optional(ListMachines(*db).size()) : std::nullopt;
+    return db ? std::optional(ListMachineNumbers(*db).size()) : std::nullopt;
 }
 
 } // namespace
@@ -71,10 +71,10 @@ void MachineBrowser::Reload()
 bool MachineBrowser::Query()
 {
     hasDatabase = false;
-    lines.clear();
+    numbers.clear();
     const MotorDbScope db;
     if (db) {
-        lines = ListMachines(*db, filter);
+        numbers = ListMachineNumbers(*db, filter);
         hasDatabase = true;
     }
     return hasDatabase;
@@ -82,21 +82,39 @@ bool MachineBrowser::Query()
 
 int MachineBrowser::PlaceOf(const std::optional<qint32>& set_ID) const
 {
-    const auto line =
-        std::find_if(lines.begin(), lines.end(), [&set_ID](const MachineLine& l) { return l.set_ID == set_ID; });
-    return line == lines.end() ? -1 : static_cast<int>(line - lines.begin());
+    const auto place = set_ID ? std::find(numbers.begin(), numbers.end(), *set_ID) : numbers.end();
+    return place == numbers.end() ? -1 : static_cast<int>(place - numbers.begin());
+}
+
+std::vector<MachineRecord> MachineBrowser::Machines(int first, int count) const
+{
+    std::vector<MachineRecord> machines;
+    const int end = std::min(Count(), first + count);
+    if (first >= end)
+        return machines;
+    const MotorDbScope db;
+    for (int place = first; place < end; ++place) {
+        machines.emplace_back();
+        try {
+            if (db)
+                ReadMachine(*db, numbers[static_cast<std::size_t>(place)], machines.back());
+        } catch (const DbError&) {
+            // Its row was readable when the list was made; it stays empty, and choosing it tells the reason.
+        }
+    }
+    return machines;
 }
 
 void MachineBrowser::MoveTo(int wanted)
 {
-    if (wanted < 0 || wanted >= static_cast<int>(lines.size()))
+    if (wanted < 0 || wanted >= Count())
         return;
     {
         const MotorDbScope db;
         if (!db)
             return;
         MachineRecord machine;
-        ReadMachine(*db, lines[static_cast<std::size_t>(wanted)].set_ID, machine);
+        ReadMachine(*db, numbers[static_cast<std::size_t>(wanted)], machine);
         if (!machine.set_ID) // somebody else has deleted it meanwhile
             return;
         row = wanted;
@@ -110,12 +128,12 @@ bool MachineBrowser::Search(const std::optional<MachineFilter>& wanted)
     const MotorDbScope db;
     if (!db)
         return false;
-    std::vector<MachineLine> found = ListMachines(*db, wanted);
+    std::vector<qint32> found = ListMachineNumbers(*db, wanted);
     if (found.empty()) {
         ShowInformation(texts::searchNothing);
         return false;
     }
-    lines = std::move(found);
+    numbers = std::move(found);
     filter = wanted;
     MoveTo(0);
     return true;
@@ -183,10 +201,10 @@ void MachineBrowser::DeleteCurrent()
         const MotorDbScope db;
         if (!db)
             return;
-        DeleteMachine(*db, lines[static_cast<std::size_t>(row)].set_ID);
+        DeleteMachine(*db, numbers[static_cast<std::size_t>(row)]);
     }
     Query();
-    if (filter && lines.empty()) {
+    if (filter && numbers.empty()) {
         filter.reset();
         Query();
     }

@@ -22,7 +22,9 @@ public:
     /// False if no database could be opened, which has been told.
     bool HasDatabase() const { return hasDatabase; }
     bool IsFiltered() const { return filter.has_value(); }
-    const std::vector<MachineLine>& Lines() const { return lines; }
+    int Count() const { return static_cast<int>(numbers.size()); }
+    /// The machines of some rows, from the first of them; fewer where the list ends. One that can't be read is empty.
+    std::vector<MachineRecord> Machines(int first, int count) const;
     /// Place of the current machine in the list; -1 if it has none.
     int Row() const { return row; }
 
@@ -47,7 +49,7 @@ private:
     bool Query();
     int PlaceOf(const std::optional<qint32>& set_ID) const;
 
-    std::vector<MachineLine> lines;
+    std::vector<qint32> numbers; ///< of the machines in the list; the machines are read when they come into view
     std::optional<MachineFilter> filter;
     int row = -1;
     bool hasDatabase = false;

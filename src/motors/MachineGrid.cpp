@@ -7,6 +7,7 @@
 #include "motors/MachineEntry.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -63,6 +64,7 @@ constexpr std::array kColumns{
 };
 
 constexpr int kCommentColumn = 9;
+constexpr int kFilledRows = 200;
 
 QString WithoutColon(const QString& text)
 {
@@ -77,7 +79,7 @@ QString HeadOf(const Column& column)
 
 } // namespace
 
-MachineGrid::MachineGrid()
+MachineGrid::MachineGrid(Source machinesOfRows) : source(std::move(machinesOfRows))
 {
     constexpr int kRowHeight = 21;
     setObjectName(QStringLiteral("GridBemess"));
@@ -100,17 +102,49 @@ MachineGrid::MachineGrid()
         if (row >= 0 && row != formerRow)
             emit RowChosen(row);
     });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { FillView(); });
 }
 
-void MachineGrid::Fill(const std::vector<MachineLine>& lines)
+void MachineGrid::Fill(int count)
 {
     constexpr int kWidestComment = 260;
     const QSignalBlocker quiet(this);
     clearContents();
-    setRowCount(static_cast<int>(lines.size()));
-    for (int row = 0; row < rowCount(); ++row) {
+    setRowCount(count);
+    filledCount = 0;
+    FillRows(0, kFilledRows);
+    resizeColumnsToContents();
+    setColumnWidth(kCommentColumn, std::min(columnWidth(kCommentColumn), kWidestComment));
+}
+
+void MachineGrid::resizeEvent(QResizeEvent* event)
+{
+    QTableWidget::resizeEvent(event);
+    FillView();
+}
+
+/// Fills the rows in view with some on both sides, unless they are.
+void MachineGrid::FillView()
+{
+    const int top = std::max(0, rowAt(0));
+    const int bottom = rowAt(viewport()->height() - 1);
+    const int last = bottom < 0 ? rowCount() - 1 : bottom;
+    if (top < filledFrom || last >= filledFrom + filledCount)
+        FillRows(std::max(0, top - kFilledRows / 2), kFilledRows);
+}
+
+/// Fills rows and empties those that were filled before.
+void MachineGrid::FillRows(int first, int count)
+{
+    const QSignalBlocker quiet(this);
+    for (int row = filledFrom; row < filledFrom + filledCount; ++row)
+        for (int column = 0; column < columnCount(); ++column)
+            delete takeItem(row, column);
+    filledFrom = first;
+    filledCount = 0;
+    for (const MachineRecord& record : source(first, std::min(count, rowCount() - first))) {
+        const int row = filledFrom + filledCount++;
         for (int column = 0; column < columnCount(); ++column) {
-            const MachineRecord& record = lines[static_cast<std::size_t>(row)].record;
             auto* cell = new QTableWidgetItem(kColumns.at(static_cast<std::size_t>(column)).text(record));
             if (column == kCommentColumn)
                 cell->setToolTip(PlainToolTip(cell->text()));
@@ -119,8 +153,6 @@ void MachineGrid::Fill(const std::vector<MachineLine>& lines)
             setItem(row, column, cell);
         }
     }
-    resizeColumnsToContents();
-    setColumnWidth(kCommentColumn, std::min(columnWidth(kCommentColumn), kWidestComment));
 }
 
 void MachineGrid::ShowRow(int row)
@@ -133,7 +165,8 @@ void MachineGrid::ShowRow(int row)
     }
     setCurrentCell(row, std::max(0, currentColumn()));
     selectRow(row);
-    scrollToItem(item(row, std::max(0, currentColumn())));
+    scrollTo(model()->index(row, std::max(0, currentColumn())));
+    FillView();
 }
 
 } // namespace korvanel

@@ -78,8 +78,11 @@ struct MachineFilter
     bool isGenerator = false;
 };
 
-/// All machines, or those of a filter, in the fixed order of the list. A row with a value of another type, or without a
-/// number, is left out. Throws DbError.
+/// Numbers of all machines, or of those of a filter, in the fixed order of the list. A row with a value of another
+/// type, or without a number, is left out. Throws DbError.
+std::vector<qint32> ListMachineNumbers(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);
+
+/// The machines themselves, for a database that isn't too large.
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);
 
 /// The same one by one, until `visit` returns false.

@@ -181,6 +181,16 @@ void VisitMachines(TableDb& db, const std::optional<MachineFilter>& filter,
     });
 }
 
+std::vector<qint32> ListMachineNumbers(TableDb& db, const std::optional<MachineFilter>& filter)
+{
+    std::vector<qint32> numbers;
+    VisitMachines(db, filter, [&numbers](const MachineLine& line) {
+        numbers.push_back(line.set_ID);
+        return true;
+    });
+    return numbers;
+}
+
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter)
 {
     std::vector<MachineLine> lines;

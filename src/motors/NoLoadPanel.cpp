@@ -5,6 +5,7 @@
 #include "core/NumberText.h"
 #include "core/texts/FormF10Texts.h"
 #include "core/texts/FormF3Texts.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "instruments/Catalogue.h"
 #include "instruments/PortBox.h"
@@ -19,7 +20,7 @@
 namespace korvanel {
 
 NoLoadPanel::NoLoadPanel()
-    : deviceBox(new QComboBox), portBox(new PortBox), intervalBox(new QComboBox), stateLabel(new QLabel),
+    : deviceBox(new QComboBox), portBox(new PortBox), intervalBox(new QComboBox), stateLabel(new PlainLabel),
       startButton(AddButton("cmdNoLoad", texts::noLoadStart, &NoLoadPanel::MeasurementWanted)),
       wiringButton(AddButton("cmdInfo_0", texts::machineWiring, &NoLoadPanel::WiringWanted)),
       diagnosisButton(AddButton("cmdSetup", texts::machineDiagnosis, &NoLoadPanel::DiagnosisWanted))
@@ -42,7 +43,7 @@ NoLoadPanel::NoLoadPanel()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(4);
     const auto addRow = [grid](int row, const QString& caption, QWidget* box, QWidget* buddy) {
-        auto* label = new QLabel(caption);
+        auto* label = new PlainLabel(caption);
         label->setBuddy(buddy);
         grid->addWidget(label, row, 0);
         grid->addWidget(box, row, 1, 1, 2);

@@ -2,6 +2,7 @@
 
 #include "core/Texts.h"
 #include "core/texts/FormF10Texts.h"
+#include "core/window/PlainLabel.h"
 #include "motors/KnownGroup.h"
 #include "motors/NoLoadPanel.h"
 #include "motors/NumberBox.h"
@@ -35,7 +36,7 @@ NumberBox* RatingTab::AddNumber(KnownGroup& group, QFormLayout& form, std::size_
 {
     auto* box = new NumberBox(field, [this] { return IsGenerator(); });
     group.Govern(box);
-    form.addRow(TextOf(MachineFieldOf(field).caption), box);
+    AddRow(form, TextOf(MachineFieldOf(field).caption), box);
     boxes.push_back(box);
     return box;
 }

@@ -3,8 +3,10 @@
 #include "core/Common.h"
 #include "core/LocalFormats.h"
 #include "core/NumberText.h"
+#include "core/texts/DefaultTexts.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <charconv>
@@ -53,6 +55,9 @@ QString TypedFieldText(const QString& text)
 ExportText::ExportText(const QString& path)
     : file(path), block(kBlock), at(block.data()), decimalPoint(QString(App().DecimalChar).toStdString())
 {
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile()) // a pipe would hold the program up
+        throw std::runtime_error((path + u'\n' + texts::noOrdinaryFile).toStdString());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         Fail();
     Append(kByteOrderMark);

@@ -5,6 +5,7 @@
 #include "core/Shell.h"
 #include "core/TableDb.h"
 #include "core/texts/FormF1Texts.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "project/ProjectCommands.h"
 
@@ -42,7 +43,7 @@ QLineEdit* FormF1::AddLine(const char* name, const QString& caption, QString& fi
     line->setMaxLength(kLongestTypedText);
     line->installEventFilter(this);
     connect(line, &QLineEdit::textChanged, this, [this, &field](const QString& text) { TakeText(text, field); });
-    form->addRow(caption, line);
+    AddRow(*form, caption, line);
     return line;
 }
 
@@ -62,15 +63,15 @@ void FormF1::AddDescription()
         TakeText(text, App().sDescription);
         shownDescription = text;
     });
-    form->addRow(texts::labelDescription, descriptionBox);
+    AddRow(*form, texts::labelDescription, descriptionBox);
 }
 
 void FormF1::AddDates()
 {
     const auto addDate = [this](const char* name, const QString& caption) {
-        auto* label = new QLabel;
+        auto* label = new PlainLabel;
         label->setObjectName(QLatin1String(name));
-        form->addRow(caption, label);
+        AddRow(*form, caption, label);
         return label;
     };
     createdLabel = addDate("lblDate_0", texts::labelCreated);
@@ -79,13 +80,13 @@ void FormF1::AddDates()
 
 void FormF1::AddPath()
 {
-    pathLabel = new QLabel;
+    pathLabel = new PlainLabel;
     pathLabel->setObjectName(QStringLiteral("lblDBPath"));
     pathLabel->setTextFormat(Qt::PlainText);
     pathLabel->setSizePolicy(QSizePolicy::Ignored,
                              QSizePolicy::Preferred); // the text is cut to the label, not vice versa
     pathLabel->installEventFilter(this);
-    form->addRow(texts::labelFile, pathLabel);
+    AddRow(*form, texts::labelFile, pathLabel);
     auto* saveAs = new QPushButton(texts::saveUnderOtherName);
     saveAs->setObjectName(QStringLiteral("cmdEdit"));
     connect(saveAs, &QPushButton::clicked, this, [this] {
@@ -97,7 +98,7 @@ void FormF1::AddPath()
     auto* row = new QHBoxLayout;
     row->addWidget(saveAs);
     row->addStretch(1);
-    form->addRow(QString(), row);
+    AddRow(*form, QString(), row);
 }
 
 void FormF1::Refresh()

@@ -152,8 +152,8 @@ QString SaveAsDialog(const QString& title, const QString& suggestion, const QStr
         ConfirmOverwrite(path);
         const bool isRefused = App().bFileError;
         App().bFileError = false;
-        if (!isRefused && DeleteDatabase(path))
-            return path;
+        if (!isRefused)
+            return path; // whoever writes it puts it in the place of the other one when it is complete
     }
 }
 
@@ -174,7 +174,9 @@ void NewProject()
     if (path.isEmpty())
         return;
     App().sProjectPath = path;
-    CreateProjectFile(path);
+    // Where nothing is created and another project keeps the name, there is nothing to go on with.
+    if (!CreateProjectFile(path, ExistingFile::Goes) && QFileInfo::exists(path))
+        return;
     SaveProject();
     BuildColumnLayout();
     App().TheShell->EnableProjectMenus(true);

@@ -25,6 +25,7 @@ namespace {
 
 constexpr std::initializer_list<const char*> kTables{"Overview",       "Settings",        "SampledValues",
                                                      "ComputedValues", "SimulatedValues", "Motor"};
+constexpr std::initializer_list<const char*> kValueTables{"SampledValues", "ComputedValues", "SimulatedValues"};
 
 void CreateTables()
 {
@@ -37,19 +38,40 @@ void CreateTables()
 
 } // namespace
 
-void CreateProjectFile(const QString& path)
+namespace {
+
+/// The file under a name of its own, with all its tables. Throws DbError.
+void MakeDraft(const QString& draft)
 {
-    const bool wasThere = QFileInfo::exists(path);
+    TableDb::Create(draft, kProjectApplicationId, CurrentSchema().Version());
+    App().sProjectPath = draft;
+    const ProjectDbScope scope;
+    CreateTables();
+}
+
+} // namespace
+
+// By value: it is mostly the path in the block, which is that of the draft for a while.
+bool CreateProjectFile(QString path, ExistingFile existing)
+{
+    const QString draft = path + QStringLiteral(".neu");
+    QString failure;
     try {
-        TableDb::Create(path, kProjectApplicationId, CurrentSchema().Version());
-        App().sProjectPath = path;
-        const ProjectDbScope scope;
-        CreateTables();
+        if (existing == ExistingFile::Stays && QFileInfo::exists(path))
+            throw DbError(texts::fileExists.toStdString());
+        DeleteFile(draft); // of an attempt that was cut short
+        MakeDraft(draft);
+        RemoveJournals(path);
+        failure = ReplaceFile(draft, path);
     } catch (const DbError& error) {
-        if (!wasThere)
-            DeleteFile(path); // a file without tables would only puzzle whoever finds it
-        ShowError(QString::fromUtf8(error.what()));
+        failure = QString::fromUtf8(error.what());
     }
+    App().sProjectPath = std::move(path);
+    if (failure.isEmpty())
+        return true;
+    DeleteFile(draft); // a file without tables would only puzzle whoever finds it
+    ShowError(failure);
+    return false;
 }
 
 void DeleteProjectMachines()
@@ -75,6 +97,9 @@ OpenedFile ReadProject()
     cursor.Show();
     const ProjectDbScope scope;
     ProjectDb().RequirePlainTables(kTables);
+    for (const char* table : kValueTables)
+        if (TableExists(QLatin1String(table)))
+            ProjectDb().RequireUnique(table, "Set");
     const SchemaAge age = AgeOfSchema(ProjectDb());
     TransferProjectData(Direction::Read);
     if (!TableExists(QStringLiteral("SampledValues")))
@@ -100,6 +125,10 @@ void OpenProject(const QString& path)
     try {
         file = ReadProject();
         CallHook(Hook::LoadMachines);
+    } catch (const DbLocked&) {
+        ShowFileInUse(path);
+        App().bFileError = true;
+        return;
     } catch (const DbError&) {
         ShowBadFormat(path);
         App().bFileError = true;
@@ -142,6 +171,10 @@ bool SaveProject()
         const ProjectDbScope scope;
         RequireSameProject();
         TransferProjectData(Direction::Write);
+    } catch (const DbLocked&) {
+        App().dtProjectSaved = formerlySaved;
+        ShowFileInUse(App().sProjectPath);
+        return false;
     } catch (const std::exception&) {
         App().dtProjectSaved = formerlySaved;
         ShowNotFound(App().sProjectPath);
@@ -181,8 +214,8 @@ bool SnapshotProject(const QString& startTime)
 
 bool CopyProject(const QString& target)
 {
-    RemoveJournals(target);
-    const QString failure = CopyFileReplacing(App().sProjectPath, target);
+    // A journal that stays would be played into the new file.
+    const QString failure = CopyFileReplacing(App().sProjectPath, target, [&target] { RemoveJournals(target); });
     if (!failure.isEmpty())
         ShowError(FillPlaceholders(texts::cannotCopyFile, {target, failure}));
     return failure.isEmpty();

@@ -9,9 +9,16 @@
 
 namespace korvanel {
 
-/// Creates the file with its value tables for the current net configuration and the two key-value tables. A failure
-/// shows the engine's words; nothing of the file is left behind then.
-void CreateProjectFile(const QString& path);
+/// What becomes of a file that has the name of a new one.
+enum class ExistingFile
+{
+    Stays, ///< which is a failure
+    Goes   ///< once the new one is complete
+};
+
+/// Creates the file with its value tables for the current net configuration and the two key-value tables, beside its
+/// place, and then puts it there. A failure shows the engine's words and returns false; nothing has changed then.
+bool CreateProjectFile(QString path, ExistingFile existing = ExistingFile::Stays);
 
 /// Takes the machines out of the open project. Throws DbError.
 void DeleteProjectMachines();

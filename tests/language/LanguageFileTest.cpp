@@ -3,6 +3,8 @@
 
 #include "support/Fixture.h"
 
+#include <sys/stat.h>
+
 namespace korvanel::test {
 
 namespace {
@@ -227,6 +229,27 @@ TEST_F(LanguageFileTest, ReadLanguageFile_OfAFileThatCannotBeReadIsNothing)
 {
     EXPECT_EQ(ReadLanguageFile(PathOf("fehlt.lng")), std::nullopt);
     EXPECT_EQ(ReadLanguageFile(folder.path()), std::nullopt);
+}
+
+TEST_F(LanguageFileTest, FileLargerThanAMegabyteIsNotRead)
+{
+    const QByteArray head("lang=Probe\n[MAIN]\nsize=1\n001 ");
+    const qsizetype room = kLargestLanguageFile - head.size();
+    EXPECT_TRUE(Read(head + QByteArray(room, 'x')));
+    EXPECT_FALSE(Read(head + QByteArray(room + 1, 'x')));
+}
+
+TEST_F(LanguageFileTest, FirstLineWithoutAnEndIsNoName)
+{
+    WriteContent("probe.lng", "lang=" + QByteArray(64 << 20, 'x'));
+    EXPECT_LE(LanguageName(PathOf("probe.lng")).value_or(QString()).size(), 1024);
+}
+
+TEST_F(LanguageFileTest, PipeInPlaceOfAFileIsNotRead)
+{
+    ASSERT_EQ(mkfifo(PathOf("pipe.lng").toLocal8Bit().constData(), 0600), 0);
+    EXPECT_EQ(LanguageName(PathOf("pipe.lng")), std::nullopt);
+    EXPECT_FALSE(ReadLanguageFile(PathOf("pipe.lng")));
 }
 
 } // namespace korvanel::test

@@ -84,6 +84,9 @@ TEST_F(HostileDisk, ReadOnlyDirectoryKeepsTheFileAsItWas)
     const Unprivileged user(folder.path());
     ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
     OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_EQ(shell.BoxTexts(), QStringList("Die Projektdatei ist schreibgeschützt. Änderungen lassen sich nur unter "
+                                            "anderem Namen speichern:\n" +
+                                            PathOf("test.MDB")));
     App().sCompany = QStringLiteral("Werk");
     App().bProjectDirty = true;
     SaveIfDirty();
@@ -93,7 +96,7 @@ TEST_F(HostileDisk, ReadOnlyDirectoryKeepsTheFileAsItWas)
     shell.savePaths = {PathOf("neu.MDB")};
     SaveProjectAs();
     EXPECT_EQ(App().sProjectPath, PathOf("test.MDB"));
-    EXPECT_EQ(shell.boxes.size(), 4U) << shell.BoxTexts().join(" / ").toStdString();
+    EXPECT_EQ(shell.boxes.size(), 5U) << shell.BoxTexts().join(" / ").toStdString();
     QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_TRUE(ContentOf("test.MDB") == before);
 }
@@ -158,6 +161,46 @@ TEST_F(HostileDisk, FullDiskDuringACopyLeavesTheTargetAsItWas)
     const FullDisk disk(4096);
     EXPECT_FALSE(CopyFileReplacing(PathOf("test.MDB"), PathOf("ziel.MDB")).isEmpty());
     EXPECT_EQ(ContentOf("ziel.MDB"), "old");
+}
+
+TEST_F(HostileDisk, FullDiskDuringSaveAsKeepsTheProjectThatWasToBeReplaced)
+{
+    MakeProject();
+    ASSERT_TRUE(QFile::copy(PathOf("test.MDB"), PathOf("alt.MDB")));
+    const QByteArray old = ContentOf("alt.MDB");
+    WriteContent("alt.MDB-journal", "hot");
+    OpenRecentProject(PathOf("test.MDB"));
+    shell.answers = {Answer::Yes};
+    shell.savePaths = {PathOf("alt.MDB")};
+    {
+        const FullDisk disk(4096);
+        SaveProjectAs();
+    }
+    EXPECT_EQ(App().sProjectPath, PathOf("test.MDB"));
+    EXPECT_TRUE(ContentOf("alt.MDB") == old);
+    EXPECT_EQ(ContentOf("alt.MDB-journal"), "hot") << "it belongs to the file that is still there";
+    EXPECT_TRUE(shell.boxes.back().text.startsWith("Kann Datei nicht kopieren:"));
+}
+
+TEST_F(HostileDisk, FullDiskDuringNewKeepsTheProjectThatWasToBeReplaced)
+{
+    MakeProject();
+    App().sCompany = QStringLiteral("Werk");
+    const QByteArray old = ContentOf("test.MDB");
+    shell.answers = {Answer::Yes};
+    shell.savePaths = {PathOf("test.MDB")};
+    {
+        const FullDisk disk(4096);
+        NewProject();
+    }
+    EXPECT_TRUE(ContentOf("test.MDB") == old);
+    EXPECT_FALSE(App().bProjectOpen);
+    EXPECT_FALSE(QFile::exists(PathOf("test.MDB.neu")));
+    shell.answers = {Answer::Yes};
+    shell.savePaths = {PathOf("test.MDB")};
+    NewProject();
+    EXPECT_TRUE(App().bProjectOpen) << "with room it is replaced";
+    EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Company'"), "Ihre Firma");
 }
 
 } // namespace

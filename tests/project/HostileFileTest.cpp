@@ -4,6 +4,10 @@
 #include "project/ProjectCommands.h"
 #include "support/ProjectFixture.h"
 
+#include <QDir>
+
+#include <sys/stat.h>
+
 #include <limits>
 
 namespace korvanel::test {
@@ -266,7 +270,10 @@ TEST_F(HostileFile, LockedByAnotherProcess)
     MakeProject();
     SQLite::Database other(PathOf("test.MDB").toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
-    ExpectRefusal("test.MDB");
+    OpenRecentProject(PathOf("test.MDB"));
+    EXPECT_FALSE(App().bProjectOpen);
+    EXPECT_EQ(shell.BoxTexts(),
+              QStringList("Die Datei wird gerade von einem anderen Programm benutzt:\n" + PathOf("test.MDB")));
     other.exec("ROLLBACK");
     OpenRecentProject(PathOf("test.MDB"));
     EXPECT_TRUE(App().bProjectOpen);
@@ -282,6 +289,124 @@ TEST_F(HostileFile, NewerVersionIsToldAndOpensAsItStands)
     EXPECT_TRUE(shell.boxes[0].text.contains("neueren Programmversion")) << shell.boxes[0].text.toStdString();
     EXPECT_TRUE(SaveProject());
     EXPECT_EQ(Query("PRAGMA user_version"), "77");
+}
+
+// What lies beside the file, or is none.
+
+TEST_F(HostileFile, JournalThatNamesAnotherFileIsRefusedBeforeTheEngineSeesIt)
+{
+    MakeProject();
+    WriteContent("victim.txt", "mine");
+    // As the engine ends the journal of a transaction over two databases: page, name, length, sum and mark.
+    const QByteArray name = PathOf("victim.txt").toLocal8Bit();
+    QByteArray record(4, '\0');
+    record += name;
+    const auto bigEndian = [](quint32 number) {
+        QByteArray bytes;
+        for (int shift = 24; shift >= 0; shift -= 8)
+            bytes += static_cast<char>(number >> shift & 0xFF);
+        return bytes;
+    };
+    quint32 sum = 0;
+    for (const char c : name)
+        sum += static_cast<quint32>(static_cast<signed char>(c));
+    record += bigEndian(static_cast<quint32>(name.size())) + bigEndian(sum) + QByteArray::fromHex("d9d505f920a163d7");
+    WriteContent("test.MDB-journal", QByteArray::fromHex("d9d505f920a163d7") + QByteArray(504, '\0') + record);
+    const QByteArray journal = ContentOf("test.MDB-journal");
+    ExpectRefusal("test.MDB");
+    EXPECT_EQ(ContentOf("victim.txt"), "mine");
+    EXPECT_TRUE(ContentOf("test.MDB-journal") == journal);
+}
+
+TEST_F(HostileFile, JournalThatIsALinkAPipeOrAFolderIsRefused)
+{
+    MakeProject();
+    WriteContent("victim.txt", "mine");
+    for (const char* ending : {"-journal", "-wal", "-shm"}) {
+        const QString beside = PathOf("test.MDB") + ending;
+        ASSERT_TRUE(QFile::link(PathOf("victim.txt"), beside));
+        ExpectRefusal("test.MDB");
+        QFile::remove(beside);
+        ASSERT_TRUE(QFile::link(PathOf("nowhere"), beside));
+        ExpectRefusal("test.MDB");
+        QFile::remove(beside);
+        ASSERT_EQ(mkfifo(beside.toLocal8Bit().constData(), 0600), 0);
+        ExpectRefusal("test.MDB");
+        QFile::remove(beside);
+        ASSERT_TRUE(QDir().mkdir(beside));
+        ExpectRefusal("test.MDB");
+        QDir().rmdir(beside);
+    }
+    EXPECT_EQ(ContentOf("victim.txt"), "mine");
+}
+
+TEST_F(HostileFile, JournalBesideTheFileThatALinkLeadsToCountsToo)
+{
+    MakeProject();
+    ASSERT_TRUE(QFile::link(PathOf("test.MDB"), PathOf("link.MDB")));
+    ASSERT_TRUE(QFile::link(PathOf("nowhere"), PathOf("test.MDB-journal")));
+    OpenRecentProject(PathOf("link.MDB"));
+    EXPECT_FALSE(App().bProjectOpen);
+    QFile::remove(PathOf("test.MDB-journal"));
+    OpenRecentProject(PathOf("link.MDB"));
+    EXPECT_TRUE(App().bProjectOpen) << "a link of the user's own is no harm";
+}
+
+TEST_F(HostileFile, WhatIsNoOrdinaryFileIsNotOpenedAtAll)
+{
+    ASSERT_EQ(mkfifo(PathOf("pipe.MDB").toLocal8Bit().constData(), 0600), 0);
+    ASSERT_TRUE(QDir().mkdir(PathOf("folder.MDB")));
+    for (const QString& path : {PathOf("pipe.MDB"), PathOf("folder.MDB"), QStringLiteral("/dev/zero"), QString()})
+        EXPECT_THROW(TableDb::Open(path), DbError) << path.toStdString();
+    EXPECT_THROW(TableDb::Create(QString(), 1, 1), DbError);
+    EXPECT_FALSE(QFile::exists("-journal"));
+}
+
+// Tables that only look like the program's own.
+
+TEST_F(HostileFile, VirtualTableInPlaceOfSamples)
+{
+    for (const char* words : {"CREATE VIRTUAL TABLE", "CREATE/**/VIRTUAL TABLE", "create  virtual table"}) {
+        MakeProject();
+        Execute("DROP TABLE SampledValues; CREATE VIRTUAL TABLE SampledValues USING fts5([Set], t)");
+        Execute(QStringLiteral("PRAGMA writable_schema=ON; UPDATE sqlite_schema SET sql='%1 SampledValues USING "
+                               "fts5([Set], t)' WHERE name='SampledValues'; PRAGMA writable_schema=OFF")
+                    .arg(QLatin1String(words)));
+        OpenRecentProject(PathOf("test.MDB"));
+        EXPECT_FALSE(App().bProjectOpen) << words;
+        EXPECT_EQ(shell.boxes.back().text, "Ungültiges Dateiformat:\n" + PathOf("test.MDB"));
+        QFile::remove(PathOf("test.MDB"));
+    }
+}
+
+TEST_F(HostileFile, ValueTablesWithoutAUniqueSet)
+{
+    for (const char* table : {"SampledValues", "ComputedValues"}) {
+        MakeProject();
+        Execute(QStringLiteral("CREATE TABLE copy AS SELECT * FROM %1; DROP TABLE %1; ALTER TABLE copy RENAME TO %1")
+                    .arg(QLatin1String(table)));
+        for (int i = 0; i < 3; ++i)
+            Execute(QStringLiteral("INSERT INTO %1([Set]) VALUES(1)").arg(QLatin1String(table)));
+        ExpectRefusal("test.MDB");
+        Execute(QStringLiteral("DELETE FROM %1; CREATE UNIQUE INDEX key_of_%1 ON %1([Set])").arg(QLatin1String(table)));
+        OpenRecentProject(PathOf("test.MDB"));
+        EXPECT_TRUE(App().bProjectOpen) << "an index is as good as a key";
+        App().bProjectOpen = false;
+        QFile::remove(PathOf("test.MDB"));
+    }
+}
+
+TEST_F(HostileFile, KeyOverTwoColumnsOrOverAPartIsNoUniqueSet)
+{
+    for (const char* key : {"CREATE UNIQUE INDEX k ON SampledValues([Set], t)",
+                            "CREATE UNIQUE INDEX k ON SampledValues([Set]) WHERE t > 5"}) {
+        MakeProject();
+        Execute("CREATE TABLE copy AS SELECT * FROM SampledValues; DROP TABLE SampledValues; "
+                "ALTER TABLE copy RENAME TO SampledValues");
+        Execute(QLatin1String(key));
+        ExpectRefusal("test.MDB");
+        QFile::remove(PathOf("test.MDB"));
+    }
 }
 
 } // namespace

@@ -102,7 +102,8 @@ TEST_F(ProjectClosing, SaveAs_TakesAlongWhatCouldNotBeSavedInTheOldFile)
         shell.savePaths = {PathOf("Kopie.MDB")};
         SaveProjectAs();
     }
-    EXPECT_EQ(shell.BoxTexts(), QStringList{NotFound(PathOf("test.MDB"))});
+    EXPECT_EQ(shell.BoxTexts(),
+              QStringList("Die Datei wird gerade von einem anderen Programm benutzt:\n" + PathOf("test.MDB")));
     EXPECT_EQ(App().sProjectPath, PathOf("Kopie.MDB"));
     EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Company'"), "Werk");
     EXPECT_FALSE(App().bProjectDirty);

@@ -111,8 +111,9 @@ void RememberDirectory(const QString& path)
 
 Answer RunBox(QWidget* parent, const Box& box)
 {
-    QMessageBox dialog(IconOf(box.icon), box.title, box.text, ButtonsOf(box.buttons), parent);
-    dialog.setTextFormat(Qt::PlainText);
+    QMessageBox dialog(IconOf(box.icon), box.title, {}, ButtonsOf(box.buttons), parent);
+    dialog.setTextFormat(Qt::PlainText); // before the text, which is looked at when it is set
+    dialog.setText(box.text);
     dialog.setTextInteractionFlags(Qt::TextSelectableByMouse);
     for (const BoxButton& entry : kButtons) {
         QAbstractButton* button = dialog.button(entry.button);

@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Paths.h"
 #include "core/texts/DefaultTexts.h"
+#include "core/window/PlainLabel.h"
 
 #include <QLabel>
 #include <QPixmap>
@@ -18,7 +19,7 @@ FormH2::FormH2(QWidget* parent) : QDialog(parent)
     setWindowTitle(texts::aboutTitle);
     auto* column = new QVBoxLayout(this);
     const auto add = [column](const char* name, const QString& text) {
-        auto* label = new QLabel(text);
+        auto* label = new PlainLabel(text);
         label->setObjectName(QLatin1String(name));
         label->setAlignment(Qt::AlignCenter);
         column->addWidget(label);

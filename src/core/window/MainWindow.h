@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/Shell.h"
+#include "core/window/InputUse.h"
 #include "core/window/PageFrame.h"
 #include "core/window/clsMRUMenu.h"
 

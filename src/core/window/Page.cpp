@@ -10,6 +10,7 @@
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "core/window/PendingInput.h"
+#include "core/window/PlainLabel.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -65,7 +66,7 @@ QPushButton* Page::AddButton(QHBoxLayout& row, const char* name, const QString& 
 void Page::AddDeviceLabel(QHBoxLayout& row)
 {
     constexpr double kSmall = 0.85;
-    auto* label = new QLabel(App().sDeviceId);
+    auto* label = new PlainLabel(App().sDeviceId);
     label->setObjectName(QStringLiteral("lblDeviceID"));
     label->setTextFormat(Qt::PlainText);
     QFont font = label->font();

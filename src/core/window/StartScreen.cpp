@@ -1,6 +1,7 @@
 #include "core/window/StartScreen.h"
 
 #include "core/Common.h"
+#include "core/window/PlainLabel.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -31,7 +32,7 @@ StartScreen::StartScreen(const QPixmap& logo) : QWidget(nullptr, Qt::SplashScree
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     const auto add = [column](const char* name) {
-        auto* label = new QLabel;
+        auto* label = new PlainLabel;
         label->setObjectName(QLatin1String(name));
         label->setAlignment(Qt::AlignCenter);
         column->addWidget(label);

@@ -1,6 +1,7 @@
 #include "core/window/StatusLamp.h"
 
 #include "core/Colour.h"
+#include "core/window/PlainToolTip.h"
 
 #include <QPainter>
 
@@ -29,7 +30,7 @@ void StatusLamp::Show(int colour, const QString& description)
     colourNumber = colour;
     setProperty("colour", colour);
     setAccessibleDescription(description);
-    setToolTip(description);
+    setToolTip(PlainToolTip(description));
     repaint();
 }
 

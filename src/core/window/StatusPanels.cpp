@@ -2,6 +2,7 @@
 
 #include "core/NumberText.h"
 #include "core/texts/MainTexts.h"
+#include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 
 #include <QLabel>
@@ -23,7 +24,7 @@ StatusPanels::StatusPanels()
 
 QLabel* StatusPanels::AddPanel(const char* name, int stretch)
 {
-    auto* label = new QLabel;
+    auto* label = new PlainLabel;
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     addWidget(label, stretch);
