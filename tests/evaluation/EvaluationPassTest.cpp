@@ -295,5 +295,63 @@ TEST_F(EvaluationPassTest, AnyMarkThatIsNot0IsACorrection)
     EXPECT_EQ(App().MachineI.evaluation.lCorrectedRows, 4);
 }
 
+// Gaps.
+
+class Gaps : public EvaluationPassTest
+{
+protected:
+    /// Sets at these times, s.
+    const EvaluationResults& At(const std::vector<double>& times, double interval = 1, const QString& term = {})
+    {
+        std::vector<tValueRow> rows;
+        for (const double t : times)
+            rows.emplace_back().dt = t;
+        MakeProject(0, rows, interval);
+        App().sMeasurementTerm = term;
+        EvaluateProject();
+        return App().MachineI.evaluation;
+    }
+    static void ExpectGaps(const EvaluationResults& results, int gaps, double missing, double coverage)
+    {
+        EXPECT_EQ(results.lGaps, gaps);
+        EXPECT_EQ(results.dMissing, missing);
+        EXPECT_NEAR(results.dCoverage, coverage, 1e-12);
+    }
+};
+
+TEST_F(Gaps, AreNoneInARecordingWithoutHoles)
+{
+    ExpectGaps(At({0, 1, 2, 3}, 1, "00:00:03"), 0, 0, 1);
+    ExpectGaps(At({0, 60, 120}, 60, "00:02:00"), 0, 0, 1);
+    ExpectGaps(At({1, 2, 3}), 0, 0, 1); // after a wait for the trigger
+    ExpectGaps(At({0}), 0, 0, 1);
+    ExpectGaps(At({}), 0, 0, 0);
+}
+
+TEST_F(Gaps, AreCountedWithTheSetsThatTheyLack)
+{
+    ExpectGaps(At({0, 1, 5, 6, 9}, 1, "00:00:09"), 2, 5, 0.5);
+    ExpectGaps(At({0, 5, 20}, 5), 1, 2, 0.6);
+}
+
+TEST_F(Gaps, EndOfTheRecordingBelongsToIt)
+{
+    ExpectGaps(At({0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 1, "00:01:40"), 1, 90, 0.1); // silent from the tenth second on
+}
+
+TEST_F(Gaps, TermThatIsShorterOrUnreadableLeavesTheTimesOfTheSets)
+{
+    for (const char* term : {"", "00:00:01", "-", "1:2:3", "99999999999:00:00"})
+        ExpectGaps(At({0, 1, 2, 7}, 1, term), 1, 4, 0.5);
+}
+
+TEST_F(Gaps, TimesThatGoBackAreNone)
+{
+    const EvaluationResults& results = At({0, 10, 5, 6});
+    EXPECT_EQ(results.lGaps, 1);
+    EXPECT_GE(results.dCoverage, 0);
+    EXPECT_LE(results.dCoverage, 1);
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -239,10 +239,25 @@ TEST_F(FormF6Test, TimeWindow_ChangesTheHeadingAtOnceAndTheValuesAtTheNextEntry)
     EXPECT_EQ(Cell("flxExtrem", 11, 2), "58,168 A");
     EXPECT_EQ(Cell("flxExtrem", 11, 3), "1 - 100");
     EXPECT_FALSE(App().bEvaluated);
+    EXPECT_TRUE(Find<QLabel>("lblOutdated").isVisible());
+    EXPECT_EQ(Label("lblOutdated"), "Ergebnisse veraltet");
+    EXPECT_EQ(App().MachineI.evaluation.sWindow, "00:15:00") << "that of the values";
     EnterPage();
+    EXPECT_FALSE(Find<QLabel>("lblOutdated").isVisible());
+    EXPECT_EQ(App().MachineI.evaluation.sWindow, "00:01:00");
     EXPECT_EQ(Cell("flxExtrem", 11, 2), "35,651 A") << "rms of 1 to 61";
     EXPECT_EQ(Cell("flxExtrem", 11, 3), "1 - 61");
     EXPECT_EQ(Cell("flxExtrem", 11, 5), "40 - 100");
+}
+
+TEST_F(FormF6Test, Gaps_StandInTheOverviewAndBelowTheEnergies)
+{
+    OpenProjectOf(0);
+    StoreNumbered(10);
+    Execute("UPDATE SampledValues SET t = t + 30 WHERE [Set] > 4");
+    EnterPage();
+    EXPECT_EQ(Label("lblGaps"), "Lücken: 1, Abdeckung 25 %");
+    EXPECT_EQ(Label("lblEnergyGaps"), "Lücken: 1, Abdeckung 25 %");
 }
 
 TEST_F(FormF6Test, TimeWindow_CancelledChangesNothing)

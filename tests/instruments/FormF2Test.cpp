@@ -125,5 +125,47 @@ TEST_F(FormF2Test, ForwardLeadsToTheMachineWhereThereIsOne)
     EXPECT_EQ(PageName(), "FormF10");
 }
 
+TEST_F(FormF2Test, OpeningATabShowsItsQuantities)
+{
+    ShowPage(0);
+    auto& tabs = Find<QTabWidget>("tabPage");
+    const QString ofSinglePhase = Find<QPlainTextEdit>("txtDescr_1").toPlainText();
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        const bool isMachine = tabs.tabText(tab) == "Asynchronmaschine";
+        EXPECT_EQ(Find<QPlainTextEdit>("txtDescr_1").toPlainText().contains("Drehmoment"), isMachine) << tab;
+        EXPECT_EQ(Find<QPlainTextEdit>("txtDescr_1").toPlainText().isEmpty(),
+                  tabs.tabText(tab) == "3-Phasen-Spannungsmessung")
+            << tab;
+    }
+    tabs.setCurrentIndex(0);
+    EXPECT_EQ(Find<QPlainTextEdit>("txtDescr_1").toPlainText(), ofSinglePhase);
+    EXPECT_EQ(App().iNetConfIndex, 0) << "looking changes nothing";
+}
+
+TEST_F(FormF2Test, ForwardFromATabWithoutAChoiceAsksInsteadOfGoingOnWithAnother)
+{
+    ShowPage(0);
+    Find<QTabWidget>("tabPage").setCurrentIndex(1);
+    shell.answers = {Answer::No, Answer::Yes};
+    Find<QPushButton>("cmdForw").click();
+    EXPECT_EQ(PageName(), "FormF2");
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(shell.boxes[0].text, "Auf dieser Karte ist nichts gewählt. Es gilt weiterhin:\n1-Phasen-Netz - "
+                                   "Semi-sequentielle Messung mit optimierter Abtastrate\nDamit weitergehen?");
+    EXPECT_EQ(shell.boxes[0].preset, Answer::No);
+    Find<QPushButton>("cmdForw").click();
+    EXPECT_EQ(PageName(), "FormF3");
+    EXPECT_EQ(App().iNetConfIndex, 0);
+}
+
+TEST_F(FormF2Test, ForwardFromTheTabOfTheChoiceAsksNothing)
+{
+    ShowPage(4);
+    Find<QPushButton>("cmdForw").click();
+    EXPECT_EQ(PageName(), "FormF3");
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -75,6 +75,28 @@ TEST_F(NetConfigurationChange, LeavingTheMachineConfigurationsClearsTheMachine)
     EXPECT_TRUE(shell.calls.contains("EnableMachineMenu 0"));
 }
 
+TEST_F(NetConfigurationChange, LeavingTheMachineConfigurationsClearsTheMachineInTheFileAndTheHeading)
+{
+    CreateProject(2);
+    Execute("CREATE TABLE Motor(set_ID INTEGER, Pmech REAL); INSERT INTO Motor VALUES(1, 18.5),(2, 22)");
+    App().MachineI.record.Pmech = 18500;
+    App().dtMeasurementBegin = App().dtMeasurementEnd = QDateTime(QDate(2026, 3, 14), QTime(15, 9, 26), Qt::UTC);
+    App().sMeasurementTerm = "00:10:00";
+    {
+        SQLite::Database other(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN IMMEDIATE");
+        EXPECT_FALSE(ChangeNetConfiguration(0));
+    }
+    EXPECT_EQ(App().MachineI.record.Pmech, 18500) << "what failed has changed nothing";
+    EXPECT_EQ(App().sMeasurementTerm, "00:10:00");
+    EXPECT_EQ(Query("SELECT count(*) FROM Motor"), "2");
+    EXPECT_TRUE(ChangeNetConfiguration(0));
+    EXPECT_EQ(Query("SELECT count(*) FROM Motor"), "0");
+    EXPECT_FALSE(App().MachineI.record.Pmech.has_value());
+    EXPECT_EQ(App().sMeasurementTerm, "");
+    EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Measurement Term'"), "");
+}
+
 TEST_F(NetConfigurationChange, SamplesWithoutTheirComputedHalfAreNotLostWithoutAQuestion)
 {
     CreateProject(0);

@@ -1,5 +1,6 @@
 // Entering, changing and deleting machines on the machine page.
 #include "motors/MachinePageFixture.h"
+#include "project/ProjectCommands.h"
 
 namespace korvanel::test {
 namespace {
@@ -367,6 +368,63 @@ TEST_F(FormF10EditTest, Delete_OfTheLastMachineIsRefused)
     Press("cmdEdit_2");
     EXPECT_EQ(shell.BoxTexts(), QStringList{"Es muss mindestens eine Maschine vorhanden sein."});
     EXPECT_EQ(Motors("SELECT count(*) FROM Motor"), "1");
+}
+
+// Leaving in the middle of an edit.
+
+TEST_F(FormF10EditTest, LeavingByTheMenuAsksForAnEditThatIsUnderWay)
+{
+    window.Menu().OnTriggered("mnuGeneralData", [this] { window.UnloadAndOpen(1); });
+    const auto leave = [this](Answer answer) {
+        shell.boxes.clear();
+        shell.answers = {answer};
+        window.Menu().Entry("mnuGeneralData")->trigger();
+        ASSERT_EQ(shell.boxes.size(), 1U);
+        EXPECT_EQ(shell.boxes[0].text,
+                  "Die Angaben zur Maschine sind noch nicht übernommen.\nSollen sie übernommen werden?");
+    };
+    ShowPage();
+    Press("cmdEdit_1");
+    Type("txtComment", "Werk C");
+    leave(Answer::Cancel);
+    EXPECT_EQ(PageName(), "FormF10");
+    EXPECT_EQ(Line("txtComment"), "Werk C");
+    leave(Answer::Yes);
+    EXPECT_EQ(PageName(), "FormF1");
+    EXPECT_EQ(Motors("SELECT count(*) FROM Motor WHERE Hersteller='Werk C'"), "1");
+
+    ShowPage();
+    Press("cmdBrowse_0"); // a machine with unknown values is not found again
+    Press("cmdEdit_1");
+    Type("txtComment", "Werk D");
+    leave(Answer::No);
+    EXPECT_EQ(PageName(), "FormF1");
+    EXPECT_EQ(Motors("SELECT count(*) FROM Motor WHERE Hersteller='Werk D'"), "0");
+}
+
+TEST_F(FormF10EditTest, LeavingWithAnEditThatIsRefusedStays)
+{
+    window.Menu().OnTriggered("mnuGeneralData", [this] { window.UnloadAndOpen(1); });
+    ShowPage();
+    Press("cmdEdit_1");
+    Enter("txtBemess_3", "200"); // 15 pole pairs
+    shell.answers = {Answer::Yes};
+    window.Menu().Entry("mnuGeneralData")->trigger();
+    EXPECT_EQ(PageName(), "FormF10");
+    EXPECT_EQ(Line("txtBemess_3"), "200");
+}
+
+TEST_F(FormF10EditTest, SavingTheProjectLeavesAnEditUnderWay)
+{
+    window.Menu().OnTriggered("mnuSave", SaveProjectFromMenu);
+    ShowPage();
+    Press("cmdEdit_1");
+    Type("txtComment", "Werk E");
+    shell.boxes.clear();
+    window.Menu().Entry("mnuSave")->trigger();
+    EXPECT_TRUE(shell.boxes.empty());
+    EXPECT_EQ(Line("txtComment"), "Werk E");
+    EXPECT_TRUE(IsEnabled("cmdInsert_0"));
 }
 
 } // namespace

@@ -140,5 +140,31 @@ TEST_F(FormF10HostileTest, ManyMachines_AreListed)
     EXPECT_EQ(Label("BrowseBemess"), "1994/1994");
 }
 
+TEST_F(FormF10HostileTest, HundredThousandMachines_AreReadAsTheyComeIntoView)
+{
+    ExecuteMotors("WITH RECURSIVE c(i) AS (SELECT 10 UNION ALL SELECT i+1 FROM c WHERE i < 100000) INSERT INTO Motor "
+                  "(set_ID, Hersteller, Polpaarzahl, Pmech, U, n, I, f, cosphi, Mreib) SELECT i, 'Nr ' || i, 2, i, "
+                  "400, 1472, 14.43, 50, 0.83, 0 FROM c");
+    ShowPage();
+    auto& grid = Find<QTableWidget>("GridBemess");
+    const auto filled = [&grid] {
+        int count = 0;
+        for (int row = 0; row < grid.rowCount(); ++row)
+            count += grid.item(row, 9) ? 1 : 0;
+        return count;
+    };
+    EXPECT_EQ(grid.rowCount(), 99994);
+    EXPECT_LE(filled(), 400);
+    Press("cmdBrowse_3");
+    EXPECT_EQ(Label("BrowseBemess"), "99994/99994");
+    ASSERT_NE(grid.item(99993, 9), nullptr);
+    EXPECT_EQ(grid.item(99993, 9)->text(), "Generator");
+    EXPECT_EQ(grid.item(99992, 9)->text(), "Nr 100000");
+    grid.scrollTo(grid.model()->index(50000, 0));
+    ASSERT_NE(grid.item(50000, 9), nullptr);
+    EXPECT_EQ(grid.item(50000, 9)->text(), "Nr 50008");
+    EXPECT_LE(filled(), 400);
+}
+
 } // namespace
 } // namespace korvanel::test
