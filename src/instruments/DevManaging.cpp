@@ -51,6 +51,7 @@ bool DevConnect()
     ApplicationBlock& app = App();
     app.bShowDevErrors = true;
     app.bConfigDue = false;
+    const QString formerIdentity = app.sDeviceId;
     bool isConnected = true;
     for (const quint8 command : {kDevSettings, kDevOpen, kDevIdentify, kDevConfigure})
         isConnected = isConnected && DevCommand(command);
@@ -61,6 +62,7 @@ bool DevConnect()
         if (app.bHasDeviceInfo)
             DevCommand(kDevInfo);
     }
+    app.bProjectDirty = app.bProjectDirty || app.sDeviceId != formerIdentity; // it belongs to the project's header
     CloseIfOpen();
     return isConnected;
 }

@@ -94,5 +94,76 @@ TEST_F(ComputedQuantities, DeriveFromUIP_TakesTheNetConfigurationOfTheBlock)
     EXPECT_NEAR(App().dCalcS, 866.0254037844386, 1e-9);
 }
 
+// The step of a set that was measured: a group that is not valid leaves its former step in force.
+
+class EnergyStep : public ComputedQuantities
+{
+protected:
+    EnergyStep()
+    {
+        ResetEnergies();
+        App().dInterval = 2;
+        Step("NNNN", 100, 30); // adds 200 Ws and 60 vars
+    }
+    static void Step(const char* mask, double P, double Q, qint32 set = 2)
+    {
+        tMeasuredRow& row = App().MeasuredRow;
+        row.sValidMask = QLatin1String(mask);
+        row.lSet = set;
+        row.dP[kSum] = P;
+        row.dQ[kSum] = Q;
+        StepEnergyOnline();
+    }
+    static void ExpectEnergies(double Wp, double Wq)
+    {
+        EXPECT_EQ(App().MeasuredRow.dWp, Wp);
+        EXPECT_EQ(App().MeasuredRow.dWq, Wq);
+    }
+};
+
+TEST_F(EnergyStep, AddsPowerTimesTheNominalInterval)
+{
+    ExpectEnergies(200, 60);
+    Step("NNNN", -50, 10);
+    ExpectEnergies(100, 80);
+    EXPECT_EQ(App().MeasuredRow.dWpPlus, 200);
+    EXPECT_EQ(App().MeasuredRow.dWpMinus, -100);
+}
+
+TEST_F(EnergyStep, OfReactiveEnergyNeedsVoltageCurrentAndPower)
+{
+    for (const char* mask : {"ENNN", "NENN", "NNEN", "EEEE"}) {
+        Step("NNNN", 100, 30);
+        const double before = App().MeasuredRow.dWq;
+        Step(mask, 100, 1000);
+        EXPECT_EQ(App().MeasuredRow.dWq - before, 60) << mask << ": the former step again";
+    }
+    const double before = App().MeasuredRow.dWq;
+    Step("NNNE", 100, 1000);
+    EXPECT_EQ(App().MeasuredRow.dWq - before, 2000) << "the frequency is free";
+}
+
+TEST_F(EnergyStep, OfActiveEnergyNeedsPowerAlone)
+{
+    for (const char* mask : {"NNEN", "EEEE"}) {
+        Step("NNNN", 100, 30);
+        const double before = App().MeasuredRow.dWp;
+        Step(mask, 1000, 30);
+        EXPECT_EQ(App().MeasuredRow.dWp - before, 200) << mask << ": the former step again";
+    }
+    for (const char* mask : {"ENNN", "NENN", "NNNE", "EENE"}) {
+        const double before = App().MeasuredRow.dWp;
+        Step(mask, 1000, 30);
+        EXPECT_EQ(App().MeasuredRow.dWp - before, 2000) << mask;
+    }
+}
+
+TEST_F(EnergyStep, OfTheFirstSetIsNothing)
+{
+    ResetEnergies();
+    Step("NNNN", 100, 30, 1);
+    ExpectEnergies(0, 0);
+}
+
 } // namespace
 } // namespace korvanel::test

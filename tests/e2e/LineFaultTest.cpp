@@ -145,8 +145,11 @@ TEST_F(LineFaultTest, LineClosedInMidRun_IsToldKeepsTheRowsAndTheNextRunWorks)
     program.Trigger("cmdSTART");
     ASSERT_TRUE(WaitForSamples(3));
     simulator.Tell("close");
-    EXPECT_EQ(program.AnswerBox("OK"),
-              "COM1: Die Verbindung über den Anschluss " + simulator.Link() + " ist abgebrochen.");
+    const QStringList told = program.AnswerBox("OK").split(u'\n');
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told[0], "COM1: Die Verbindung über den Anschluss " + simulator.Link() + " ist abgebrochen.");
+    EXPECT_TRUE(told[1].startsWith("Die Messung endete: "));
+    EXPECT_TRUE(told[1].endsWith(QStringLiteral(". Gespeicherte Datensätze: %1").arg(Count())));
     program.WaitForQuiet();
     program.WaitForText("cmdSTART", "START Messung");
     EXPECT_TRUE(program.IsEnabled("cmdForw"));

@@ -260,5 +260,89 @@ TEST_F(RecordingTest, ClosingTheWindowInMidRunKeepsTheRows)
     EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
 }
 
+TEST_F(RecordingTest, SecondProgramOnTheSameProjectChangesNothingDuringARun)
+{
+    SimulatorProcess simulator(folder.path());
+    AssignPort(simulator.Link());
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
+    OpenRun();
+    program.Trigger("cmdSTART");
+    ASSERT_TRUE(WaitForSamples(3));
+    ProgramDriver other(folder.filePath("other settings"));
+    other.Start();
+    other.WaitForWindow("MainForm");
+    other.Trigger("mnuOpen");
+    other.GivePath(project);
+    other.WaitForControl("FormF1");
+    other.Trigger("mnuOnlineDevice");
+    other.WaitForControl("FormF4");
+    other.Trigger("cmdDrop");
+    other.AnswerBox("Ja");
+    EXPECT_EQ(other.AnswerBox("OK"),
+              "Kann Datei nicht schreiben!\nDie Datei wird gerade von einem anderen Programm benutzt.");
+    other.WaitForQuiet();
+    const int before = Count();
+    ASSERT_TRUE(WaitForSamples(before + 2));
+    StopRun();
+    EXPECT_EQ(Query("SELECT max([Set]) FROM SampledValues").toInt(), Count());
+    EXPECT_GE(Count(), before + 2);
+    other.Trigger("cmdDrop");
+    other.AnswerBox("Ja");
+    other.WaitForQuiet();
+    EXPECT_EQ(Count(), 0) << "after the run the file is free";
+}
+
+TEST_F(RecordingTest, ReaderThatHoldsTheFileCostsNoRowAndIsShown)
+{
+    SimulatorProcess simulator(folder.path());
+    AssignPort(simulator.Link());
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
+    OpenRun();
+    program.Trigger("cmdSTART");
+    ASSERT_TRUE(WaitForSamples(3));
+    {
+        SQLite::Database reader(project.toStdString(), SQLite::OPEN_READONLY);
+        SQLite::Statement held(reader, "SELECT * FROM SampledValues");
+        reader.exec("BEGIN");
+        held.executeStep();
+        QElapsedTimer timer;
+        timer.start();
+        while (!program.Text("lblKept").contains("warten") && timer.elapsed() < 20000)
+            QThread::msleep(20);
+        EXPECT_TRUE(program.Text("lblKept").endsWith(" Sätze warten auf die Datei"));
+        QThread::sleep(3);
+    }
+    program.WaitForText("lblKept", "");
+    StopRun();
+    EXPECT_GE(Count(), 6);
+    EXPECT_EQ(Query("SELECT max([Set]) FROM SampledValues").toInt(), Count());
+    EXPECT_EQ(Query("SELECT max(t) FROM SampledValues").toInt(), Count() - 1) << "none is missing";
+}
+
+TEST_F(RecordingTest, KilledInTheSecondRecording_HeadingTellsTheSecond)
+{
+    SimulatorProcess simulator(folder.path());
+    AssignPort(simulator.Link());
+    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
+    OpenRun();
+    program.Trigger("cmdSTART");
+    ASSERT_TRUE(WaitForSamples(3));
+    StopRun();
+    const auto begin = [this] { return Query("SELECT Time FROM Overview WHERE Name='Measurement Begin'"); };
+    const QString first = begin();
+    QThread::sleep(2);
+    program.Trigger("cmdSTART");
+    program.AnswerBox("Ja");
+    ASSERT_TRUE(WaitForSamples(2));
+    program.Kill();
+    EXPECT_NE(begin(), first);
+    EXPECT_LE(std::abs(QDateTime::fromString(begin(), Qt::ISODate)
+                           .secsTo(QDateTime::fromString(Query("SELECT Time FROM SampledValues WHERE [Set]=1"),
+                                                         Qt::ISODate))),
+              2);
+    EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Measurement Term'"), "");
+    EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Measurement Device ID'"), "MI7150 4711");
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -8,9 +8,11 @@
 #include "instruments/SystemPort.h"
 
 #include <QCoreApplication>
+#include <QThread>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <numbers>
 
 namespace korvanel::test {
@@ -207,14 +209,21 @@ TEST_F(SimulatorLineTest, Reset_EmptiesTheCounters)
 {
     UseEntry("ISKRA MI71XX 1Ø2W (1b) Rec");
     simulator.Tell("profile constant");
+    QThread::sleep(2);
     Sample();
     const double before = App().MeasuredRow.dWpPlusAbs;
     ASSERT_TRUE(DevResetCounters());
     const double resetAt = simulator.Log().back().seconds;
     Sample();
-    const double counted = queries.back().seconds - resetAt;
-    EXPECT_GT(before, 0);
-    EXPECT_NEAR(App().MeasuredRow.dWpPlusAbs, App().MeasuredRow.dP[0] * counted, App().MeasuredRow.dP[0] * 0.6);
+    constexpr int kEnergyCode = 0;
+    constexpr double kDigit = kSecondsPerHour; // the counter shows whole watt hours
+    const auto asked = std::find_if(queries.begin(), queries.end(), [](const LoggedExchange& query) {
+        return query.kind == QStringLiteral("query") && query.code == kEnergyCode;
+    });
+    ASSERT_NE(asked, queries.end());
+    const double expected = App().MeasuredRow.dP[0] * (asked->seconds - resetAt);
+    EXPECT_GT(before, App().MeasuredRow.dWpPlusAbs);
+    EXPECT_NEAR(App().MeasuredRow.dWpPlusAbs, expected, kDigit + 0.05 * App().MeasuredRow.dP[0]);
 }
 
 } // namespace

@@ -274,6 +274,43 @@ TEST_F(NoLoadTest, NegativePower_IsNoSample)
     EXPECT_EQ(display.shown[3], kDashes);
 }
 
+TEST_F(NoLoadTest, NegativeVoltageOrCurrent_IsNoSample)
+{
+    for (const int code : {40, 12}) { // voltage and current in total
+        Show(400, 33, 50, 85);
+        display.shown.clear();
+        shell.boxes.clear();
+        atPoll = [&](int poll) {
+            if (poll == 3)
+                instrument.texts[code] = code == 40 ? "-400.0V" : "-33.00A";
+        };
+        test.StartOrStop(1);
+        Pass(30);
+        ASSERT_GT(display.shown.size(), 3U) << code;
+        EXPECT_EQ(display.shown[2], kSteady) << code;
+        EXPECT_EQ(display.shown[3], kDashes) << code;
+        EXPECT_EQ(shell.BoxTexts(), QStringList{kFailed}) << code;
+        pollTimes.clear();
+    }
+}
+
+TEST_F(NoLoadTest, Poll_MayComeEarlyByHalfATickAndNoMore)
+{
+    // The first poll is due at once; the clock then stands at the edge of the next one.
+    for (const double early : {0.0274, 0.0276}) {
+        pollTimes.clear();
+        test.StartOrStop(1);
+        moving.seconds += 0.05;
+        test.Tick();
+        ASSERT_EQ(pollTimes.size(), 1U);
+        const double nominal = pollTimes[0] + 1;
+        moving.seconds = nominal - early;
+        test.Tick();
+        EXPECT_EQ(pollTimes.size(), early < 0.0275 ? 2U : 1U) << early;
+        test.Stop();
+    }
+}
+
 TEST_F(NoLoadTest, PowerOfZero_IsAccepted)
 {
     Show(400, 0, 50, 60);

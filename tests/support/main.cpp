@@ -1,6 +1,7 @@
 // Entry of every test program: the user's settings lie in a folder of its own, and each test begins without any.
 #include "core/SettingsStore.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -33,6 +34,8 @@ int main(int argc, char* argv[])
     qputenv("TZ", "UTC");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir settings;
+    const QTemporaryDir work; // what a test writes without a path is nobody else's
+    QDir::setCurrent(work.path());
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
     qputenv("HOME", settings.path().toUtf8());
     ::testing::InitGoogleTest(&argc, argv);
