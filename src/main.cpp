@@ -23,6 +23,7 @@
 #include "core/window/MainMenu.h"
 #include "core/window/MainWindow.h"
 #include "core/window/PageTable.h"
+#include "core/window/Picture.h"
 #include "core/window/StartScreen.h"
 #include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
@@ -41,7 +42,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QPixmap>
@@ -163,10 +163,10 @@ void TranslateToolkit(QApplication& application)
 
 QPixmap LoadLogo()
 {
-    const QString path = JoinPath(App().sProgramDir, QStringLiteral("LOGO.BMP"));
-    const QPixmap logo = QFileInfo(path).isFile() ? QPixmap(path) : QPixmap();
+    const QString name = QStringLiteral("LOGO.BMP");
+    const QPixmap logo = LoadPicture(name);
     if (logo.isNull())
-        ShowNotFound(path);
+        ShowNotFound(JoinPath(App().sProgramDir, name));
     return logo;
 }
 
@@ -176,9 +176,10 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(kSettingsApplication);
-    QApplication::setWindowIcon(QIcon(JoinPath(QApplication::applicationDirPath(), QStringLiteral("KORVANEL.png"))));
     SetBuiltInTexts();
     InitialiseApplicationBlock(QDir::toNativeSeparators(QApplication::applicationDirPath()));
+    QApplication::setWindowIcon(QIcon(LoadPicture(QStringLiteral("KORVANEL.png"))));
+    const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication); // before anybody reads it
     const SystemClock clock;
     App().TheClock = &clock;
     StartDayClock();
@@ -188,7 +189,6 @@ int main(int argc, char* argv[])
     MainWindow window;
     App().TheShell = &window;
 
-    const std::optional<QString> damagedStore = SetDamagedStoreAside(kSettingsApplication);
     clsTimeSchedule schedule;
     App().TimeSchedule = &schedule;
     clsGraphColours colours(kSettingsApplication);

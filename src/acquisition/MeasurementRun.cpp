@@ -10,6 +10,7 @@
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
 #include "core/Shell.h"
+#include "core/clsWaitCursor.h"
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormF4Texts.h"
 #include "data/ComputedQuantities.h"
@@ -24,12 +25,32 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace korvanel {
 
 namespace {
 
 constexpr qint16 kGrace = 5;
+constexpr double kRetryPause = 0.05; // s
+constexpr double kPatienceAtStart = 5;
+
+/// Tries an operation on a file in use again for some seconds. Throws what it throws in the end.
+template <typename Routine>
+void TryFor(double seconds, Routine&& routine)
+{
+    const double end = App().TheClock->Seconds() + seconds;
+    for (;;) {
+        try {
+            routine();
+            return;
+        } catch (const DbLocked&) {
+            if (App().TheClock->Seconds() >= end)
+                throw;
+        }
+        App().TheClock->BusyWait(kRetryPause);
+    }
+}
 
 } // namespace
 
@@ -109,7 +130,7 @@ bool MeasurementRun::OpenFile()
     isFileOpen = true;
     try {
         if (IsProjectDbOpen())
-            ProjectDb().HoldLock();
+            TryFor(kPatienceAtStart, [] { ProjectDb().HoldLock(); });
     } catch (const DbLocked&) {
         Finish();
         ShowFileInUse(App().sProjectPath);
@@ -282,14 +303,13 @@ void MeasurementRun::FinishEntry()
     if (!PrepareRun()) // closes the line
         return;
     isRunning = false;
-    const qint32 lost = CloseRun();
+    CloseRun();
     const bool isKept = !plan.HasSeveral() || KeepEntry();
     if (isKept && !plan.IsManualWithDuration() && plan.SelectNextEntry())
         display.ShowRunning(false);
     else
         Finish();
     hasBegun = false;
-    TellLostSets(lost);
 }
 
 /// Puts the recording into a file of its own and empties the tables for the next one. False leaves the sets.
@@ -301,17 +321,31 @@ bool MeasurementRun::KeepEntry()
     return SnapshotProject(DateTimeText(start)) && ClearRows();
 }
 
-/// Stores what still waits, completes the heading in the file and closes it. Returns how many sets are lost.
-qint32 MeasurementRun::CloseRun()
+/// Waits for a file in use until it takes the sets that wait, as long as a recording would.
+void MeasurementRun::WaitForFile() const
+{
+    clsWaitCursor cursor;
+    cursor.Show();
+    while (KeptRows() > 0 && App().iFileErrors == 0 && App().TheClock->Seconds() - keptSince < kLongestFileWait) {
+        App().TheClock->BusyWait(kRetryPause);
+        StoreKeptRows();
+    }
+}
+
+/// Stores what still waits, completes the heading in the file and closes it.
+void MeasurementRun::CloseRun()
 {
     if (!isFileOpen)
-        return 0;
+        return;
     isFileOpen = false;
     if (IsProjectDbOpen())
-        ProjectDb().ReleaseLock(); // a last attempt waits for a reader
-    StoreKeptRows();
-    const qint32 lost = KeptRows();
-    if (App().iFileErrors == 0 && lost == 0 && RefreshSetCount()) {
+        ProjectDb().ReleaseLock();
+    if (App().iFileErrors == 0 && StoreKeptRows() && KeptRows() > 0)
+        WaitForFile();
+    lostSets += KeptRows();
+    if (hasBegun && !RefreshSetCount())
+        ClearRecordingHeading();
+    if (hasBegun && App().iFileErrors == 0) {
         try {
             WriteRecordingKeys();
         } catch (const DbError&) {
@@ -320,12 +354,11 @@ qint32 MeasurementRun::CloseRun()
     }
     CloseDbGuarded();
     display.ShowKept(0);
-    return lost;
 }
 
-void MeasurementRun::TellLostSets(qint32 lost)
+void MeasurementRun::TellLostSets()
 {
-    if (lost > 0)
+    if (const qint32 lost = std::exchange(lostSets, 0); lost > 0)
         ShowError(FillPlaceholders(texts::setsLost, {QString::number(lost)}));
 }
 
@@ -346,16 +379,15 @@ void MeasurementRun::Finish()
     display.EnableTicks(false);
     if (wasRunning && hasBegun)
         SetEnd();
-    const qint32 lost = CloseRun();
+    CloseRun();
     if (App().ThePort->IsOpen())
         DevCommand(kDevClose);
     display.ShowRunning(false);
     display.ShowCountdown({});
-    if (!RefreshSetCount() && wasRunning)
-        ClearRecordingHeading();
+    RefreshSetCount();
     display.LockPage(false);
     App().TheShell->SetBusyMenus(true);
-    TellLostSets(lost);
+    TellLostSets();
 }
 
 /// Ends the recording and then tells why, since when, and what there is of it.
@@ -363,6 +395,7 @@ void MeasurementRun::EndWith(const QString& reason)
 {
     const bool hasRun = isRunning && hasBegun;
     Finish();
+    App().sDevError.clear(); // it is part of the reason
     ShowError(hasRun
                   ? reason + u'\n' +
                         FillPlaceholders(texts::runEnded, {DateTimeText(lastMoment), QString::number(App().iSetCount)})
@@ -379,7 +412,7 @@ bool MeasurementRun::Drop()
 bool MeasurementRun::ClearRows()
 {
     try {
-        ClearRecording();
+        TryFor(isTicking ? kLongestFileWait : 0, ClearRecording); // nobody waits for it between planned recordings
     } catch (const DbError& error) {
         ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
         return false;

@@ -88,8 +88,9 @@ private:
     bool KeepEntry();
     bool ClearRows();
     void Finish();
-    qint32 CloseRun();
-    static void TellLostSets(qint32 lost);
+    void WaitForFile() const;
+    void CloseRun();
+    void TellLostSets();
     void NoteMoment();
     void SetEnd();
     void EndWith(const QString& reason);
@@ -106,6 +107,7 @@ private:
     double begun = 0;     ///< steady clock at the beginning, in seconds
     double keptSince = 0; ///< steady clock at the first set that the file didn't take
     qint32 rejected = 0;  ///< samples of this recording
+    qint32 lostSets = 0;  ///< that the file did not take, not yet told
     /// The present moment on both clocks, taken before anything is told: a box may stand for hours.
     QDateTime lastMoment;
     double lastSeconds = 0;

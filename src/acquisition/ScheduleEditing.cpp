@@ -129,6 +129,19 @@ std::vector<ScheduleEntry> CycleEntries(const ScheduleFields& fields)
     return entries;
 }
 
+bool HasSameEntries(const ScheduleFields& a, const ScheduleFields& b)
+{
+    const std::vector<ScheduleEntry> first = CycleEntries(a);
+    const std::vector<ScheduleEntry> second = CycleEntries(b);
+    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
+                      [](const ScheduleEntry& x, const ScheduleEntry& y) {
+                          return x.startMode == y.startMode && x.stopMode == y.stopMode &&
+                                 (!x.HasStartTime() || x.startTime == y.startTime) &&
+                                 (!x.HasStopTime() || x.stopTime == y.stopTime) &&
+                                 (x.stopMode != StopMode::Duration || x.term == y.term);
+                      });
+}
+
 std::optional<ScheduleConflict> SaveCycles(clsTimeSchedule& schedule, std::span<const ScheduleEntry> entries,
                                            std::optional<qint32> replaced)
 {

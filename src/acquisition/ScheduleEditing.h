@@ -45,8 +45,10 @@ struct ScheduleFields
     bool HasTerm() const { return stopMode == StopMode::Duration || HasTimedEnds(); }
     /// It becomes a series of entries.
     bool IsCyclic() const { return isRepeating && startMode == StartMode::Timed; }
-    bool operator==(const ScheduleFields&) const = default;
 };
+
+/// Whether two sets of fields yield the same planned recordings; what has no effect in the chosen modes doesn't count.
+bool HasSameEntries(const ScheduleFields& a, const ScheduleFields& b);
 
 /// A duration as it stands in three boxes.
 struct PeriodText

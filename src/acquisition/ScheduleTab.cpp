@@ -356,11 +356,15 @@ void ScheduleTab::SaveAsNew()
 
 bool ScheduleTab::TakeInput()
 {
-    if (Fields() == stored)
+    if (HasSameEntries(Fields(), stored))
         return true;
     const Answer answer = App().TheShell->ShowBox(
         {texts::tabSchedule, texts::scheduleNotSaved, BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes});
-    return answer == Answer::Yes ? SaveEntries(App().TimeSchedule->CurrentSet()) : answer == Answer::No;
+    if (answer == Answer::Yes)
+        return SaveEntries(App().TimeSchedule->CurrentSet());
+    if (answer == Answer::No)
+        stored = Fields(); // asked once
+    return answer == Answer::No;
 }
 
 bool ScheduleTab::SaveEntries(std::optional<qint32> replaced)
@@ -403,7 +407,7 @@ void ScheduleTab::ShowCurrent()
 void ScheduleTab::Guarded(const std::function<void()>& routine)
 {
     if (!QApplication::activeModalWidget()) // what is asked has to be answered first
-        RunGuarded(ActionName(sender() ? sender() : this), routine);
+        RunGuarded(ActionName(sender()), routine);
 }
 
 } // namespace korvanel

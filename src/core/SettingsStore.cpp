@@ -12,15 +12,37 @@ namespace korvanel {
 namespace {
 
 #ifdef Q_OS_WIN
-constexpr QSettings::Format kStoreFormat = QSettings::NativeFormat;
-#else
-constexpr QSettings::Format kStoreFormat = QSettings::IniFormat;
-#endif
 
 QSettings OpenStore(const QString& application)
 {
-    return {kStoreFormat, QSettings::UserScope, application, application};
+    return {QSettings::NativeFormat, QSettings::UserScope, application, application};
 }
+
+#else
+
+/// The one file of the user's settings; files of the system are none of this program's.
+QString StoreFile(const QString& application)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + application + u'/' +
+           application + QStringLiteral(".ini");
+}
+
+/// Whether a store can be read: it is not there yet, or an ordinary file of a size that settings have.
+bool IsUsableStore(const QString& file)
+{
+    constexpr qint64 kLargest = 1 << 20;
+    const QFileInfo store(file);
+    return store.isFile() ? store.size() <= kLargest : !store.exists() && !store.isSymLink();
+}
+
+/// A store that can't be read and couldn't be moved away is not touched; what is set lasts until the end then.
+QSettings OpenStore(const QString& application)
+{
+    const QString file = StoreFile(application);
+    return {IsUsableStore(file) ? file : QStringLiteral("/nowhere/") + application, QSettings::IniFormat};
+}
+
+#endif
 
 bool isAnyValueLost = false;
 
@@ -35,7 +57,6 @@ void Synchronise(QSettings& store)
 std::map<QString, QString> ReadSection(const QString& application, const QString& section)
 {
     QSettings store = OpenStore(application);
-    store.setFallbacksEnabled(false);
     store.beginGroup(section);
     std::map<QString, QString> values;
     for (const QString& key : store.childKeys()) {
@@ -71,30 +92,24 @@ bool IsAnyValueLost()
     return isAnyValueLost;
 }
 
-namespace {
-
 #ifndef Q_OS_WIN
-/// Where the toolkit keeps the store, without opening it.
-QString StoreFile(const QString& application)
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + application + u'/' +
-           application + QStringLiteral(".ini");
-}
+
+namespace {
 
 /// A pipe or a device in place of the store would hold the program up at the first look at it.
 std::optional<QString> SetStrangeStoreAside(const QString& application)
 {
     const QString file = StoreFile(application);
-    const QFileInfo store(file);
-    if (!store.exists() || store.isFile())
+    if (IsUsableStore(file))
         return std::nullopt;
     const QString copy = file + QStringLiteral(".bak");
     QFile::remove(copy);
     return QFile::rename(file, copy) ? copy : QString();
 }
-#endif
 
 } // namespace
+
+#endif
 
 std::optional<QString> SetDamagedStoreAside(const QString& application)
 {

@@ -165,14 +165,16 @@ void TableDb::SetSchemaVersion(int version)
 void TableDb::RequirePlainTables(std::initializer_list<const char*> names)
 {
     WithDbErrors([&] {
-        SQLite::Statement query(database,
-                                "SELECT 1 FROM sqlite_schema WHERE (type='view' AND name=?1 COLLATE NOCASE) OR "
-                                "(type='trigger' AND tbl_name=?1 COLLATE NOCASE)");
+        SQLite::Statement query(
+            database, "SELECT 1 FROM pragma_table_list WHERE schema='main' AND name=?1 COLLATE NOCASE AND "
+                      "type<>'table' UNION ALL "
+                      "SELECT 1 FROM sqlite_schema WHERE type='trigger' AND tbl_name=?1 COLLATE NOCASE UNION ALL "
+                      "SELECT 1 FROM pragma_table_xinfo(?1) WHERE hidden<>0");
         for (const char* name : names) {
             query.reset();
             query.bind(1, name);
             if (query.executeStep())
-                throw DbError(std::string("unexpected view or trigger: ") + name);
+                throw DbError(std::string("unexpected view, trigger or column: ") + name);
         }
     });
 }

@@ -57,8 +57,8 @@ public:
     /// Version of the schema, as the header of the file holds it; 0 for a file that never got one.
     int SchemaVersion();
     void SetSchemaVersion(int version);
-    /// Throws if one of these names is a view or has a trigger: this program makes none, and a foreign one could change
-    /// what is read or stored behind its back.
+    /// Throws if one of these names is a view or a virtual table, has a trigger or a computed column: this program
+    /// makes none, and a foreign one could change what is read or stored behind its back.
     void RequirePlainTables(std::initializer_list<const char*> names);
     /// Throws if a table may hold two rows with the same value of a column: a join by it would multiply them.
     void RequireUnique(const char* table, const char* column);

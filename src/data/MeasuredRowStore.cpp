@@ -18,7 +18,7 @@ void MeasuredRowStore::StoreKept()
         } catch (const DbLocked&) {
             return;
         } catch (...) {
-            kept.pop_front();
+            kept.pop_front(); // those behind it stay: nothing is stored past a set that is missing
             throw;
         }
         kept.pop_front();

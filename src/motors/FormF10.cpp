@@ -375,6 +375,7 @@ bool FormF10::TakeInput(InputUse use)
     ratingTab->Panel().Commit();
     if (!isEdited || use == InputUse::Saving)
         return true;
+    measurement.Stop(); // what its last sample shows is nothing to store
     const Answer answer = App().TheShell->ShowBox(
         {windowTitle(), texts::machineNotSaved, BoxIcon::Question, BoxButtons::YesNoCancel, Answer::Yes});
     if (answer == Answer::Yes)

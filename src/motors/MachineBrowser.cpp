@@ -30,11 +30,11 @@ private:
     std::unique_ptr<TableDb> db;
 };
 
-/// Machines of the whole database, whatever the list shows; nothing without a database.
-std::optional<std::size_t> CountMachines()
+/// Machines of the whole database, whatever the list shows, counted up to two; nothing without a database.
+std::optional<int> CountMachines()
 {
     const MotorDbScope db;
-    return db ? std::optional(ListMachineNumbers(*db).size()) : std::nullopt;
+    return db ? std::optional(CountMachinesUpTo(*db, 2)) : std::nullopt;
 }
 
 } // namespace
@@ -88,21 +88,17 @@ int MachineBrowser::PlaceOf(const std::optional<qint32>& set_ID) const
 
 std::vector<MachineRecord> MachineBrowser::Machines(int first, int count) const
 {
-    std::vector<MachineRecord> machines;
     const int end = std::min(Count(), first + count);
     if (first >= end)
-        return machines;
-    const MotorDbScope db;
-    for (int place = first; place < end; ++place) {
-        machines.emplace_back();
-        try {
-            if (db)
-                ReadMachine(*db, numbers[static_cast<std::size_t>(place)], machines.back());
-        } catch (const DbError&) {
-            // Its row was readable when the list was made; it stays empty, and choosing it tells the reason.
-        }
+        return {};
+    try {
+        // Whoever scrolls is asked and told nothing: choosing a row is what tells a file that went.
+        TableDb db = TableDb::Open(App().sMotorDbPath);
+        return ReadMachines(
+            db, std::span(numbers).subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first)));
+    } catch (const DbError&) {
+        return {};
     }
-    return machines;
 }
 
 void MachineBrowser::MoveTo(int wanted)
@@ -186,7 +182,7 @@ void MachineBrowser::DeleteCurrent()
 {
     if (row < 0)
         return;
-    const std::optional<std::size_t> count = CountMachines();
+    const std::optional<int> count = CountMachines();
     if (!count)
         return;
     if (*count < 2) {

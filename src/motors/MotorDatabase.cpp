@@ -181,12 +181,10 @@ bool IsMotorDatabase(const QString& path)
         return false;
     try {
         TableDb db = OpenAsMotorDb(path);
-        bool hasMachine = false;
-        VisitMachines(db, std::nullopt, [&hasMachine](const MachineLine&) {
-            hasMachine = true;
-            return false;
-        });
-        return hasMachine;
+        return CountMachinesUpTo(db, 1) > 0;
+    } catch (const DbLocked&) {
+        ShowFileInUse(path);
+        return false;
     } catch (const DbError&) {
         return false;
     }
@@ -251,7 +249,7 @@ void CopyMachinesIntoProject()
     if (!HasMachine(App().iNetConfIndex))
         return;
     if (App().bModelValid)
-        CopyMachineIntoProject(App().MachineI.record, WhichMachine::I);
+        PassMachineOn(); // which the rows of the copy follow
     if (App().bASMSim && App().MachineII.record.Pmech)
         CopyMachineIntoProject(App().MachineII.record, WhichMachine::II);
 }

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace korvanel {
@@ -81,6 +82,13 @@ struct MachineFilter
 /// Numbers of all machines, or of those of a filter, in the fixed order of the list. A row with a value of another
 /// type, or without a number, is left out. Throws DbError.
 std::vector<qint32> ListMachineNumbers(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);
+
+/// Counts machines, and stops counting at a limit. Throws DbError.
+int CountMachinesUpTo(TableDb& db, int limit);
+
+/// The machines of some numbers, in their order, read at once. One that can't be read, or is gone, is empty. Throws
+/// DbError.
+std::vector<MachineRecord> ReadMachines(TableDb& db, std::span<const qint32> numbers);
 
 /// The machines themselves, for a database that isn't too large.
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);

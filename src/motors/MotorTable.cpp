@@ -4,6 +4,7 @@
 #include "motors/MotorColumns.h"
 #include "motors/MotorDatabase.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace korvanel {
@@ -189,6 +190,38 @@ std::vector<qint32> ListMachineNumbers(TableDb& db, const std::optional<MachineF
         return true;
     });
     return numbers;
+}
+
+int CountMachinesUpTo(TableDb& db, int limit)
+{
+    return WithDbErrors([&] {
+        SQLite::Statement row(db.Handle(), SelectSql(db));
+        MachineRecord record;
+        int count = 0;
+        while (count < limit && row.executeStep())
+            count += !TakeRow(row, record) && record.set_ID.value_or(0) >= 1 ? 1 : 0;
+        return count;
+    });
+}
+
+std::vector<MachineRecord> ReadMachines(TableDb& db, std::span<const qint32> numbers)
+{
+    std::vector<MachineRecord> records(numbers.size());
+    std::string list;
+    for (const qint32 number : numbers)
+        list.append(list.empty() ? "" : ",").append(std::to_string(number));
+    WithDbErrors([&] {
+        SQLite::Statement row(db.Handle(), SelectSql(db) + " WHERE [set_ID] IN (" + list + ')');
+        MachineRecord record;
+        while (row.executeStep()) {
+            if (TakeRow(row, record) || !record.set_ID)
+                continue;
+            const auto place = std::find(numbers.begin(), numbers.end(), *record.set_ID);
+            if (place != numbers.end())
+                records.at(static_cast<std::size_t>(place - numbers.begin())) = record;
+        }
+    });
+    return records;
 }
 
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter)

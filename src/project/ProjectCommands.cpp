@@ -45,6 +45,12 @@ bool LeaveOpenProject()
 /// Deletes a file with what the engine has left beside it. False, and told, if the file stays.
 bool DeleteDatabase(const QString& path)
 {
+    try {
+        RequireNotInUse(path);
+    } catch (const DbLocked&) {
+        ShowFileInUse(path);
+        return false;
+    }
     DeleteFile(path);
     if (QFileInfo::exists(path)) {
         ShowError(texts::cannotDeleteFile + u'\n' + path);

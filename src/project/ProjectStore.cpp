@@ -14,10 +14,15 @@
 #include "project/ProjectSchema.h"
 #include "project/RecordingHeading.h"
 
+#include <SQLiteCpp/Backup.h>
+#include <sqlite3.h>
+
 #include <QFile>
 #include <QFileInfo>
 
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace korvanel {
 
@@ -40,6 +45,60 @@ void CreateTables()
 
 namespace {
 
+QString FreeNameBeside(const QString& path)
+{
+    for (int number = 1;; ++number) {
+        const QString name = path + QStringLiteral(".%1.neu").arg(number);
+        if (!QFileInfo::exists(name))
+            return name;
+    }
+}
+
+/// The journals of a file that is to be replaced. They belong to it as long as it is there, and would be played into
+/// the new one.
+class JournalsAside
+{
+public:
+    explicit JournalsAside(const QString& ofFile) : path(ofFile)
+    {
+        for (const char* ending : kJournalEndings)
+            QFile::remove(Aside(ending)); // of an attempt that was cut short
+        for (const char* ending : kJournalEndings)
+            QFile::rename(path + QLatin1String(ending), Aside(ending));
+    }
+    JournalsAside(const JournalsAside&) = delete;
+    JournalsAside& operator=(const JournalsAside&) = delete;
+    ~JournalsAside()
+    {
+        for (const char* ending : kJournalEndings)
+            QFile::rename(Aside(ending), path + QLatin1String(ending));
+    }
+    void Drop() const
+    {
+        for (const char* ending : kJournalEndings)
+            QFile::remove(Aside(ending));
+    }
+
+private:
+    QString Aside(const char* ending) const { return path + QLatin1String(ending) + QStringLiteral(".alt"); }
+
+    static constexpr std::array kJournalEndings{"-journal", "-wal", "-shm"};
+    QString path;
+};
+
+/// Copies a database page by page while others may read and write it: what comes out is the state between two of their
+/// transactions. Throws DbError.
+void CopyDatabase(const QString& source, const QString& copy)
+{
+    TableDb from = TableDb::Open(source);
+    WithDbErrors([&] {
+        SQLite::Database to(copy.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Backup backup(to, from.Handle());
+        if (backup.executeStep() != SQLITE_DONE)
+            throw DbLocked();
+    });
+}
+
 /// The file under a name of its own, with all its tables. Throws DbError.
 void MakeDraft(const QString& draft)
 {
@@ -54,15 +113,17 @@ void MakeDraft(const QString& draft)
 // By value: it is mostly the path in the block, which is that of the draft for a while.
 bool CreateProjectFile(QString path, ExistingFile existing)
 {
-    const QString draft = path + QStringLiteral(".neu");
+    const QString draft = FreeNameBeside(path);
     QString failure;
     try {
         if (existing == ExistingFile::Stays && QFileInfo::exists(path))
             throw DbError(texts::fileExists.toStdString());
-        DeleteFile(draft); // of an attempt that was cut short
+        RequireNotInUse(path);
         MakeDraft(draft);
-        RemoveJournals(path);
+        const JournalsAside journals(path);
         failure = ReplaceFile(draft, path);
+        if (failure.isEmpty())
+            journals.Drop();
     } catch (const DbError& error) {
         failure = QString::fromUtf8(error.what());
     }
@@ -72,6 +133,20 @@ bool CreateProjectFile(QString path, ExistingFile existing)
     DeleteFile(draft); // a file without tables would only puzzle whoever finds it
     ShowError(failure);
     return false;
+}
+
+void RequireNotInUse(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        return;
+    try {
+        TableDb db = TableDb::Open(path);
+        const DbTransaction transaction(db);
+    } catch (const DbLocked&) {
+        throw;
+    } catch (const DbError&) {
+        // Whatever else is wrong with the file is no matter here.
+    }
 }
 
 void DeleteProjectMachines()
@@ -105,11 +180,10 @@ OpenedFile ReadProject()
     if (!TableExists(QStringLiteral("SampledValues")))
         throw DbError("no table SampledValues");
     BringUpProject(ProjectDb(), App().iNetConfIndex);
+    RefreshSetCount();
+    MendRecordingHeading();
     if (App().sMeasurementTerm.isEmpty())
         UpdateMeasurementTerm();
-    else
-        RefreshSetCount();
-    MendRecordingHeading();
     ProjectDb().UseRollbackJournal();
     return {.isReadOnly = ProjectDb().IsReadOnly(), .isNewer = age == SchemaAge::Newer};
 }
@@ -170,7 +244,7 @@ bool SaveProject()
     try {
         const ProjectDbScope scope;
         RequireSameProject();
-        TransferProjectData(Direction::Write);
+        SaveProjectData();
     } catch (const DbLocked&) {
         App().dtProjectSaved = formerlySaved;
         ShowFileInUse(App().sProjectPath);
@@ -199,6 +273,9 @@ bool SnapshotProject(const QString& startTime)
     try {
         const ProjectDbScope scope;
         TransferMeasurementHeader(Direction::Write);
+    } catch (const DbLocked&) {
+        ShowFileInUse(App().sProjectPath);
+        return false;
     } catch (const DbError&) {
         ShowNotFound(App().sProjectPath);
         return false;
@@ -214,8 +291,20 @@ bool SnapshotProject(const QString& startTime)
 
 bool CopyProject(const QString& target)
 {
-    // A journal that stays would be played into the new file.
-    const QString failure = CopyFileReplacing(App().sProjectPath, target, [&target] { RemoveJournals(target); });
+    const QString draft = FreeNameBeside(target);
+    QString failure;
+    try {
+        RequireNotInUse(target);
+        CopyDatabase(App().sProjectPath, draft);
+        const JournalsAside journals(target);
+        failure = ReplaceFile(draft, target);
+        if (failure.isEmpty())
+            journals.Drop();
+    } catch (const DbError& error) {
+        failure = QString::fromUtf8(error.what());
+    }
+    if (!failure.isEmpty())
+        DeleteFile(draft);
     if (!failure.isEmpty())
         ShowError(FillPlaceholders(texts::cannotCopyFile, {target, failure}));
     return failure.isEmpty();

@@ -32,6 +32,9 @@ bool SaveProject();
 /// Saves if header or settings have changed.
 void SaveIfDirty();
 
+/// Throws DbLocked if another program writes a database at the moment, as a recording does from its begin to its end.
+void RequireNotInUse(const QString& path);
+
 /// Copies the project's file, replacing a file of that name with whatever journal stands beside it. A failure is told.
 bool CopyProject(const QString& target);
 

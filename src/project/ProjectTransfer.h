@@ -18,6 +18,10 @@ void TransferValue(Direction direction, const ProjectKey& key);
 /// Moves all keys of both tables, in their order. Writing is one transaction.
 void TransferProjectData(Direction direction);
 
+/// Writes all keys as a save does: what is said of the recording is left to whoever has changed it since this program
+/// last read or wrote it, another program perhaps, and read from the file instead.
+void SaveProjectData();
+
 /// Moves the four keys that a run changes: begin, end, term and identity of the instrument.
 void TransferMeasurementHeader(Direction direction);
 

@@ -88,10 +88,11 @@ void MendRecordingHeading()
     const bool isOwn = BelongsTo(App().dtMeasurementBegin, firstSet);
     if (isOwn && App().dtMeasurementEnd != ZeroDate())
         return;
-    if (!isOwn)
-        App().dtMeasurementBegin = firstSet;
     App().dtMeasurementEnd = lastSet;
-    UpdateMeasurementTerm();
+    if (isOwn)
+        return;
+    App().dtMeasurementBegin = firstSet;
+    App().sMeasurementTerm.clear();
 }
 
 } // namespace korvanel

@@ -12,7 +12,7 @@ class EvaluationProgram : public ProjectTest
 protected:
     EvaluationProgram()
     {
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, PathOf("settings"));
+        qputenv("XDG_CONFIG_HOME", PathOf("settings").toUtf8()); // those of the program
         options.emplace(App().sProgramDir);
         App().ProgSettings = &*options;
     }

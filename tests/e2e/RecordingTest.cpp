@@ -333,6 +333,7 @@ TEST_F(RecordingTest, KilledInTheSecondRecording_HeadingTellsTheSecond)
     QThread::sleep(2);
     program.Trigger("cmdSTART");
     program.AnswerBox("Ja");
+    program.WaitForText("cmdSTART", "STOP Messung");
     ASSERT_TRUE(WaitForSamples(2));
     program.Kill();
     EXPECT_NE(begin(), first);

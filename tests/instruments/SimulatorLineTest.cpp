@@ -214,6 +214,7 @@ TEST_F(SimulatorLineTest, Reset_EmptiesTheCounters)
     const double before = App().MeasuredRow.dWpPlusAbs;
     ASSERT_TRUE(DevResetCounters());
     const double resetAt = simulator.Log().back().seconds;
+    QThread::sleep(6); // of which the counter shows some hundredths
     Sample();
     constexpr int kEnergyCode = 0;
     constexpr double kDigit = kSecondsPerHour; // the counter shows whole watt hours

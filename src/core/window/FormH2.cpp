@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Paths.h"
 #include "core/texts/DefaultTexts.h"
+#include "core/window/Picture.h"
 #include "core/window/PlainLabel.h"
 
 #include <QLabel>
@@ -25,7 +26,7 @@ FormH2::FormH2(QWidget* parent) : QDialog(parent)
         column->addWidget(label);
         return label;
     };
-    const QPixmap logo(JoinPath(App().sProgramDir, QStringLiteral("LOGO.BMP")));
+    const QPixmap logo = LoadPicture(QStringLiteral("LOGO.BMP"));
     if (!logo.isNull())
         add("imgLogo", {})->setPixmap(logo);
     QLabel* name = add("lblAbout_0", QStringLiteral("KORVANEL"));

@@ -65,7 +65,10 @@ bool OpenWithWhatIsThere(const QString& path)
 void OpenManual()
 {
     const QString path = JoinPath(JoinPath(App().sProgramDir, QStringLiteral("LANGUAGES")), texts::manualFile);
-    if (!QFileInfo(path).isFile())
+    // The name comes from the language table; only a document of the folder itself is meant.
+    const bool isDocument =
+        texts::manualFile == FileNameOf(texts::manualFile) && HasExtension(texts::manualFile, QStringLiteral(".pdf"));
+    if (!isDocument || !QFileInfo(path).isFile())
         ShowPathNotFound(path);
     else if (!OpenWithWhatIsThere(path))
         TellNoViewer(path);

@@ -72,7 +72,7 @@ constexpr MenuEntry kEntries[] = {
     {.parent = "mnuDevice", .name = "mnuResPrint", .caption = &texts::mnuResPrint},
     {.parent = nullptr, .name = "mnuoptions", .caption = &texts::mnuoptions, .isMenu = true},
     {.parent = "mnuoptions", .name = "mnuModbus", .caption = &texts::mnuModbus, .input = InputUse::Saving},
-    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &texts::mnuDatabaseOpt, .input = InputUse::Saving},
+    {.parent = "mnuoptions", .name = "mnuDatabaseOpt", .caption = &texts::mnuDatabaseOpt},
     {.parent = "mnuoptions", .name = "mnuConvert", .caption = &texts::mnuConvert},
     {.parent = "mnuoptions", .name = "mnuLang", .caption = &texts::mnuLang, .isMenu = true},
     {.parent = nullptr, .name = "mnuHelp", .caption = &texts::mnuHelp, .isMenu = true},

@@ -306,11 +306,15 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    if (page && !(page->MayClose() && TakeInput(InputUse::Leaving))) {
-        event->ignore();
+    event->ignore(); // whatever happens before the user has agreed
+    const QString operation = ActionName(menu->Entry(QStringLiteral("mnuEnd")));
+    bool mayClose = false;
+    RunGuarded(operation, [&] { mayClose = !page || (page->MayClose() && TakeInput(InputUse::Leaving)); });
+    if (!mayClose) {
+        App().iExitAction = kExitCancelled; // of a restart that was wanted too
         return;
     }
-    RunGuarded(ActionName(menu->Entry(QStringLiteral("mnuEnd"))), [this, event] {
+    RunGuarded(operation, [this, event] {
         if (page)
             page->Leave(); // a recording ends before its file does
         const bool isClosing = CallHook(Hook::CloseProject);

@@ -77,8 +77,10 @@ void Page::AddDeviceLabel(QHBoxLayout& row)
 
 void Page::Guarded(const std::function<void()>& routine)
 {
-    if (!QApplication::activeModalWidget()) // what is asked has to be answered first
-        RunGuarded(ActionName(sender() ? sender() : this), routine);
+    if (QApplication::activeModalWidget()) // what is asked has to be answered first
+        return;
+    const QString action = ActionName(sender());
+    RunGuarded(action.isEmpty() ? windowTitle() : action, routine);
 }
 
 void Page::Locked(const std::function<void()>& routine, const std::function<void()>& atEnd)
