@@ -12,7 +12,8 @@ void ClearRecordingHeading();
 
 /// Brings begin, end and duration in the block into line with the sets of the open project: what a power cut or a
 /// killed program has left is completed from the time stamps of the first and the last set, and a heading that belongs
-/// to other sets is replaced. Sets without time stamps, as made by hand, change nothing. Throws DbError.
+/// to other sets is replaced, its duration by an empty one. Sets without time stamps, as made by hand, change nothing.
+/// Throws DbError.
 void MendRecordingHeading();
 
 } // namespace korvanel
