@@ -164,7 +164,7 @@ void TranslateToolkit(QApplication& application)
 QPixmap LoadLogo()
 {
     const QString name = QStringLiteral("LOGO.BMP");
-    const QPixmap logo = LoadPicture(name);
+    QPixmap logo = LoadPicture(name);
     if (logo.isNull())
         ShowNotFound(JoinPath(App().sProgramDir, name));
     return logo;

@@ -334,7 +334,7 @@ void FormF4::ClearOnline()
     counts[kGraphCount]->setText(QStringLiteral("- "));
     counts[kElapsedCount]->setText(ZeroTime());
     counts[kSampleCount]->clear();
-    ShowRejected(0);
+    rejectedLabel->setText(QString::number(0));
     grid->Rebuild();
     grid->ClearPresent();
     graph->Clear();

@@ -114,7 +114,7 @@ std::optional<QString> SetStrangeStoreAside(const QString& application)
 std::optional<QString> SetDamagedStoreAside(const QString& application)
 {
 #ifndef Q_OS_WIN
-    if (const std::optional<QString> aside = SetStrangeStoreAside(application))
+    if (std::optional<QString> aside = SetStrangeStoreAside(application))
         return aside;
 #endif
     const QSettings store = OpenStore(application);

@@ -73,7 +73,7 @@ bool AppendMeasuredRow(const std::function<void()>& beside)
             StepEnergyOnline();
         const quint8 mark = row.sValidMask == kGoodSample ? 0 : kCorrected;
         Prepared<MeasuredRowStore>(RecordsetSlot::Write, app.iNetConfIndex)
-            .Put({.row = row,
+            .Put({.row = static_cast<const tValueRow&>(row),
                   .stamp = {.set = row.lSet,
                             .time = StoredDateText(PresentMoment()),
                             .mark = mark,

@@ -193,7 +193,10 @@ void FormH11::TakeOver()
         return;
     if (QFileInfo(path) != QFileInfo(App().sMotorDbPath)) {
         if (!IsUsable(path)) {
-            ShowError(texts::databaseIncompatible + u'\n' + texts::databaseOther);
+            if (IsDatabaseInUse(path))
+                ShowFileInUse(path);
+            else
+                ShowError(texts::databaseIncompatible + u'\n' + texts::databaseOther);
             files->setFocus();
             return;
         }

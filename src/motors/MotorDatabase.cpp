@@ -182,12 +182,21 @@ bool IsMotorDatabase(const QString& path)
     try {
         TableDb db = OpenAsMotorDb(path);
         return CountMachinesUpTo(db, 1) > 0;
-    } catch (const DbLocked&) {
-        ShowFileInUse(path);
-        return false;
     } catch (const DbError&) {
         return false;
     }
+}
+
+bool IsDatabaseInUse(const QString& path)
+{
+    try {
+        OpenAsMotorDb(path);
+    } catch (const DbLocked&) {
+        return true;
+    } catch (const DbError&) {
+        // Something else is wrong with it.
+    }
+    return false;
 }
 
 void UseMotorDatabase(const QString& path)

@@ -100,6 +100,9 @@ void VisitMachines(TableDb& db, const std::optional<MachineFilter>& filter,
 /// Whether a file can be the motor database: it has machines and is no project.
 bool IsMotorDatabase(const QString& path);
 
+/// Whether a file can't be looked at because another program writes it at the moment.
+bool IsDatabaseInUse(const QString& path);
+
 /// Makes a file the motor database, also of later starts, and compares the machines of the open project with it.
 void UseMotorDatabase(const QString& path);
 

@@ -48,7 +48,7 @@ namespace {
 QString FreeNameBeside(const QString& path)
 {
     for (int number = 1;; ++number) {
-        const QString name = path + QStringLiteral(".%1.neu").arg(number);
+        QString name = path + QStringLiteral(".%1.neu").arg(number);
         if (!QFileInfo::exists(name))
             return name;
     }

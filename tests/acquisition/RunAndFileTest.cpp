@@ -2,8 +2,9 @@
 #include "acquisition/RunFixture.h"
 #include "core/LocalFormats.h"
 #include "project/ProjectCommands.h"
+#include "project/ProjectStore.h"
 
-#include <SQLiteCpp/Transaction.h>
+#include <QDir>
 
 #include <memory>
 
@@ -329,6 +330,152 @@ TEST_F(RunAndFile, RejectedSamplesAreCountedForThePage)
     Start();
     Pass(0.2);
     EXPECT_EQ(display.shownRejected, 0);
+}
+
+TEST_F(RunAndFile, StopWaitsForAReaderAndStoresWhatIsKept)
+{
+    Open();
+    Start();
+    Pass(2.2);
+    auto reader = std::make_unique<Reader>(App().sProjectPath);
+    Pass(2);
+    const double freed = moving.seconds + 5;
+    moving.onWait = [&] {
+        if (moving.seconds >= freed)
+            reader.reset();
+    };
+    run.StartOrStop();
+    EXPECT_FALSE(reader);
+    EXPECT_EQ(Sets(), "1,2,3,4,5");
+    EXPECT_EQ(App().sMeasurementTerm, "00:00:04") << "the waiting is none of the recording";
+    EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
+}
+
+TEST_F(RunAndFile, PlannedRecordingsGoOnOverAReaderBetweenThem)
+{
+    Open();
+    schedule.Add({StartMode::Timed, StopMode::Timed, After(1), After(4), 3}, 0);
+    schedule.Add({StartMode::Timed, StopMode::Timed, After(10), After(13), 3});
+    schedule.SetCurrentSet(0);
+    Start();
+    Pass(4);
+    auto reader = std::make_unique<Reader>(App().sProjectPath);
+    const double freed = moving.seconds + 3;
+    moving.onWait = [&] {
+        if (reader && moving.seconds >= freed)
+            reader.reset();
+    };
+    Pass(14);
+    EXPECT_TRUE(shell.boxes.empty()) << shell.BoxTexts().join(u'|').toStdString();
+    const QStringList copies = QDir(folder.path()).entryList({"test *.MDB"}, QDir::Files);
+    ASSERT_EQ(copies.size(), 2);
+    for (const QString& copy : copies)
+        EXPECT_GE(QueryFile(PathOf(copy), "SELECT count(*) FROM SampledValues").toInt(), 3) << copy.toStdString();
+}
+
+TEST_F(RunAndFile, PlannedRecordingWithoutAValidSampleLeavesNoHeading)
+{
+    Open();
+    App().dTrigger = {1000, 0};
+    schedule.Add({StartMode::Manual, StopMode::Duration, {}, {}, 5}, 0);
+    Start();
+    Pass(10);
+    EXPECT_FALSE(run.IsTicking());
+    EXPECT_EQ(App().dtMeasurementBegin, ZeroDate());
+    EXPECT_EQ(App().sMeasurementTerm, "");
+}
+
+TEST_F(RunAndFile, NothingIsStoredBehindASetThatIsMissing)
+{
+    Open();
+    Execute("INSERT INTO ComputedValues([Set]) VALUES(5)"); // the number is taken
+    Start();
+    Pass(2.2);
+    {
+        const Reader reader(App().sProjectPath);
+        Pass(4); // 4 to 7 are kept
+    }
+    Pass(1);
+    EXPECT_FALSE(run.IsTicking());
+    EXPECT_EQ(Sets(), "1,2,3,4");
+    ASSERT_EQ(shell.boxes.size(), 2U);
+    EXPECT_TRUE(shell.boxes[0].text.startsWith("Kann Datei nicht schreiben!"));
+    EXPECT_EQ(shell.boxes[1].text, "Nicht gespeicherte Datensätze, da die Projektdatei benutzt wird: 2");
+}
+
+TEST_F(RunAndFile, ErrorOfALostLineIsNotLeftForTheNextUseOfTheInstrument)
+{
+    Open();
+    Start();
+    Pass(2.2);
+    port.answer = [this](const QByteArray&) -> QByteArray {
+        port.isOpen = false;
+        throw PortError("weg");
+    };
+    Pass(1);
+    EXPECT_EQ(App().sDevError, "");
+}
+
+// Other programs and other operations.
+
+TEST_F(RunAndFile, FileThatIsBeingRecordedIsNeitherReplacedNorDeleted)
+{
+    Open();
+    const QString recorded = App().sProjectPath;
+    SQLite::Database recorder(recorded.toStdString(), SQLite::OPEN_READWRITE);
+    recorder.exec("BEGIN IMMEDIATE");
+    CreateProject(0, "eigenes.MDB");
+    const QStringList told{"Die Datei wird gerade von einem anderen Programm benutzt:\n" + recorded};
+
+    shell.answers = {Answer::Yes, Answer::Yes, Answer::Yes};
+    shell.savePaths = {recorded};
+    SaveProjectAs();
+    EXPECT_EQ(App().sProjectPath, PathOf("eigenes.MDB"));
+    EXPECT_TRUE(shell.boxes.back().text.contains("Die Datei wird gerade von einem anderen Programm benutzt"));
+
+    shell.openPaths = {recorded};
+    DeleteProjectFile();
+    EXPECT_EQ(shell.boxes.back().text, told[0]);
+    EXPECT_TRUE(QFile::exists(recorded));
+
+    shell.savePaths = {recorded};
+    shell.answers = {Answer::Yes};
+    App().bProjectDirty = false;
+    NewProject();
+    EXPECT_FALSE(App().bProjectOpen);
+    recorder.exec("ROLLBACK");
+    EXPECT_EQ(QueryFile(recorded, "SELECT Text FROM Overview WHERE Name='Measurement Device'"), "");
+}
+
+TEST_F(RunAndFile, CopyOfAFileThatIsBeingWrittenIsWhole)
+{
+    Open();
+    Start();
+    Pass(3.2);
+    run.End();
+    SQLite::Database other = Other();
+    other.exec("BEGIN IMMEDIATE; DELETE FROM SampledValues");
+    EXPECT_TRUE(CopyProject(PathOf("kopie.MDB")));
+    EXPECT_EQ(QueryFile(PathOf("kopie.MDB"), "SELECT count(*) FROM SampledValues"), "4");
+    EXPECT_EQ(QueryFile(PathOf("kopie.MDB"), "PRAGMA integrity_check"), "ok");
+}
+
+TEST_F(RunAndFile, SaveLeavesTheHeadingThatAnotherProgramHasWritten)
+{
+    Open();
+    ASSERT_TRUE(SaveProject());
+    Execute("UPDATE Overview SET Decimal=5 WHERE Name='Measurement Interval'");
+    Execute("UPDATE Overview SET Text='00:33:00' WHERE Name='Measurement Term'");
+    App().sCompany = "Werk";
+    App().bProjectDirty = true;
+    ASSERT_TRUE(SaveProject());
+    EXPECT_EQ(Interval(), "5.0");
+    EXPECT_EQ(App().dInterval, 5);
+    EXPECT_EQ(Heading("Term"), "00:33:00");
+    EXPECT_EQ(Query("SELECT Text FROM Overview WHERE Name='Company'"), "Werk");
+    App().dInterval = 7; // what the user has changed here counts
+    ASSERT_TRUE(SaveProject());
+    EXPECT_EQ(Interval(), "7.0");
 }
 
 } // namespace

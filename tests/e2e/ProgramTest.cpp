@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace korvanel::test {
 namespace {
 
@@ -265,6 +267,27 @@ TEST_F(ProgramTest, DamagedSettingsStoreIsCopiedAsideAndTold)
     QFile copy(SettingsFile() + ".bak");
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_EQ(copy.readAll(), garbage);
+}
+
+TEST_F(ProgramTest, PipeOrFolderInPlaceOfTheSettingsIsSetAsideAndTold)
+{
+    QDir(folder.path()).mkpath("settings/KORVANEL");
+    for (const bool isPipe : {true, false}) {
+        QFile::remove(SettingsFile() + ".bak");
+        QFile::remove(SettingsFile());
+        if (isPipe)
+            ASSERT_EQ(mkfifo(SettingsFile().toLocal8Bit().constData(), 0600), 0);
+        else
+            ASSERT_TRUE(QDir().mkpath(SettingsFile()));
+        ProgramDriver program(settings);
+        program.Start();
+        EXPECT_TRUE(program.AnswerBox("OK").startsWith("Die Programmeinstellungen sind beschädigt.")) << isPipe;
+        program.WaitForWindow("MainForm");
+        program.CloseMainWindow();
+        EXPECT_EQ(program.WaitForEnd(), 0);
+        EXPECT_TRUE(QFileInfo::exists(SettingsFile() + ".bak"));
+        EXPECT_TRUE(QFileInfo(SettingsFile()).isFile()) << "the next settings have a store again";
+    }
 }
 
 TEST_F(ProgramTest, RecentFileThatIsGoneIsToldAndStaysOnTheList)

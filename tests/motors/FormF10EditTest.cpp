@@ -427,5 +427,31 @@ TEST_F(FormF10EditTest, SavingTheProjectLeavesAnEditUnderWay)
     EXPECT_TRUE(IsEnabled("cmdInsert_0"));
 }
 
+TEST_F(FormF10EditTest, AnotherDatabaseFromTheMenuAsksForAnEditToo)
+{
+    bool isOpened = false;
+    window.Menu().OnTriggered("mnuDatabaseOpt", [&] { isOpened = true; });
+    ShowPage();
+    Press("cmdEdit_1");
+    Type("txtComment", "Werk F");
+    shell.answers = {Answer::Cancel};
+    window.Menu().Entry("mnuDatabaseOpt")->trigger();
+    EXPECT_FALSE(isOpened);
+    EXPECT_EQ(Line("txtComment"), "Werk F");
+}
+
+TEST_F(FormF10EditTest, ClosingWithADatabaseThatFailsIsToldAndTheProgramGoesOn)
+{
+    ShowPage();
+    Press("cmdEdit_1");
+    Type("txtComment", "Werk G");
+    SQLite::Database other(App().sMotorDbPath.toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN IMMEDIATE");
+    shell.answers = {Answer::Yes};
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(shell.boxes.back().text.contains("Die Datei wird gerade von einem anderen Programm benutzt"));
+    EXPECT_EQ(PageName(), "FormF10");
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -196,5 +196,15 @@ TEST_F(FormH11Test, Files_WithStrangeNamesAreShownAndTaken)
     EXPECT_EQ(App().sMotorDbPath, PathOf(name));
 }
 
+TEST_F(FormH11Test, Ok_TellsADatabaseThatAnotherProgramWrites)
+{
+    SQLite::Database other(PathOf("zweite.Mdb").toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    Choose("zweite.Mdb");
+    Find<QPushButton>("cmdOK").click();
+    ASSERT_EQ(shell.boxes.size(), 1U);
+    EXPECT_TRUE(shell.boxes[0].text.startsWith("Die Datei wird gerade von einem anderen Programm benutzt:\n"));
+}
+
 } // namespace
 } // namespace korvanel::test

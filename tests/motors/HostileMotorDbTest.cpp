@@ -3,6 +3,8 @@
 
 #include "support/MotorDbFixture.h"
 
+#include <sys/stat.h>
+
 namespace korvanel::test {
 namespace {
 
@@ -231,6 +233,32 @@ TEST_F(HostileMotorDb, CollationOfAStrangerDoesNotSoftenTheComparison)
     MachineRecord other = KnownMachine();
     other.Hersteller = "WERK A";
     EXPECT_FALSE(FindDuplicate(db, other, DuplicateScope::Any));
+}
+
+TEST_F(HostileMotorDb, PipeDeviceOrVirtualTable)
+{
+    ASSERT_EQ(mkfifo(PathOf("rohr.MDB").toLocal8Bit().constData(), 0600), 0);
+    ExpectRefusal(PathOf("rohr.MDB"));
+    ExpectRefusal("/dev/zero");
+    MakeMotorDb();
+    ExecuteMotors("DROP TABLE Motor; CREATE VIRTUAL TABLE Motor USING fts5(set_ID, Hersteller)");
+    ExpectRefusal(App().sMotorDbPath);
+}
+
+TEST_F(HostileMotorDb, TwoHundredThousandMachinesAreCountedAndListedWithoutTheirData)
+{
+    MakeMotorDb();
+    ExecuteMotors(
+        "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM c WHERE i < 200000) INSERT INTO Motor "
+        "(set_ID, Hersteller, Polpaarzahl, Pmech, U, Mreib) SELECT i, hex(zeroblob(50)), 2, i, 400, 0 FROM c");
+    EXPECT_TRUE(IsMotorDatabase(App().sMotorDbPath));
+    TableDb db = OpenFile();
+    EXPECT_EQ(CountMachinesUpTo(db, 2), 2);
+    const std::vector<qint32> numbers = ListMachineNumbers(db);
+    ASSERT_EQ(numbers.size(), 200000U);
+    const std::vector<MachineRecord> machines = ReadMachines(db, std::span(numbers).subspan(150000, 3));
+    ASSERT_EQ(machines.size(), 3U);
+    EXPECT_EQ(machines[1].Pmech, 150002 * 1000.0);
 }
 
 } // namespace

@@ -498,5 +498,17 @@ TEST_F(MachineAndRows, MethodGoesBackWithThem)
     EXPECT_EQ(App().iCalcMethod, 1);
 }
 
+TEST_F(MachineAndRows, FollowEachOtherIntoACopy)
+{
+    TakeOther();
+    App().bProjectOpen = true;
+    shell.savePaths = {PathOf("Kopie.MDB")};
+    SaveProjectAs();
+    ASSERT_EQ(App().sProjectPath, PathOf("Kopie.MDB"));
+    EXPECT_EQ(Query("SELECT Hersteller FROM Motor WHERE set_ID=1"), "Werk B");
+    EXPECT_NE(Rows(), former);
+    EXPECT_EQ(QueryFile(PathOf("test.MDB"), "SELECT Hersteller FROM Motor WHERE set_ID=1"), KnownMachine().Hersteller);
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -409,5 +409,23 @@ TEST_F(HostileFile, KeyOverTwoColumnsOrOverAPartIsNoUniqueSet)
     }
 }
 
+TEST_F(HostileFile, VirtualTableInPlaceOfAnyOther)
+{
+    for (const char* table : {"Overview", "Settings", "ComputedValues", "SimulatedValues", "Motor"}) {
+        MakeProject();
+        Execute(QStringLiteral("DROP TABLE IF EXISTS %1; CREATE VIRTUAL TABLE %1 USING fts5(Name)")
+                    .arg(QLatin1String(table)));
+        ExpectRefusal("test.MDB");
+        QFile::remove(PathOf("test.MDB"));
+    }
+}
+
+TEST_F(HostileFile, ComputedColumn)
+{
+    MakeProject();
+    Execute("ALTER TABLE SampledValues ADD COLUMN slow AS (hex(zeroblob(1000000)) LIKE '%1%1%1%')");
+    ExpectRefusal("test.MDB");
+}
+
 } // namespace
 } // namespace korvanel::test

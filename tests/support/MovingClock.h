@@ -3,6 +3,8 @@
 
 #include "core/Clock.h"
 
+#include <functional>
+
 namespace korvanel::test {
 
 /// Wall time and steady time move together but for what a test does to one of them.
@@ -14,7 +16,12 @@ public:
     double wallOffset = 0; ///< s by which the wall clock was set
     QDateTime Now() const override { return start.addMSecs(static_cast<qint64>((seconds - 1000 + wallOffset) * 1000)); }
     double Seconds() const override { return seconds; }
-    void BusyWait(double wait) const override { seconds += wait; }
+    void BusyWait(double wait) const override
+    {
+        seconds += wait;
+        onWait();
+    }
+    std::function<void()> onWait = [] {}; ///< what happens elsewhere meanwhile
 };
 
 } // namespace korvanel::test

@@ -1,5 +1,6 @@
 #include "core/window/Help.h"
 
+#include "core/texts/MainTexts.h"
 #include "support/WindowFixture.h"
 
 #include <QDesktopServices>
@@ -116,6 +117,22 @@ TEST_F(Help, RunBrowser_HandsTheAddressOver)
 {
     RunBrowser(QStringLiteral("https://localhost/x?a=b&c=d"));
     EXPECT_EQ(opened.urls, QList<QUrl>{QUrl("https://localhost/x?a=b&c=d")});
+}
+
+TEST_F(ManualTest, NameThatLeadsElsewhereIsNotOpened)
+{
+    Install("xdg-open", 0);
+    WriteContent("x.desktop", "[Desktop Entry]");
+    WriteContent("LANGUAGES/x.desktop", "[Desktop Entry]");
+    const QString former = texts::manualFile;
+    for (const char* name : {"../x.desktop", "x.desktop", "../LANGUAGES/Documentation_deu.pdf"}) {
+        texts::manualFile = QLatin1String(name);
+        OpenManual();
+    }
+    texts::manualFile = former;
+    QTest::qWait(100);
+    EXPECT_EQ(Opened(), "");
+    EXPECT_EQ(shell.boxes.size(), 3U);
 }
 
 } // namespace
