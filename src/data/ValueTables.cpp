@@ -73,7 +73,13 @@ bool RefreshSetCount()
 
 void UpdateMeasurementTerm()
 {
-    if (RefreshSetCount())
+    RefreshSetCount();
+    TermFromSetCount();
+}
+
+void TermFromSetCount()
+{
+    if (App().iSetCount >= 1)
         App().sMeasurementTerm = SecondsToTime(std::max(0.0, (App().iSetCount - 1) * App().dInterval), false);
 }
 

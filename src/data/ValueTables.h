@@ -33,6 +33,8 @@ bool RefreshSetCount();
 
 /// Recounts the sets and, if there are any, writes the duration of the recording into the header.
 void UpdateMeasurementTerm();
+/// The same where the sets have just been counted, which walks the whole recording.
+void TermFromSetCount();
 
 /// Fills the block's column layout for its net configuration.
 void BuildColumnLayout();

@@ -183,7 +183,7 @@ OpenedFile ReadProject()
     RefreshSetCount();
     MendRecordingHeading();
     if (App().sMeasurementTerm.isEmpty())
-        UpdateMeasurementTerm();
+        TermFromSetCount();
     ProjectDb().UseRollbackJournal();
     return {.isReadOnly = ProjectDb().IsReadOnly(), .isNewer = age == SchemaAge::Newer};
 }
