@@ -81,7 +81,6 @@ QWidget* DeviceTab::BuildStatus()
     column->addWidget(lamps);
     identityLabel = new PlainLabel;
     identityLabel->setObjectName(QStringLiteral("lblDevice"));
-    identityLabel->setTextFormat(Qt::PlainText);
     identityLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it comes from outside
     column->addWidget(identityLabel);
     addressLabel = new PlainLabel;

@@ -92,7 +92,6 @@ QLabel* FormF4::AddValue(QBoxLayout& row, const char* name, const QString& capti
     row.addWidget(new PlainLabel(caption));
     auto* value = new PlainLabel;
     value->setObjectName(QLatin1String(name));
-    value->setTextFormat(Qt::PlainText);
     QFont font = value->font();
     font.setBold(true);
     value->setFont(font);

@@ -12,33 +12,10 @@ namespace {
 
 constexpr std::array<int, 4> kVoltages{kU, kU1, kU1 + 1, kU1 + 2};
 constexpr std::array<int, 4> kCurrents{kI, kI1, kI1 + 1, kI1 + 2};
-constexpr std::array kPowersAndEnergies{static_cast<int>(kP),
-                                        kP1 + 0,
-                                        kP1 + 1,
-                                        kP1 + 2,
-                                        static_cast<int>(kPmech),
-                                        static_cast<int>(kS),
-                                        kS1 + 0,
-                                        kS1 + 1,
-                                        kS1 + 2,
-                                        static_cast<int>(kQ),
-                                        kQ1 + 0,
-                                        kQ1 + 1,
-                                        kQ1 + 2,
-                                        static_cast<int>(kWp),
-                                        static_cast<int>(kWq),
-                                        static_cast<int>(kWpAbs),
-                                        static_cast<int>(kWpPlusAbs),
-                                        static_cast<int>(kWpMinusAbs),
-                                        static_cast<int>(kWqAbs),
-                                        static_cast<int>(kWqPlusAbs),
-                                        static_cast<int>(kWqMinusAbs),
-                                        static_cast<int>(kWpRel),
-                                        static_cast<int>(kWpPlusRel),
-                                        static_cast<int>(kWpMinusRel),
-                                        static_cast<int>(kWqRel),
-                                        static_cast<int>(kWqPlusRel),
-                                        static_cast<int>(kWqMinusRel)};
+constexpr std::array<int, 27> kPowersAndEnergies{
+    kP,     kP1,        kP1 + 1,     kP1 + 2, kPmech,     kS,          kS1,    kS1 + 1,    kS1 + 2,
+    kQ,     kQ1,        kQ1 + 1,     kQ1 + 2, kWp,        kWq,         kWpAbs, kWpPlusAbs, kWpMinusAbs,
+    kWqAbs, kWqPlusAbs, kWqMinusAbs, kWpRel,  kWpPlusRel, kWpMinusRel, kWqRel, kWqPlusRel, kWqMinusRel};
 
 std::size_t At(int quantity)
 {

@@ -73,7 +73,6 @@ QLabel* OverviewSheet::AddValue(QFormLayout& form, const char* name, const QStri
 {
     auto* value = new PlainLabel;
     value->setObjectName(QLatin1String(name));
-    value->setTextFormat(Qt::PlainText);
     value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // names come from outside
     AddRow(form, caption, value);
     return value;

@@ -165,7 +165,6 @@ QLabel* FormH5::AddInfo(int index, const QString& text)
     constexpr int kLines = 3;
     auto* label = new PlainLabel(text);
     label->setObjectName(QStringLiteral("lblInfo_%1").arg(index));
-    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setMinimumHeight(kLines * label->fontMetrics().lineSpacing());

@@ -16,7 +16,6 @@ PortBox::PortBox() : box(new EntryBox(QStringLiteral("cboCOM"))), device(new Pla
 {
     constexpr int kSpacing = 8;
     device->setObjectName(QStringLiteral("lblPort"));
-    device->setTextFormat(Qt::PlainText);
     device->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // the user may have assigned a long path
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

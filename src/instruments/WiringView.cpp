@@ -40,7 +40,6 @@ WiringView::WiringView()
         }
         texts[i] = new PlainLabel;
         texts[i]->setObjectName(QStringLiteral("lblWiringtext_%1").arg(i));
-        texts[i]->setTextFormat(Qt::PlainText);
         texts[i]->setWordWrap(true);
         grid->addWidget(texts[i], row, 1, Qt::AlignTop);
     }

@@ -40,7 +40,6 @@ QLabel* PathLabel(const char* name)
 {
     auto* label = new PlainLabel;
     label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);
     return label;

@@ -36,7 +36,6 @@ NoLoadPanel::NoLoadPanel()
     });
     intervalBox->setObjectName(QStringLiteral("cboInterval"));
     stateLabel->setObjectName(QStringLiteral("lblDevice"));
-    stateLabel->setTextFormat(Qt::PlainText);
     stateLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it comes from outside
 
     auto* grid = new QGridLayout(this);

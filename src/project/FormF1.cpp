@@ -82,7 +82,6 @@ void FormF1::AddPath()
 {
     pathLabel = new PlainLabel;
     pathLabel->setObjectName(QStringLiteral("lblDBPath"));
-    pathLabel->setTextFormat(Qt::PlainText);
     pathLabel->setSizePolicy(QSizePolicy::Ignored,
                              QSizePolicy::Preferred); // the text is cut to the label, not vice versa
     pathLabel->installEventFilter(this);

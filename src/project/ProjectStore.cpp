@@ -22,6 +22,7 @@
 
 #include <array>
 #include <cmath>
+#include <functional>
 #include <optional>
 
 namespace korvanel {
@@ -86,6 +87,26 @@ private:
     QString path;
 };
 
+/// Puts a file in the place of another one, whole or not at all: it is made under a name of its own. `make` throws
+/// DbError. Returns what failed, or nothing.
+QString ReplaceByDraft(const QString& path, const std::function<void(const QString& draft)>& make)
+{
+    const QString draft = FreeNameBeside(path);
+    QString failure;
+    try {
+        make(draft);
+        const JournalsAside journals(path);
+        failure = ReplaceFile(draft, path);
+        if (failure.isEmpty())
+            journals.Drop();
+    } catch (const DbError& error) {
+        failure = QString::fromUtf8(error.what());
+    }
+    if (!failure.isEmpty())
+        DeleteFile(draft); // a file without tables would only puzzle whoever finds it
+    return failure;
+}
+
 /// Copies a database page by page while others may read and write it: what comes out is the state between two of their
 /// transactions. Throws DbError.
 void CopyDatabase(const QString& source, const QString& copy)
@@ -113,26 +134,16 @@ void MakeDraft(const QString& draft)
 // By value: it is mostly the path in the block, which is that of the draft for a while.
 bool CreateProjectFile(QString path, ExistingFile existing)
 {
-    const QString draft = FreeNameBeside(path);
-    QString failure;
-    try {
+    const QString failure = ReplaceByDraft(path, [&](const QString& draft) {
         if (existing == ExistingFile::Stays && QFileInfo::exists(path))
             throw DbError(texts::fileExists.toStdString());
         RequireNotInUse(path);
         MakeDraft(draft);
-        const JournalsAside journals(path);
-        failure = ReplaceFile(draft, path);
-        if (failure.isEmpty())
-            journals.Drop();
-    } catch (const DbError& error) {
-        failure = QString::fromUtf8(error.what());
-    }
+    });
     App().sProjectPath = std::move(path);
-    if (failure.isEmpty())
-        return true;
-    DeleteFile(draft); // a file without tables would only puzzle whoever finds it
-    ShowError(failure);
-    return false;
+    if (!failure.isEmpty())
+        ShowError(failure);
+    return failure.isEmpty();
 }
 
 void RequireNotInUse(const QString& path)
@@ -291,20 +302,10 @@ bool SnapshotProject(const QString& startTime)
 
 bool CopyProject(const QString& target)
 {
-    const QString draft = FreeNameBeside(target);
-    QString failure;
-    try {
+    const QString failure = ReplaceByDraft(target, [&](const QString& draft) {
         RequireNotInUse(target);
         CopyDatabase(App().sProjectPath, draft);
-        const JournalsAside journals(target);
-        failure = ReplaceFile(draft, target);
-        if (failure.isEmpty())
-            journals.Drop();
-    } catch (const DbError& error) {
-        failure = QString::fromUtf8(error.what());
-    }
-    if (!failure.isEmpty())
-        DeleteFile(draft);
+    });
     if (!failure.isEmpty())
         ShowError(FillPlaceholders(texts::cannotCopyFile, {target, failure}));
     return failure.isEmpty();

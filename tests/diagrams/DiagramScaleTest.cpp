@@ -1,15 +1,12 @@
 #include "diagrams/DiagramScale.h"
 
-#include "support/TestPaths.h"
+#include "diagrams/NumberTable.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <limits>
-#include <sstream>
-#include <string>
 
 namespace korvanel {
 namespace {
@@ -146,23 +143,12 @@ TEST_F(DiagramScale, PartStoredNegativeGoesUpward)
 
 TEST_F(DiagramScale, AgreesWithASecondCalculation)
 {
-    std::ifstream table(KORVANEL_DIAGRAM_DATA "/random_scales.txt");
-    std::string line;
-    int compared = 0;
-    while (std::getline(table, line)) {
-        if (line.starts_with('#'))
-            continue;
-        std::istringstream words(line);
-        std::string minimum;
-        std::string maximum;
-        std::string divisor;
-        std::string end;
-        words >> minimum >> maximum >> divisor >> end;
-        EXPECT_DOUBLE_EQ(ScaleEndOf(std::stod(minimum), std::stod(maximum), std::stod(divisor)), std::stod(end))
-            << line;
-        ++compared;
+    const std::vector<test::NumberLine> table = test::NumberTable("random_scales.txt");
+    EXPECT_EQ(table.size(), 2000u);
+    for (const auto& [line, numbers] : table) {
+        ASSERT_EQ(numbers.size(), 4u) << line;
+        EXPECT_DOUBLE_EQ(ScaleEndOf(numbers[0], numbers[1], numbers[2]), numbers[3]) << line;
     }
-    EXPECT_EQ(compared, 2000);
 }
 
 } // namespace

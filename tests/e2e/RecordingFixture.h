@@ -108,6 +108,15 @@ protected:
                 QThread::msleep(20);
         return true;
     }
+    /// Starts the program with a new project and a run on the simulator, and waits for its first samples.
+    bool Record(const SimulatorProcess& simulator)
+    {
+        AssignPort(simulator.Link());
+        StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
+        OpenRun();
+        program.Trigger("cmdSTART");
+        return WaitForSamples(3);
+    }
     void StopRun()
     {
         program.Trigger("cmdSTART");

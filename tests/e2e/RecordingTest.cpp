@@ -243,11 +243,7 @@ TEST_F(RecordingTest, DroppedRowsAreGoneAfterTheQuestion)
 TEST_F(RecordingTest, ClosingTheWindowInMidRunKeepsTheRows)
 {
     SimulatorProcess simulator(folder.path());
-    AssignPort(simulator.Link());
-    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
-    OpenRun();
-    program.Trigger("cmdSTART");
-    ASSERT_TRUE(WaitForSamples(3));
+    ASSERT_TRUE(Record(simulator));
     program.CloseMainWindow();
     EXPECT_TRUE(program.AnswerBox("Nein").startsWith("Messung läuft ..."));
     const int before = Count();
@@ -263,11 +259,7 @@ TEST_F(RecordingTest, ClosingTheWindowInMidRunKeepsTheRows)
 TEST_F(RecordingTest, SecondProgramOnTheSameProjectChangesNothingDuringARun)
 {
     SimulatorProcess simulator(folder.path());
-    AssignPort(simulator.Link());
-    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
-    OpenRun();
-    program.Trigger("cmdSTART");
-    ASSERT_TRUE(WaitForSamples(3));
+    ASSERT_TRUE(Record(simulator));
     ProgramDriver other(folder.filePath("other settings"));
     other.Start();
     other.WaitForWindow("MainForm");
@@ -295,11 +287,7 @@ TEST_F(RecordingTest, SecondProgramOnTheSameProjectChangesNothingDuringARun)
 TEST_F(RecordingTest, ReaderThatHoldsTheFileCostsNoRowAndIsShown)
 {
     SimulatorProcess simulator(folder.path());
-    AssignPort(simulator.Link());
-    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
-    OpenRun();
-    program.Trigger("cmdSTART");
-    ASSERT_TRUE(WaitForSamples(3));
+    ASSERT_TRUE(Record(simulator));
     {
         SQLite::Database reader(project.toStdString(), SQLite::OPEN_READONLY);
         SQLite::Statement held(reader, "SELECT * FROM SampledValues");
@@ -322,11 +310,7 @@ TEST_F(RecordingTest, ReaderThatHoldsTheFileCostsNoRowAndIsShown)
 TEST_F(RecordingTest, KilledInTheSecondRecording_HeadingTellsTheSecond)
 {
     SimulatorProcess simulator(folder.path());
-    AssignPort(simulator.Link());
-    StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
-    OpenRun();
-    program.Trigger("cmdSTART");
-    ASSERT_TRUE(WaitForSamples(3));
+    ASSERT_TRUE(Record(simulator));
     StopRun();
     const auto begin = [this] { return Query("SELECT Time FROM Overview WHERE Name='Measurement Begin'"); };
     const QString first = begin();

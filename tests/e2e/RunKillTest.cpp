@@ -7,13 +7,14 @@
 namespace korvanel::test {
 namespace {
 
-class RunKillTest : public RecordingTest
+/// Fifty kills in five projects, which run side by side.
+class RunKillTest : public RecordingTest, public ::testing::WithParamInterface<unsigned>
 {
 };
 
-TEST_F(RunKillTest, KilledFiftyTimesDuringARun_LosesNoStoredRow)
+TEST_P(RunKillTest, KilledTenTimesDuringARun_LosesNoStoredRow)
 {
-    constexpr int kKills = 50;
+    constexpr int kKills = 10;
     SimulatorProcess simulator(folder.path());
     AssignPort(simulator.Link());
     StartWithInstrument(0, "ISKRA MI71XX 1Ø2W (1b)");
@@ -21,7 +22,7 @@ TEST_F(RunKillTest, KilledFiftyTimesDuringARun_LosesNoStoredRow)
     program.Trigger("mnuClose");
     program.WaitUntilGone("FormF3");
     program.Kill();
-    std::mt19937 random(4711); // NOLINT(cert-msc51-cpp): the moments are to be the same in every run
+    std::mt19937 random(4711 + GetParam()); // NOLINT(cert-msc51-cpp): the moments are to be the same in every run
     std::uniform_int_distribution<unsigned> moment(0, 1000);
     int reported = 0;
     int stored = 0;
@@ -58,6 +59,8 @@ TEST_F(RunKillTest, KilledFiftyTimesDuringARun_LosesNoStoredRow)
     EXPECT_GE(reported, kKills);
     EXPECT_EQ(lost, 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Projects, RunKillTest, ::testing::Range(0U, 5U));
 
 } // namespace
 } // namespace korvanel::test

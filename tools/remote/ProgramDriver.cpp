@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLocalServer>
 #include <QProcessEnvironment>
 #include <QThread>
 #include <QUuid>
@@ -35,6 +36,7 @@ ProgramDriver::ProgramDriver(const QString& settingsDirectory, const QString& ex
 ProgramDriver::~ProgramDriver()
 {
     Kill();
+    QLocalServer::removeServer(socketName); // a program that was killed leaves it
 }
 
 void ProgramDriver::SetEnvironment(const QString& name, const QString& value)

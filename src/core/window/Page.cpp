@@ -68,7 +68,6 @@ void Page::AddDeviceLabel(QHBoxLayout& row)
     constexpr double kSmall = 0.85;
     auto* label = new PlainLabel(App().sDeviceId);
     label->setObjectName(QStringLiteral("lblDeviceID"));
-    label->setTextFormat(Qt::PlainText);
     QFont font = label->font();
     font.setPointSizeF(font.pointSizeF() * kSmall);
     label->setFont(font);

@@ -26,7 +26,6 @@ QLabel* StatusPanels::AddPanel(const char* name, int stretch)
 {
     auto* label = new PlainLabel;
     label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
     addWidget(label, stretch);
     return label;
 }
