@@ -42,6 +42,7 @@ bool IsAron()
 void RecordingChanged()
 {
     App().bEvaluated = 0;
+    ++App().lRecordingState;
 }
 
 void ResetRowBuffers()

@@ -88,6 +88,7 @@ struct ApplicationBlock
 
     // The evaluation of the recording.
     qint32 bEvaluated = 0;      ///< the results belong to the present sets and options
+    quint64 lRecordingState = 0; ///< another number each time the recording or its options have changed
     double dTWindow = 0;        ///< s, length of the sliding window in force
     qint16 iRowWorstRating = 0; ///< worst rating of a value since the last set was begun
     QString sRatingWord;        ///< of the last rating for which it was asked

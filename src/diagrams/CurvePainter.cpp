@@ -1,0 +1,210 @@
+#include "diagrams/CurvePainter.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kNobody = -1;
+constexpr int kSeveral = -2;
+
+constexpr double kMargin = 8192;  // around the picture: far enough for the ends not to turn the line
+constexpr double kEndless = 1e12; // for infinities, between which there is no line
+
+} // namespace
+
+CurvePainter::CurvePainter(const DiagramMapping& onto, std::vector<DiagramCurve> ofCurves)
+    : mapping(onto), curves(std::move(ofCurves)), last(curves.size()),
+      owners(static_cast<std::size_t>(onto.Size().height())), nextOpen(owners.size() + 1), lastRows(curves.size()),
+      lines(curves.size()), points(curves.size())
+{
+    for (const DiagramCurve& curve : curves)
+        pens.emplace_back(curve.colour, 1, Qt::SolidLine, Qt::SquareCap);
+}
+
+void CurvePainter::Draw(QPainter& painter, const ValueBlock& block)
+{
+    if (lastSet != block.firstSet - 1)
+        lastSet = 0;
+    for (qint32 from = 0; from < block.count;) {
+        const qint32 set = block.firstSet + from;
+        if (curves.empty())
+            break;
+        if (block.hasHoles && std::isnan(block.values.front()[from])) {
+            lastSet = 0;
+            ++from;
+            continue;
+        }
+        column = mapping.Column(set);
+        // Sets up to the left end of the view are the beginning of a line at most.
+        qint32 to = from;
+        if (set > mapping.View().x1)
+            while (to + 1 < block.count && mapping.Column(set + (to + 1 - from)) == column &&
+                   !(block.hasHoles && std::isnan(block.values.front()[to + 1])))
+                ++to;
+        if (set > mapping.View().x1)
+            DrawColumn(painter, block, from, to);
+        for (std::size_t curve = 0; curve < curves.size(); ++curve)
+            last[curve] = block.values[curve][to];
+        lastSet = block.firstSet + to;
+        from = to + 1;
+    }
+}
+
+void CurvePainter::DrawColumn(QPainter& painter, const ValueBlock& block, qint32 from, qint32 to)
+{
+    qint32 first = from;
+    if (lastSet > 0) {
+        if (mapping.Column(lastSet) == column)
+            first = from - 1; // the column goes on
+        else
+            DrawConnection(painter, block, from);
+    }
+    if (first == to || column < 0 || column >= mapping.Size().width())
+        return;
+    FindOwners(block, first, to);
+    const auto rows = static_cast<int>(owners.size());
+    for (int row = 0; row < rows;) {
+        const int begin = row;
+        const int owner = owners[static_cast<std::size_t>(row)];
+        while (row < rows && owners[static_cast<std::size_t>(row)] == owner)
+            ++row;
+        if (owner >= 0 && begin == row - 1)
+            points[static_cast<std::size_t>(owner)].emplace_back(column, begin);
+        else if (owner >= 0)
+            lines[static_cast<std::size_t>(owner)].emplace_back(column, begin, column, row - 1);
+    }
+    // Lines of different curves don't overlap any more, so each curve is drawn at once.
+    for (std::size_t curve = 0; curve < curves.size(); ++curve) {
+        if (lines[curve].empty() && points[curve].empty())
+            continue;
+        painter.setPen(pens[curve]);
+        painter.drawLines(lines[curve].data(), static_cast<int>(lines[curve].size()));
+        painter.drawPoints(points[curve].data(), static_cast<int>(points[curve].size()));
+        lines[curve].clear();
+        points[curve].clear();
+    }
+}
+
+void CurvePainter::FindOwners(const ValueBlock& block, qint32 from, qint32 to)
+{
+    std::ranges::fill(owners, kNobody);
+    bool doOverlap = false;
+    for (std::size_t curve = 0; curve < curves.size(); ++curve) {
+        double least = ValueAt(block, curve, from);
+        double greatest = least;
+        const double* const values = block.values[curve];
+        for (qint32 i = from + 1; i <= to; ++i) {
+            least = std::min(least, values[i]);
+            greatest = std::max(greatest, values[i]);
+        }
+        const auto [top, bottom] =
+            std::minmax({mapping.Row(curves[curve].Fraction(least)), mapping.Row(curves[curve].Fraction(greatest))});
+        for (int row = std::max(top, 0); row <= std::min(bottom, static_cast<int>(owners.size()) - 1); ++row) {
+            int& owner = owners[static_cast<std::size_t>(row)];
+            doOverlap = doOverlap || owner != kNobody;
+            owner = owner == kNobody ? static_cast<int>(curve) : kSeveral;
+        }
+    }
+    if (doOverlap)
+        ResolveOverlaps(block, from, to);
+}
+
+/// Where several curves cover a row, the line that was drawn last is seen: so the lines are gone through from the last
+/// one back, each takes what of its rows is still open, and there is an end when all rows are taken.
+void CurvePainter::ResolveOverlaps(const ValueBlock& block, qint32 from, qint32 to)
+{
+    const auto rows = static_cast<int>(owners.size());
+    int open = 0;
+    nextOpen[static_cast<std::size_t>(rows)] = rows;
+    for (int row = rows - 1; row >= 0; --row) {
+        const bool isOpen = owners[static_cast<std::size_t>(row)] == kSeveral;
+        nextOpen[static_cast<std::size_t>(row)] = isOpen ? row : row + 1;
+        open += isOpen ? 1 : 0;
+    }
+    for (std::size_t curve = 0; curve < curves.size(); ++curve)
+        lastRows[curve] = RowAt(block, curve, to);
+    for (qint32 i = to - 1; i >= from && open > 0; --i) {
+        for (std::size_t curve = curves.size(); curve-- > 0;) {
+            const int row = RowAt(block, curve, i);
+            const auto [top, bottom] = std::minmax({row, std::exchange(lastRows[curve], row)});
+            for (int taken = NextOpen(std::max(top, 0)); taken <= bottom && taken < rows; taken = NextOpen(taken)) {
+                owners[static_cast<std::size_t>(taken)] = static_cast<int>(curve);
+                nextOpen[static_cast<std::size_t>(taken)] = taken + 1;
+                --open;
+            }
+        }
+    }
+}
+
+int CurvePainter::NextOpen(int row)
+{
+    const auto rows = static_cast<int>(owners.size());
+    int found = std::min(row, rows);
+    while (nextOpen[static_cast<std::size_t>(found)] != found)
+        found = nextOpen[static_cast<std::size_t>(found)];
+    for (int passed = std::min(row, rows); passed != found;) // the next search goes there at once
+        passed = std::exchange(nextOpen[static_cast<std::size_t>(passed)], found);
+    return found;
+}
+
+void CurvePainter::DrawConnection(QPainter& painter, const ValueBlock& block, qint32 index)
+{
+    const qint32 set = block.firstSet + index;
+    for (std::size_t curve = 0; curve < curves.size(); ++curve) {
+        const QPointF from(mapping.X(lastSet), mapping.Y(curves[curve].Fraction(last[curve])));
+        const QPointF to(mapping.X(set), mapping.Y(curves[curve].Fraction(block.values[curve][index])));
+        const std::optional<QLine> line = LineBetween(mapping.Size(), from, to);
+        if (!line)
+            continue;
+        painter.setPen(pens[curve]);
+        DrawLine(painter, *line);
+    }
+}
+
+/// A line without length is a point: painters that scale make something wider of it.
+void CurvePainter::DrawLine(QPainter& painter, const QLine& line)
+{
+    if (line.p1() == line.p2())
+        painter.drawPoint(line.p1());
+    else
+        painter.drawLine(line);
+}
+
+std::optional<QLine> CurvePainter::LineBetween(QSize size, QPointF from, QPointF to)
+{
+    const auto isNear = [](QPointF point) {
+        return std::abs(point.x()) < DiagramMapping::kFarthest && std::abs(point.y()) < DiagramMapping::kFarthest;
+    };
+    if (!isNear(from) || !isNear(to)) {
+        const auto finite = [](double coordinate) { return std::clamp(coordinate, -kEndless, kEndless); };
+        const QPointF begin(finite(from.x()), finite(from.y()));
+        const QPointF step(finite(to.x()) - begin.x(), finite(to.y()) - begin.y());
+        double enters = 0;
+        double leaves = 1;
+        const auto cut = [&](double at, double by, double least, double most) {
+            if (by == 0)
+                return at >= least && at <= most;
+            const auto [first, second] = std::minmax({(least - at) / by, (most - at) / by});
+            enters = std::max(enters, first);
+            leaves = std::min(leaves, second);
+            return enters <= leaves;
+        };
+        if (!cut(begin.x(), step.x(), -kMargin, size.width() + kMargin) ||
+            !cut(begin.y(), step.y(), -kMargin, size.height() + kMargin))
+            return std::nullopt;
+        if (leaves < 1) // an end in the picture stays what it is
+            to = begin + step * leaves;
+        if (enters > 0)
+            from = begin + step * enters;
+    }
+    return QLine(DiagramMapping::Nearest(from.x()), DiagramMapping::Nearest(from.y()), DiagramMapping::Nearest(to.x()),
+                 DiagramMapping::Nearest(to.y()));
+}
+
+} // namespace korvanel
