@@ -258,6 +258,10 @@ int main(int argc, char* argv[])
     isGood &=
         PrintRatio(reporter, "the same, window of a quarter of the sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
     isGood &= PrintRatio(reporter, "export all sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "draw all sets, 8 curves / bare loop", "Diagram_First", "Diagram_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "draw them again / bare loop", "Diagram_Further", "Diagram_Bare", 0.1);
+    isGood &= PrintRatio(reporter, "zoom to any view / bare loop", "Diagram_Zoom", "Diagram_Bare", 0.1);
+    PrintRatio(reporter, "(a line for each set and curve / bare loop", "Diagram_Lines", "Diagram_Bare", 1000);
     isGood &= PrintEstimation(reporter);
     isGood &= PrintOpening(reporter);
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -12,6 +13,29 @@ namespace {
 
 constexpr int kNobody = -1;
 constexpr int kSeveral = -2;
+
+/// Least and greatest of the values and of `first`. Four of each are carried at once, since each step waits for the one
+/// before.
+std::pair<double, double> Extent(const double* values, qint32 count, double first)
+{
+    constexpr qint32 kAtOnce = 4;
+    std::array<double, kAtOnce> least{first, first, first, first};
+    std::array<double, kAtOnce> greatest = least;
+    qint32 i = 0;
+    for (; i + kAtOnce <= count; i += kAtOnce)
+        for (std::size_t j = 0; j < kAtOnce; ++j) {
+            const double value = values[i + static_cast<qint32>(j)];
+            least[j] = value < least[j] ? value : least[j];
+            greatest[j] = value > greatest[j] ? value : greatest[j];
+        }
+    for (; i < count; ++i) {
+        least[0] = std::min(least[0], values[i]);
+        greatest[0] = std::max(greatest[0], values[i]);
+    }
+    return {*std::ranges::min_element(least), *std::ranges::max_element(greatest)};
+}
+
+constexpr qint32 kSpan = 16; ///< sets that are looked at together where curves overlap
 
 constexpr double kMargin = 8192;  // around the picture: far enough for the ends not to turn the line
 constexpr double kEndless = 1e12; // for infinities, between which there is no line
@@ -43,17 +67,29 @@ void CurvePainter::Draw(QPainter& painter, const ValueBlock& block)
         column = mapping.Column(set);
         // Sets up to the left end of the view are the beginning of a line at most.
         qint32 to = from;
-        if (set > mapping.View().x1)
-            while (to + 1 < block.count && mapping.Column(set + (to + 1 - from)) == column &&
-                   !(block.hasHoles && std::isnan(block.values.front()[to + 1])))
-                ++to;
-        if (set > mapping.View().x1)
+        if (set > mapping.View().x1) {
+            to = EndOfColumn(block, from);
             DrawColumn(painter, block, from, to);
+        }
         for (std::size_t curve = 0; curve < curves.size(); ++curve)
             last[curve] = block.values[curve][to];
         lastSet = block.firstSet + to;
         from = to + 1;
     }
+}
+
+qint32 CurvePainter::EndOfColumn(const ValueBlock& block, qint32 from) const
+{
+    const auto isBeyond = [&](qint32 index) { return mapping.Column(block.firstSet + index) != column; };
+    qint32 to = from;
+    for (qint32 step = block.count; step > 0; step /= 2)
+        while (to + step < block.count && !isBeyond(to + step))
+            to += step;
+    if (block.hasHoles)
+        for (qint32 index = from + 1; index <= to; ++index)
+            if (std::isnan(block.values.front()[index]))
+                return index - 1;
+    return to;
 }
 
 void CurvePainter::DrawColumn(QPainter& painter, const ValueBlock& block, qint32 from, qint32 to)
@@ -94,24 +130,16 @@ void CurvePainter::DrawColumn(QPainter& painter, const ValueBlock& block, qint32
 void CurvePainter::FindOwners(const ValueBlock& block, qint32 from, qint32 to)
 {
     std::ranges::fill(owners, kNobody);
-    bool doOverlap = false;
+    int overlaps = 0;
     for (std::size_t curve = 0; curve < curves.size(); ++curve) {
-        double least = ValueAt(block, curve, from);
-        double greatest = least;
-        const double* const values = block.values[curve];
-        for (qint32 i = from + 1; i <= to; ++i) {
-            least = std::min(least, values[i]);
-            greatest = std::max(greatest, values[i]);
-        }
-        const auto [top, bottom] =
-            std::minmax({mapping.Row(curves[curve].Fraction(least)), mapping.Row(curves[curve].Fraction(greatest))});
-        for (int row = std::max(top, 0); row <= std::min(bottom, static_cast<int>(owners.size()) - 1); ++row) {
+        const RowRange range = Covered(block, curve, from, to);
+        for (int row = range.top; row <= range.bottom; ++row) {
             int& owner = owners[static_cast<std::size_t>(row)];
-            doOverlap = doOverlap || owner != kNobody;
+            overlaps |= owner + 1; // 0 for nobody
             owner = owner == kNobody ? static_cast<int>(curve) : kSeveral;
         }
     }
-    if (doOverlap)
+    if (overlaps != 0)
         ResolveOverlaps(block, from, to);
 }
 
@@ -124,31 +152,55 @@ void CurvePainter::ResolveOverlaps(const ValueBlock& block, qint32 from, qint32 
     nextOpen[static_cast<std::size_t>(rows)] = rows;
     for (int row = rows - 1; row >= 0; --row) {
         const bool isOpen = owners[static_cast<std::size_t>(row)] == kSeveral;
-        nextOpen[static_cast<std::size_t>(row)] = isOpen ? row : row + 1;
+        nextOpen[static_cast<std::size_t>(row)] = isOpen ? row : nextOpen[static_cast<std::size_t>(row) + 1];
         open += isOpen ? 1 : 0;
     }
-    for (std::size_t curve = 0; curve < curves.size(); ++curve)
-        lastRows[curve] = RowAt(block, curve, to);
-    for (qint32 i = to - 1; i >= from && open > 0; --i) {
+    for (qint32 end = to; end > from && open > 0; end -= kSpan) {
+        const qint32 begin = std::max(from, end - kSpan);
+        crossing.clear();
         for (std::size_t curve = curves.size(); curve-- > 0;) {
-            const int row = RowAt(block, curve, i);
-            const auto [top, bottom] = std::minmax({row, std::exchange(lastRows[curve], row)});
-            for (int taken = NextOpen(std::max(top, 0)); taken <= bottom && taken < rows; taken = NextOpen(taken)) {
-                owners[static_cast<std::size_t>(taken)] = static_cast<int>(curve);
-                nextOpen[static_cast<std::size_t>(taken)] = taken + 1;
-                --open;
-            }
+            const RowRange range = Covered(block, curve, begin, end);
+            if (NextOpen(range.top) > range.bottom)
+                continue; // mostly
+            crossing.push_back(curve);
+            lastRows[curve] = RowAt(block, curve, end);
         }
+        for (qint32 i = crossing.empty() ? begin - 1 : end - 1; i >= begin; --i)
+            for (const std::size_t curve : crossing)
+                open -= TakeRows(curve, RowAt(block, curve, i));
     }
+}
+
+int CurvePainter::TakeRows(std::size_t curve, int row)
+{
+    const RowRange range = Within(row, std::exchange(lastRows[curve], row));
+    int count = 0;
+    for (int taken = NextOpen(range.top); taken <= range.bottom; taken = NextOpen(taken)) {
+        owners[static_cast<std::size_t>(taken)] = static_cast<int>(curve);
+        nextOpen[static_cast<std::size_t>(taken)] = nextOpen[static_cast<std::size_t>(taken) + 1];
+        ++count;
+    }
+    return count;
+}
+
+CurvePainter::RowRange CurvePainter::Within(int one, int other) const
+{
+    const auto rows = static_cast<int>(owners.size());
+    return {.top = std::clamp(std::min(one, other), 0, rows), .bottom = std::min(std::max(one, other), rows - 1)};
+}
+
+CurvePainter::RowRange CurvePainter::Covered(const ValueBlock& block, std::size_t curve, qint32 from, qint32 to) const
+{
+    const auto [least, greatest] = Extent(block.values[curve] + from + 1, to - from, ValueAt(block, curve, from));
+    return Within(mapping.Row(curves[curve].Fraction(least)), mapping.Row(curves[curve].Fraction(greatest)));
 }
 
 int CurvePainter::NextOpen(int row)
 {
-    const auto rows = static_cast<int>(owners.size());
-    int found = std::min(row, rows);
+    int found = row;
     while (nextOpen[static_cast<std::size_t>(found)] != found)
         found = nextOpen[static_cast<std::size_t>(found)];
-    for (int passed = std::min(row, rows); passed != found;) // the next search goes there at once
+    for (int passed = row; passed != found;) // the next search goes there at once
         passed = std::exchange(nextOpen[static_cast<std::size_t>(passed)], found);
     return found;
 }

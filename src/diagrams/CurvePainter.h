@@ -42,6 +42,8 @@ public:
     static void DrawLine(QPainter& painter, const QLine& line);
 
 private:
+    /// Last of the block's sets that share the column with one of them, without a hole between them.
+    qint32 EndOfColumn(const ValueBlock& block, qint32 from) const;
     /// Sets `from` to `to` of the block share a column.
     void DrawColumn(QPainter& painter, const ValueBlock& block, qint32 from, qint32 to);
     void DrawConnection(QPainter& painter, const ValueBlock& block, qint32 index);
@@ -56,6 +58,19 @@ private:
     {
         return mapping.Row(curves[curve].Fraction(ValueAt(block, curve, index)));
     }
+    /// Rows of the picture.
+    struct RowRange
+    {
+        int top;
+        int bottom;
+    };
+    /// The rows between two, both included, as far as they lie in the picture.
+    RowRange Within(int one, int other) const;
+    /// The rows that a curve covers between two sets of the block.
+    RowRange Covered(const ValueBlock& block, std::size_t curve, qint32 from, qint32 to) const;
+    /// Gives a curve what is still open between a row and the one that it was in; how many that are.
+    int TakeRows(std::size_t curve, int row);
+    /// First row from here on that is still open.
     int NextOpen(int row);
 
     DiagramMapping mapping;
@@ -69,6 +84,7 @@ private:
     std::vector<int> owners;                 ///< curve seen in a row; -1: none, -2: several cover it
     std::vector<int> nextOpen;               ///< first row from here on in which it isn't known yet which one is seen
     std::vector<int> lastRows;               ///< by curve
+    std::vector<std::size_t> crossing;       ///< curves that cover an open row, the last one first
     std::vector<std::vector<QLine>> lines;   ///< by curve
     std::vector<std::vector<QPoint>> points; ///< by curve
 };
