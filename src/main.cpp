@@ -25,6 +25,7 @@
 #include "core/window/PageTable.h"
 #include "core/window/Picture.h"
 #include "core/window/StartScreen.h"
+#include "diagrams/FormF8.h"
 #include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
 #include "instruments/FormH5.h"
@@ -82,6 +83,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageDevice, BuildPage<FormF3>);
     window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
     window.RegisterPage(kPageResultTable, BuildPage<FormF6>);
+    window.RegisterPage(kPageResultGraph, BuildPage<FormF8>);
     window.RegisterPage(kPageMachine, BuildPage<FormF10>);
 }
 

@@ -38,6 +38,16 @@ struct ResultPageChoice
     qint32 firstSet = 1;                            ///< in the list
 };
 
+/// What is chosen on the page of the diagrams, kept as long as the project is open.
+struct DiagramPageChoice
+{
+    qint16 iNetConfIndex = -1;                        ///< for which the curves were chosen; -1: none yet
+    std::array<qint16, kQuantityCount> iGraphState{}; ///< by quantity: 1 if its curve is on
+    int quantity = -1;                                ///< that was clicked last in the legend; -1: none
+    bool isSingle = false;                            ///< that quantity alone is drawn
+    bool isLegendShown = true;
+};
+
 struct ApplicationBlock
 {
     // What is open and on show.
@@ -87,12 +97,13 @@ struct ApplicationBlock
     bool bMotorDbCheck = false; ///< machines of the project are compared with the active motor database
 
     // The evaluation of the recording.
-    qint32 bEvaluated = 0;      ///< the results belong to the present sets and options
+    qint32 bEvaluated = 0;       ///< the results belong to the present sets and options
     quint64 lRecordingState = 0; ///< another number each time the recording or its options have changed
-    double dTWindow = 0;        ///< s, length of the sliding window in force
-    qint16 iRowWorstRating = 0; ///< worst rating of a value since the last set was begun
-    QString sRatingWord;        ///< of the last rating for which it was asked
+    double dTWindow = 0;         ///< s, length of the sliding window in force
+    qint16 iRowWorstRating = 0;  ///< worst rating of a value since the last set was begun
+    QString sRatingWord;         ///< of the last rating for which it was asked
     ResultPageChoice ResultPage;
+    DiagramPageChoice DiagramPage;
 
     // Running energies of the derived quantities: Ws and vars.
     double dCalcS = 0;

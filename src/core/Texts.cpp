@@ -8,9 +8,11 @@
 #include "core/texts/FormF3Texts.h"
 #include "core/texts/FormF4Texts.h"
 #include "core/texts/FormF6Texts.h"
+#include "core/texts/FormF8Texts.h"
 #include "core/texts/FormH10Texts.h"
 #include "core/texts/FormH11Texts.h"
 #include "core/texts/FormH15Texts.h"
+#include "core/texts/FormH17Texts.h"
 #include "core/texts/FormH3Texts.h"
 #include "core/texts/FormH5Texts.h"
 #include "core/texts/FormH6Texts.h"
@@ -33,9 +35,11 @@ namespace texts {
 #include "core/texts/FormF3Texts.inc"
 #include "core/texts/FormF4Texts.inc"
 #include "core/texts/FormF6Texts.inc"
+#include "core/texts/FormF8Texts.inc"
 #include "core/texts/FormH10Texts.inc"
 #include "core/texts/FormH11Texts.inc"
 #include "core/texts/FormH15Texts.inc"
+#include "core/texts/FormH17Texts.inc"
 #include "core/texts/FormH3Texts.inc"
 #include "core/texts/FormH5Texts.inc"
 #include "core/texts/FormH6Texts.inc"
@@ -81,6 +85,9 @@ constexpr TextLine kFormF4[] = {
 constexpr TextLine kFormF6[] = {
 #include "core/texts/FormF6Texts.inc"
 };
+constexpr TextLine kFormF8[] = {
+#include "core/texts/FormF8Texts.inc"
+};
 constexpr TextLine kFormF10[] = {
 #include "core/texts/FormF10Texts.inc"
 };
@@ -108,6 +115,9 @@ constexpr TextLine kFormH11[] = {
 constexpr TextLine kFormH15[] = {
 #include "core/texts/FormH15Texts.inc"
 };
+constexpr TextLine kFormH17[] = {
+#include "core/texts/FormH17Texts.inc"
+};
 #undef TEXT
 
 constexpr TextSection kSections[] = {
@@ -121,6 +131,7 @@ constexpr TextSection kSections[] = {
     {"FORMF3", kFormF3},
     {"FORMF4", kFormF4},
     {"FORMF6", kFormF6},
+    {"FORMF8", kFormF8},
     {"FORMF10", kFormF10},
     {"FORMH3", kFormH3},
     {"FORMH5", kFormH5},
@@ -130,6 +141,7 @@ constexpr TextSection kSections[] = {
     {"FORMH10", kFormH10},
     {"FORMH11", kFormH11},
     {"FORMH15", kFormH15},
+    {"FORMH17", kFormH17},
 };
 
 } // namespace

@@ -219,6 +219,16 @@ void CurvePainter::DrawConnection(QPainter& painter, const ValueBlock& block, qi
     }
 }
 
+std::vector<CurveEnd> CurvePainter::Ends() const
+{
+    std::vector<CurveEnd> ends;
+    for (std::size_t curve = 0; curve < curves.size() && lastSet > 0; ++curve)
+        ends.push_back({.quantity = curves[curve].quantity,
+                        .colour = curves[curve].colour,
+                        .row = mapping.Row(curves[curve].Fraction(last[curve]))});
+    return ends;
+}
+
 /// A line without length is a point: painters that scale make something wider of it.
 void CurvePainter::DrawLine(QPainter& painter, const QLine& line)
 {

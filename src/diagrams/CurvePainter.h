@@ -28,6 +28,14 @@ struct DiagramCurve
     double Fraction(double value) const { return value / divisor / scaleEnd; }
 };
 
+/// Where a curve ends in the picture.
+struct CurveEnd
+{
+    int quantity = 0;
+    QColor colour;
+    int row = 0;
+};
+
 class CurvePainter
 {
 public:
@@ -36,6 +44,9 @@ public:
     /// Draws what a block adds. Blocks come in the order of the sets, their values in that of the curves; the painter
     /// has the picture's elements for its units. Lines end at sets behind the left end of the view.
     void Draw(QPainter& painter, const ValueBlock& block);
+
+    /// Ends of the curves, of those sets that are drawn by now.
+    std::vector<CurveEnd> Ends() const;
 
     /// The line between two points, clipped where it leaves the picture by far; nothing if none of it comes near.
     static std::optional<QLine> LineBetween(QSize size, QPointF from, QPointF to);

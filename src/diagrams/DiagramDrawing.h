@@ -35,6 +35,7 @@ public:
     bool Continue(QPainter& painter, int milliseconds);
     /// Grid and curves to the end.
     void DrawWhole(QPainter& painter);
+    std::vector<CurveEnd> Ends() const { return curvePainter.Ends(); }
     /// Share of the sets of the view that are drawn, 0 to 1.
     double Share() const;
 

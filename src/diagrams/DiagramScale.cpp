@@ -1,5 +1,6 @@
 #include "diagrams/DiagramScale.h"
 
+#include "core/QuantityTable.h"
 #include "core/Units.h"
 
 #include <algorithm>
@@ -77,6 +78,11 @@ bool HasNegativeValues(const EvaluationResults& results, std::span<const int> qu
         return IsStoredNegative(quantity) ? results.tExtremMax.at(At(quantity)).dValue > 0
                                           : results.tExtremMin.at(At(quantity)).dValue < 0;
     });
+}
+
+double ShownValueAt(int quantity, double fraction, double scaleEnd)
+{
+    return fraction * scaleEnd * DivisorInDiagram(quantity) / QuantityOf(quantity).divisor;
 }
 
 } // namespace korvanel

@@ -29,4 +29,8 @@ bool HasNegativeValues(const EvaluationResults& results, std::span<const int> qu
 /// those of them that are stored negative, and 1 for all else, the absolute energies included.
 double DivisorInDiagram(int quantity);
 
+/// What a fraction of full scale is worth, in the unit in which tables show the quantity: watt hours where the diagram
+/// draws watt seconds, and negative where it draws upward what is stored negative.
+double ShownValueAt(int quantity, double fraction, double scaleEnd);
+
 } // namespace korvanel

@@ -58,10 +58,11 @@ DiagramView ViewOfRectangle(const DiagramCorners& corners, qint32 count, bool ha
 {
     const auto [left, right] = std::minmax(corners.xStart, corners.xEnd);
     const auto [down, top] = std::minmax(corners.yStart, corners.yEnd);
-    const bool isOutside = right < 1 || left > count || top < -1 || down > 1;
+    const DiagramView full = FullView(count, hasNegativeValues);
+    const bool isOutside = right < full.x1 || left > full.x2 || top < full.y1 || down > full.y2;
     if (isOutside)
-        return FullView(count, hasNegativeValues);
-    return NormalisedView({.x1 = left, .x2 = right, .y1 = down, .y2 = top}, count);
+        return full;
+    return NormalisedView({.x1 = left, .x2 = right, .y1 = std::max(down, full.y1), .y2 = top}, count);
 }
 
 } // namespace korvanel

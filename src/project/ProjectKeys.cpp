@@ -202,6 +202,7 @@ void ResetProjectData()
     app.iSetCount = 0;
     app.iCurrentSet = 1;
     app.ResultPage.firstSet = 1;
+    app.DiagramPage = {};
     RecordingChanged();
     app.bModelValid = false;
     ResetMachines(app);

@@ -72,6 +72,9 @@ TEST(DiagramView, RectangleBeyondTheDiagramIsClipped)
 {
     EXPECT_EQ(ViewOfRectangle({.xStart = 90, .yStart = 3, .xEnd = 300, .yEnd = 0.5}, kSets, false),
               (DiagramView{.x1 = 90, .x2 = 100, .y1 = 0.5, .y2 = 1}));
+    for (const bool hasNegativeValues : {false, true})
+        EXPECT_EQ(ViewOfRectangle({.xStart = -9, .yStart = -5, .xEnd = 300, .yEnd = 5}, kSets, hasNegativeValues),
+                  FullView(kSets, hasNegativeValues));
 }
 
 TEST(DiagramView, RectangleOutsideTheDiagramGivesTheFullView)

@@ -94,6 +94,34 @@ void ProgramDriver::Kill()
     process.waitForFinished(kPatienceMs);
 }
 
+void ProgramDriver::Mouse(const QString& name, const QString& what, QPoint at, const QString& button,
+                          const QString& modifiers)
+{
+    Require(Send({{"do", "mouse"},
+                  {"name", name},
+                  {"text", what},
+                  {"x", at.x()},
+                  {"y", at.y()},
+                  {"button", button},
+                  {"modifiers", modifiers}}),
+            "mouse");
+}
+
+void ProgramDriver::Wheel(const QString& name, QPoint at, int notches)
+{
+    Require(
+        Send({{"do", "mouse"}, {"name", name}, {"text", "wheel"}, {"x", at.x()}, {"y", at.y()}, {"notches", notches}}),
+        "wheel");
+}
+
+void ProgramDriver::ClickCell(const QString& name, int row, int column, const QString& button)
+{
+    Require(
+        Send(
+            {{"do", "mouse"}, {"name", name}, {"text", "click"}, {"row", row}, {"column", column}, {"button", button}}),
+        "click");
+}
+
 bool ProgramDriver::IsShown(const QString& name)
 {
     return Read(name)["visible"].toBool();
@@ -166,7 +194,11 @@ bool ProgramDriver::IsRefused(const char* what, const QString& name, const QStri
 
 QJsonObject ProgramDriver::Do(const char* what, const QString& name, const QString& text)
 {
-    QJsonObject answer = Send({{"do", what}, {"name", name}, {"text", text}});
+    return Require(Send({{"do", what}, {"name", name}, {"text", text}}), what);
+}
+
+QJsonObject ProgramDriver::Require(const QJsonObject& answer, const char* what)
+{
     if (!answer["ok"].toBool())
         throw DriverError(std::string(what) + ": " + answer["error"].toString().toStdString());
     return answer;

@@ -4,6 +4,7 @@
 
 #include <QJsonObject>
 #include <QLocalSocket>
+#include <QPoint>
 #include <QProcess>
 #include <QStringList>
 
@@ -44,6 +45,15 @@ public:
     void Type(const QString& name, const QString& text) { Do("type", name, text); }
     void Choose(const QString& name, const QString& text) { Do("choose", name, text); }
     void Grab(const QString& name, const QString& file) { Do("grab", name, file); }
+    /// What the mouse does at a place of a control: "press", "move", "release", "click".
+    void Mouse(const QString& name, const QString& what, QPoint at, const QString& button = QStringLiteral("left"),
+               const QString& modifiers = {});
+    /// Turns the wheel over a place; positive notches go away from the hand.
+    void Wheel(const QString& name, QPoint at, int notches);
+    /// A click into a cell of a table.
+    void ClickCell(const QString& name, int row, int column, const QString& button = QStringLiteral("left"));
+    /// A key as "Ctrl+Z", to the control with the focus or to another one.
+    void Key(const QString& sequence, const QString& name = {}) { Do("key", name, sequence); }
     void CloseMainWindow() { Do("close"); }
     /// What can be read of a control; without "ok" there is none of that name.
     QJsonObject Read(const QString& name) { return Send({{"do", "read"}, {"name", name}}); }
@@ -78,6 +88,7 @@ private:
     void Connect();
     QJsonObject Do(const char* what, const QString& name = {}, const QString& text = {});
     QJsonObject Send(const QJsonObject& command);
+    static QJsonObject Require(const QJsonObject& answer, const char* what);
     QJsonObject FindWindow(const QString& name);
     template <typename Condition>
     void WaitFor(const QString& what, Condition&& isMet);

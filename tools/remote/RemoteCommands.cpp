@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QJsonArray>
@@ -16,12 +17,15 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 namespace korvanel::remote {
 
@@ -134,6 +138,82 @@ QJsonObject Type(const QString& name, const QString& text)
         QApplication::sendEvent(widget, &press);
     }
     PressKeys(widget, text);
+    return Success();
+}
+
+/// What a mouse or a key does is delivered as by the window system: to the control under the pointer or with the focus.
+Qt::MouseButton ButtonOf(const QString& name)
+{
+    return name == u"right" ? Qt::RightButton : name == u"middle" ? Qt::MiddleButton : Qt::LeftButton;
+}
+
+Qt::KeyboardModifiers ModifiersOf(const QString& names)
+{
+    Qt::KeyboardModifiers modifiers;
+    if (names.contains(QStringLiteral("shift")))
+        modifiers |= Qt::ShiftModifier;
+    if (names.contains(QStringLiteral("ctrl")))
+        modifiers |= Qt::ControlModifier;
+    return modifiers;
+}
+
+void SendMouse(QWidget* widget, QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held,
+               Qt::KeyboardModifiers modifiers)
+{
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, modifiers);
+    QApplication::sendEvent(widget, &event);
+    if (type == QEvent::MouseButtonPress && button == Qt::RightButton) {
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, at.toPoint(), widget->mapToGlobal(at.toPoint()), modifiers);
+        QApplication::sendEvent(widget, &menu);
+    }
+}
+
+/// One thing that the mouse does over a control: press, move, release, click, wheel (`notches` of it).
+QJsonObject Mouse(const QString& name, const QString& what, const QJsonObject& command)
+{
+    QWidget* widget = FindControl(name);
+    if (!widget)
+        return Failure(QStringLiteral("no such control: ") + name);
+    if (const QString obstacle = Obstacle(widget); !obstacle.isEmpty())
+        return Failure(name + QStringLiteral(": ") + obstacle);
+    QPointF at(command["x"].toDouble(), command["y"].toDouble());
+    if (auto* table = qobject_cast<QTableWidget*>(widget)) {
+        if (command.contains("row")) // a cell of it
+            at = table->visualRect(table->model()->index(command["row"].toInt(), command["column"].toInt())).center();
+        widget = table->viewport();
+    }
+    const Qt::MouseButton button = ButtonOf(command["button"].toString());
+    const Qt::KeyboardModifiers modifiers = ModifiersOf(command["modifiers"].toString());
+    Later(widget, [=] {
+        constexpr int kNotch = 120;
+        if (what == u"press" || what == u"click")
+            SendMouse(widget, QEvent::MouseButtonPress, at, button, button, modifiers);
+        if (what == u"move")
+            SendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, button, modifiers);
+        if (what == u"release" || what == u"click")
+            SendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton, modifiers);
+        if (what == u"wheel") {
+            QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, kNotch * command["notches"].toInt()}, Qt::NoButton,
+                              modifiers, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(widget, &event);
+        }
+    });
+    return Success();
+}
+
+/// A key with its modifiers, as "Ctrl+Z"; to the control with the focus if no name is given.
+QJsonObject Key(const QString& name, const QString& sequence)
+{
+    QWidget* widget = name.isEmpty() ? QApplication::focusWidget() : FindControl(name);
+    if (!widget)
+        return Failure(QStringLiteral("no such control: ") + name);
+    if (const QString obstacle = Obstacle(widget); !obstacle.isEmpty())
+        return Failure(name + QStringLiteral(": ") + obstacle);
+    const QKeyCombination keys = QKeySequence::fromString(sequence)[0];
+    Later(widget, [widget, keys] {
+        widget->setFocus();
+        QTest::keyClick(widget, keys.key(), keys.keyboardModifiers()); // shortcuts come first, as with a real key
+    });
     return Success();
 }
 
@@ -334,6 +414,10 @@ QJsonObject Execute(const QJsonObject& command)
         return Type(name, text);
     if (what == u"choose")
         return Choose(name, text);
+    if (what == u"mouse")
+        return Mouse(name, text, command);
+    if (what == u"key")
+        return Key(name, text);
     if (what == u"read")
         return Read(name);
     if (what == u"answer")

@@ -302,6 +302,8 @@ void MainWindow::ChooseLanguage(const QString& languageFile)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     // What is asked has to be answered first, and a pass over the sets needs its page to the end.
+    if (page && !QApplication::activeModalWidget())
+        page->StopWork();
     if (QApplication::activeModalWidget() || isProgressShown) {
         event->ignore();
         return;

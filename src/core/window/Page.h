@@ -36,6 +36,8 @@ public:
     virtual void Refresh() {}
     /// Stops what the page keeps running; called when the page is left.
     virtual void Leave() {}
+    /// Ends work that the page goes on with between the events; false if there is none.
+    virtual bool StopWork() { return false; }
     /// Takes over what has been typed and not yet taken, by the rule of its field, and asks where it can't be taken
     /// silently. Called before the page is left and before the project is saved, however that comes about: by a button,
     /// a key, the menu, the close button of the window. False if the user has to look at a field first.

@@ -1,0 +1,594 @@
+#include "diagrams/FormF8.h"
+
+#include "core/Colour.h"
+#include "core/Common.h"
+#include "core/Messages.h"
+#include "core/NumberText.h"
+#include "core/Paths.h"
+#include "core/Shell.h"
+#include "core/clsGraphColours.h"
+#include "core/clsSymbols.h"
+#include "core/clsWaitCursor.h"
+#include "core/texts/DefaultTexts.h"
+#include "core/texts/FormF8Texts.h"
+#include "core/window/FormH3.h"
+#include "core/window/PageFrame.h"
+#include "core/window/PendingInput.h"
+#include "core/window/PlainLabel.h"
+#include "core/window/PlainToolTip.h"
+#include "diagrams/DiagramBox.h"
+#include "diagrams/DiagramLegend.h"
+#include "diagrams/DiagramPanel.h"
+#include "diagrams/FormH17.h"
+#include "diagrams/PointValues.h"
+#include "evaluation/Algorithms.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QPainter>
+#include <QSaveFile>
+#include <QScopedValueRollback>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvanel {
+
+namespace {
+
+constexpr int kStepMs = 10; // the window is to answer every 20 ms
+
+/// U, I and Pel, and of a machine speed, torque and power at its shaft.
+DiagramStates FirstStates(int netConf)
+{
+    DiagramStates states{};
+    for (const int quantity : {kU, kI, kP})
+        states.at(static_cast<std::size_t>(quantity)) = 1;
+    if (HasMachine(netConf))
+        for (const int quantity : {kN, kM, kPmech})
+            states.at(static_cast<std::size_t>(quantity)) = 1;
+    return states;
+}
+
+/// Painting in the elements of the picture box, whose middles are whole numbers.
+void UseElements(QPainter& painter, int elementSize)
+{
+    if (elementSize == 1)
+        return;
+    painter.scale(elementSize, elementSize);
+    painter.translate(0.5, 0.5);
+}
+
+} // namespace
+
+FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
+{
+    constexpr int kSpacing = 4;
+    constexpr int kLegendWidth = 190;
+    Body().setSpacing(kSpacing);
+    if (App().DiagramPage.iNetConfIndex != App().iNetConfIndex) {
+        App().DiagramPage.iNetConfIndex = App().iNetConfIndex;
+        App().DiagramPage.iGraphState = FirstStates(App().iNetConfIndex);
+    }
+    panel = new DiagramPanel;
+    BuildLegend();
+    splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(panel);
+    splitter->addWidget(legendSide);
+    splitter->setStretchFactor(0, 1);
+    splitter->setSizes({kPageWidth - kLegendWidth, kLegendWidth});
+    legendSide->setVisible(App().DiagramPage.isLegendShown);
+    BuildTabs();
+    Body().addWidget(tabs, 1);
+    Body().addLayout(BuildButtons());
+    ConnectPicture();
+    steps.setInterval(0);
+    connect(&steps, &QTimer::timeout, this, [this] { RunGuarded(windowTitle(), [this] { GoOn(); }); });
+    resized.setSingleShot(true);
+    resized.setInterval(0);
+    connect(&resized, &QTimer::timeout, this, [this] {
+        if (isEntered && drawing)
+            RunGuarded(windowTitle(), [this] { DrawView(view); });
+    });
+}
+
+FormF8::~FormF8()
+{
+    if (panel->isWindow()) // it is on the whole screen, and nobody's child
+        delete panel;
+}
+
+void FormF8::BuildTabs()
+{
+    tabs = new QTabWidget;
+    tabs->setObjectName(QStringLiteral("tabPage"));
+    for (const QString& title : {texts::diagramSingle, texts::diagramAll}) {
+        auto* tab = new QWidget;
+        auto* column = new QVBoxLayout(tab);
+        column->setContentsMargins(2, 2, 2, 2);
+        tabs->addTab(tab, title);
+    }
+    tabs->setCurrentIndex(App().DiagramPage.isSingle ? 0 : 1);
+    tabs->currentWidget()->layout()->addWidget(splitter);
+    lockable.push_back(tabs->tabBar());
+    connect(tabs, &QTabWidget::currentChanged, this, [this](int index) {
+        tabs->widget(index)->layout()->addWidget(splitter); // both show the same picture box
+        App().DiagramPage.isSingle = index == 0;
+        Guarded([this] { Redraw(); });
+    });
+}
+
+void FormF8::BuildLegend()
+{
+    legendSide = new QWidget;
+    auto* column = new QVBoxLayout(legendSide);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    auto* caption = new PlainLabel(texts::diagramLegend);
+    caption->setObjectName(QStringLiteral("lblLegend"));
+    column->addWidget(caption);
+    legend = new DiagramLegend;
+    caption->setBuddy(legend);
+    column->addWidget(legend, 1);
+    lockable.push_back(legend);
+    connect(legend, &DiagramLegend::CurveClicked, this,
+            [this](int quantity) { Guarded([this, quantity] { SwitchCurve(quantity); }); });
+    connect(legend, &DiagramLegend::ColourWanted, this,
+            [this](int quantity) { Guarded([this, quantity] { ChooseColour(quantity); }); });
+    connect(legend, &DiagramLegend::OrderWanted, this, [this] { Guarded([this] { ChangeOrder(); }); });
+}
+
+QBoxLayout* FormF8::BuildButtons()
+{
+    auto* row = new QHBoxLayout;
+    AddTool(*row, "cmdInfo", QStringLiteral("i"), texts::diagramInfoTip, [this] { ShowInfo(); });
+    AddTool(*row, "cmdHide", QStringLiteral("▤"), texts::diagramHideTip, [this] { HideTable(); });
+    undoButton = AddTool(*row, "cmdUndo", QStringLiteral("↶"), texts::diagramUndoTip, [this] {
+        if (const auto record = history.Undo())
+            DrawView(*record);
+    });
+    redoButton = AddTool(*row, "cmdRedo", QStringLiteral("↷"), texts::diagramRedoTip, [this] {
+        if (const auto record = history.Redo())
+            DrawView(*record);
+    });
+    AddTool(*row, "cmdRedraw", QStringLiteral("⟳"), texts::diagramRedrawTip, [this] { Redraw(); });
+    AddTool(*row, "cmdFullScreen", QStringLiteral("⤢"), texts::diagramFullTip, [this] { ShowFullView(); });
+    row->addStretch(1);
+
+    pictureMenu = new QMenu(this);
+    pictureMenu->addAction(AddKeys("mnuSavePicture", {}, [this] { SavePicture(); }));
+    pictureMenu->addAction(AddKeys("mnuCopyPicture", {QKeySequence::Copy}, [this] { CopyPicture(); }));
+    pictureMenu->addAction(AddKeys("mnuWholeScreen", {QKeySequence(Qt::Key_F11)}, [this] { ToggleWholeScreen(); }));
+    pictureMenu->actions().at(0)->setText(texts::diagramSave);
+    pictureMenu->actions().at(1)->setText(texts::diagramCopy);
+    pictureMenu->actions().at(2)->setText(texts::diagramWholeScreen);
+    QToolButton* button = AddTool(*row, "cmdPicture", texts::diagramPicture, texts::diagramPictureTip, [] {});
+    button->setMenu(pictureMenu);
+    button->setPopupMode(QToolButton::InstantPopup);
+    return row;
+}
+
+QToolButton* FormF8::AddTool(QBoxLayout& row, const char* name, const QString& sign, const QString& tip,
+                             const std::function<void()>& routine)
+{
+    auto* button = new QToolButton;
+    button->setObjectName(QLatin1String(name));
+    button->setText(sign);
+    button->setToolTip(PlainToolTip(tip));
+    button->setAccessibleName(tip);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setMinimumSize(30, 26);
+    connect(button, &QToolButton::clicked, this, [this, routine] { Guarded(routine); });
+    row.addWidget(button);
+    lockable.push_back(button);
+    return button;
+}
+
+/// A key or a menu entry of the diagram; the same where the diagram has the whole screen.
+QAction* FormF8::AddKeys(const char* name, const QList<QKeySequence>& keys, const std::function<void()>& routine)
+{
+    auto* action = new QAction(this);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcuts(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, [this, routine] {
+        if (!areLocked)
+            Guarded(routine);
+    });
+    addAction(action);
+    panel->addAction(action);
+    return action;
+}
+
+void FormF8::ConnectPicture()
+{
+    DiagramBox& box = panel->Picture();
+    const QStringList hint{texts::diagramHint, texts::diagramHintPoint, texts::diagramHintLegend,
+                           texts::diagramHintZoom};
+    box.setToolTip(PlainToolTip(hint.join(u'\n')));
+    connect(&box, &DiagramBox::RectangleDrawn, this, [this](const DiagramCorners& corners) {
+        Guarded([this, corners] {
+            DrawView(ViewOfRectangle(corners, App().iSetCount, bNegativeValues));
+            AddToHistory();
+        });
+    });
+    connect(&box, &DiagramBox::PointChosen, this,
+            [this](double x, double y) { Guarded([this, x, y] { ShowPointInfo(x, y); }); });
+    connect(&box, &DiagramBox::ViewWanted, this, [this](const DiagramView& wanted, bool isFinal) {
+        Guarded([this, wanted, isFinal] {
+            DrawView(wanted);
+            if (isFinal)
+                AddToHistory();
+        });
+    });
+    connect(panel, &DiagramPanel::MenuWanted, this, [this](QPoint global) {
+        if (!areLocked && !QApplication::activeModalWidget())
+            pictureMenu->popup(global);
+    });
+    connect(panel, &DiagramPanel::Resized, this, [this] { resized.start(); });
+    AddKeys("keyUndo", QKeySequence::keyBindings(QKeySequence::Undo), [this] { undoButton->click(); });
+    AddKeys("keyRedo", {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)},
+            [this] { redoButton->click(); });
+    AddKeys("keyEscape", {QKeySequence(Qt::Key_Escape)}, [this] { Escape(); });
+}
+
+void FormF8::Refresh()
+{
+    if (isEvaluating || isDrawing) // the end of a pass asks for it
+        return;
+    if (isEntered) {
+        FillLegend();
+        return;
+    }
+    isEntered = true;
+    ShowEvaluationPage();
+}
+
+/// The page has no size yet; what it shows is drawn as soon as it has.
+void FormF8::ShowEvaluationPage()
+{
+    if (!App().bEvaluated) {
+        const QScopedValueRollback evaluating(isEvaluating, true);
+        RunGuarded(windowTitle(), EvaluateProject);
+        DropPendingInput(); // a second click on what led here would lead on
+    }
+    ComputeScaleEnds();
+    FillLegend();
+    QTimer::singleShot(0, this, [this] {
+        panel->Picture().setFocus();
+        RunGuarded(windowTitle(), [this] { ShowFullView(); });
+    });
+}
+
+void FormF8::Leave()
+{
+    StopWork();
+}
+
+bool FormF8::StopWork()
+{
+    const bool wasDrawing = isDrawing;
+    EndDrawing();
+    return wasDrawing;
+}
+
+void FormF8::ComputeScaleEnds()
+{
+    const EvaluationResults& results = App().MachineI.evaluation;
+    iGraphList.clear();
+    for (const qint16 column : App().ColumnLayout)
+        if (column >= 0)
+            iGraphList.push_back(column);
+    GraphScaleEnds = ScaleEndsOf(results);
+    bNegativeValues = HasNegativeValues(results, iGraphList);
+}
+
+void FormF8::FillLegend()
+{
+    iGraphList.clear();
+    for (const qint16 column : App().ColumnLayout)
+        if (column >= 0)
+            iGraphList.push_back(column);
+    int& chosen = App().DiagramPage.quantity;
+    if (std::ranges::find(iGraphList, chosen) == iGraphList.end())
+        chosen = iGraphList.empty() ? -1 : iGraphList.front();
+    legend->Fill(iGraphList, GraphScaleEnds);
+    for (const int quantity : iGraphList)
+        legend->ShowState(quantity, App().DiagramPage.iGraphState.at(static_cast<std::size_t>(quantity)) == 1);
+    legend->ShowChosen(chosen);
+    if (pointSet)
+        ShowPointInfo(*pointSet, 0);
+}
+
+DiagramCurve FormF8::CurveOf(int quantity) const
+{
+    DiagramStates alone{};
+    alone.at(static_cast<std::size_t>(quantity)) = 1;
+    return CurvesOf({&quantity, 1}, alone, GraphScaleEnds).front();
+}
+
+std::vector<DiagramCurve> FormF8::CurvesShown() const
+{
+    if (!App().DiagramPage.isSingle)
+        return CurvesOf(iGraphList, App().DiagramPage.iGraphState, GraphScaleEnds);
+    if (App().DiagramPage.quantity < 0)
+        return {};
+    return {CurveOf(App().DiagramPage.quantity)};
+}
+
+DiagramView FormF8::WholeView() const
+{
+    return NormalisedView(FullView(App().iSetCount, bNegativeValues), App().iSetCount);
+}
+
+// Drawing.
+
+void FormF8::DrawDiagram(double x1, double x2, double y1, double y2)
+{
+    steps.stop();
+    DiagramBox& box = panel->Picture();
+    const QSize size = box.Elements();
+    const int elementSize = box.ElementSize();
+    drawing = std::make_unique<DiagramDrawing>(
+        values, CurvesShown(), DiagramView{.x1 = x1, .x2 = x2, .y1 = y1, .y2 = y2}, App().iSetCount, size);
+    view = drawing->Mapping().View();
+    picture = QImage(size * elementSize, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    {
+        QPainter painter(&picture);
+        UseElements(painter, elementSize);
+        drawing->DrawGrid(painter);
+    }
+    box.SetFullView(WholeView());
+    isDrawing = true;
+    ShowAxes();
+    GoOn(); // mostly that is all
+    if (isDrawing && !areLocked) {
+        LockButtons(true);
+        App().TheShell->ShowProgress(Progress::Begin, 0);
+    }
+    if (isDrawing)
+        steps.start();
+    F8UndoRedoButtons();
+}
+
+void FormF8::GoOn()
+{
+    if (!isDrawing || isInStep)
+        return;
+    const QScopedValueRollback step(isInStep, true);
+    bool isComplete = true;
+    QString failure;
+    bool isInUse = false;
+    try {
+        QPainter painter(&picture);
+        UseElements(painter, panel->Picture().ElementSize());
+        isComplete = !drawing->Continue(painter, kStepMs);
+    } catch (const DbLocked&) {
+        isInUse = true;
+    } catch (const DbError& error) {
+        failure = QString::fromUtf8(error.what());
+    }
+    panel->Picture().Show(picture, drawing->Mapping());
+    panel->ShowNames(drawing->Ends());
+    if (areLocked && !isComplete)
+        App().TheShell->ShowProgress(Progress::Advance, drawing->Share());
+    if (isComplete)
+        EndDrawing();
+    if (isInUse)
+        ShowFileInUse(App().sProjectPath);
+    else if (!failure.isEmpty())
+        ShowError(texts::cannotReadFile + u'\n' + failure);
+}
+
+void FormF8::EndDrawing()
+{
+    steps.stop();
+    if (!isDrawing)
+        return;
+    if (areLocked)
+        App().TheShell->ShowProgress(Progress::End, 1); // asks for a refresh, which is none yet
+    isDrawing = false;
+    if (areLocked)
+        LockButtons(false);
+    F8UndoRedoButtons();
+}
+
+void FormF8::LockButtons(bool isLocking)
+{
+    areLocked = isLocking;
+    panel->Picture().SetLocked(isLocking);
+    App().TheShell->SetBusyMenus(!isLocking);
+    Frame().SetPageButtons(!isLocking);
+    for (QWidget* widget : lockable)
+        widget->setEnabled(!isLocking);
+}
+
+void FormF8::ShowAxes()
+{
+    panel->ShowAxes(*drawing);
+    if (App().DiagramPage.quantity >= 0)
+        panel->ShowValues(drawing->Grid(), drawing->Mapping(), CurveOf(App().DiagramPage.quantity));
+}
+
+void FormF8::AddToHistory()
+{
+    history.Add(view.x1, view.x2, view.y1, view.y2);
+    F8UndoRedoButtons();
+}
+
+void FormF8::F8UndoRedoButtons()
+{
+    if (areLocked)
+        return;
+    undoButton->setEnabled(history.HasUndo());
+    redoButton->setEnabled(history.HasRedo());
+}
+
+void FormF8::ShowFullView()
+{
+    if (App().iSetCount != 1)
+        DrawView(WholeView());
+    else
+        view = WholeView();
+    AddToHistory();
+}
+
+void FormF8::Redraw()
+{
+    if (const auto record = history.CurrentZoom())
+        DrawView(*record);
+}
+
+// What the user does.
+
+void FormF8::ShowPointInfo(double x, double /*y*/)
+{
+    if (App().iSetCount < 1)
+        return;
+    const auto set = static_cast<qint32>(std::lround(std::clamp<double>(x, 1, App().iSetCount)));
+    std::vector<QString> texts;
+    VisitPoints(set, set, [&](const ShownSet& shown) {
+        for (const int quantity : iGraphList)
+            texts.push_back(PointText(shown.row, quantity));
+    });
+    if (texts.empty())
+        return;
+    pointSet = set;
+    legend->ShowValues(set, texts);
+    if (pointWindow && pointWindow->isVisible() && App().DiagramPage.quantity >= 0)
+        pointWindow->H17ShowValue(App().DiagramPage.quantity, set);
+}
+
+/// Shows the values around the point that was clicked last, or tells how to choose one.
+void FormF8::ShowInfo()
+{
+    if (!pointSet || App().DiagramPage.quantity < 0) {
+        ShowInformation(QStringList{texts::diagramHint, texts::diagramHintPoint, texts::diagramHintLegend}.join(u'\n'));
+        return;
+    }
+    if (!pointWindow)
+        pointWindow = new FormH17(this);
+    pointWindow->H17ShowForm(App().DiagramPage.quantity, *pointSet);
+}
+
+void FormF8::Choose(int quantity)
+{
+    App().DiagramPage.quantity = quantity;
+    legend->ShowChosen(quantity);
+    if (drawing)
+        panel->ShowValues(drawing->Grid(), drawing->Mapping(), CurveOf(quantity));
+    if (pointWindow && pointWindow->isVisible() && pointSet)
+        pointWindow->H17ShowValue(quantity, *pointSet);
+}
+
+void FormF8::SwitchCurve(int quantity)
+{
+    qint16& state = App().DiagramPage.iGraphState.at(static_cast<std::size_t>(quantity));
+    state = state == 1 ? 0 : 1;
+    legend->ShowState(quantity, state == 1);
+    Choose(quantity);
+    if (App().DiagramPage.isSingle) // the one that is drawn is chosen by the click
+        Redraw();
+}
+
+void FormF8::ChooseColour(int quantity)
+{
+    Choose(quantity);
+    QColorDialog dialog(ColourOf(App().GraphColours->colour(quantity)), this);
+    dialog.setObjectName(QStringLiteral("dlgColour"));
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(App().Symbols->SymbolWithUnit(quantity));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    App().GraphColours->SetColour(quantity, ColourNumber(dialog.selectedColor()));
+    legend->ShowState(quantity, App().DiagramPage.iGraphState.at(static_cast<std::size_t>(quantity)) == 1);
+    Redraw();
+}
+
+void FormF8::ChangeOrder()
+{
+    if (FormH3::ChangeOrder(this))
+        FillLegend();
+}
+
+void FormF8::HideTable()
+{
+    App().DiagramPage.isLegendShown = legendSide->isHidden();
+    legendSide->setVisible(App().DiagramPage.isLegendShown);
+}
+
+void FormF8::ToggleWholeScreen()
+{
+    if (panel->isWindow()) {
+        panel->setWindowFlags(Qt::Widget);
+        splitter->insertWidget(0, panel);
+        splitter->setStretchFactor(0, 1);
+        panel->show();
+    } else {
+        panel->setParent(nullptr, Qt::Window);
+        panel->setWindowTitle(windowTitle());
+        panel->showFullScreen();
+    }
+    panel->Picture().setFocus();
+}
+
+void FormF8::Escape()
+{
+    if (!panel->Picture().DropRectangle() && panel->isWindow())
+        ToggleWholeScreen();
+}
+
+DiagramSheet FormF8::Sheet() const
+{
+    DiagramSheet sheet;
+    sheet.view = view;
+    sheet.curves = CurvesShown();
+    if (App().DiagramPage.quantity >= 0)
+        sheet.axisCurve = CurveOf(App().DiagramPage.quantity);
+    sheet.count = App().iSetCount;
+    sheet.title = App().sProjectName;
+    return sheet;
+}
+
+void FormF8::SavePicture()
+{
+    const QFileInfo project(App().sProjectPath);
+    const std::optional<QString> path = App().TheShell->AskSavePath(
+        {.title = texts::diagramSaveTitle,
+         .suggestion = JoinPath(project.absolutePath(), project.completeBaseName() + QStringLiteral(".png")),
+         .filter = texts::diagramFilter,
+         .preset = {},
+         .extension = QStringLiteral(".png")});
+    if (!path)
+        return;
+    clsWaitCursor cursor;
+    cursor.Show();
+    const QByteArray bytes = FileOfSheet(values, Sheet(), panel->size(), u'.' + QFileInfo(*path).suffix().toLower());
+    if (bytes.isEmpty()) {
+        ShowError(texts::diagramUnknownEnding);
+        return;
+    }
+    QSaveFile file(*path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        ShowError(texts::cannotWriteFile + u'\n' + *path + u'\n' + file.errorString());
+}
+
+void FormF8::CopyPicture()
+{
+    constexpr int kScale = 2;
+    clsWaitCursor cursor;
+    cursor.Show();
+    QApplication::clipboard()->setImage(ImageOfSheet(values, Sheet(), panel->size(), kScale));
+}
+
+} // namespace korvanel
