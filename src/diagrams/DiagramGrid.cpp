@@ -45,7 +45,7 @@ double FractionStep(double span)
 double FirstMultiple(double low, double step)
 {
     const double start = std::floor((low + step) / step) * step;
-    return start - step == low ? low : start;
+    return std::abs(start - step - low) < kRounding * step ? low : start;
 }
 
 std::vector<double> Multiples(double low, double high, double step)

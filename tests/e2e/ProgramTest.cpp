@@ -430,8 +430,8 @@ TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
     EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
     program.WaitForQuiet();
     NewProject(program, PathOf("x"));
-    program.Trigger("mnuResGraph");
-    program.WaitForControl("FormF8");
+    program.Trigger("mnuOfflineDevice");
+    program.WaitForControl("FormF5");
     EXPECT_TRUE(program.IsShown("lblLater"));
     EXPECT_TRUE(program.IsShown("lblDeviceID"));
 }
@@ -453,6 +453,22 @@ TEST_F(ProgramTest, ResultTables_AppearWithoutARecordingToo)
     program.Type("txtTime_1", "2");
     program.Trigger("cmdOK");
     program.WaitForText("lblTWindow", "Zeitfenster: 00:02:00");
+}
+
+TEST_F(ProgramTest, Diagrams_AppearWithoutARecordingToo)
+{
+    ProgramDriver program(settings);
+    program.Start();
+    program.WaitForWindow("MainForm");
+    NewProject(program, PathOf("x"));
+    program.Trigger("mnuResGraph");
+    program.WaitForControl("FormF8");
+    EXPECT_TRUE(program.IsShown("Picture1"));
+    EXPECT_TRUE(program.IsShown("flxInfo"));
+    EXPECT_TRUE(program.IsShown("lblDeviceID"));
+    program.Trigger("cmdFullScreen");
+    program.Mouse("Picture1", "click", {40, 40}, "right");
+    program.WaitForQuiet();
 }
 
 } // namespace

@@ -211,6 +211,7 @@ QJsonObject Key(const QString& name, const QString& sequence)
         return Failure(name + QStringLiteral(": ") + obstacle);
     const QKeyCombination keys = QKeySequence::fromString(sequence)[0];
     Later(widget, [widget, keys] {
+        QApplication::setActiveWindow(widget->window()); // without a window manager nobody else does
         widget->setFocus();
         QTest::keyClick(widget, keys.key(), keys.keyboardModifiers()); // shortcuts come first, as with a real key
     });
