@@ -44,7 +44,7 @@ namespace korvanel {
 
 namespace {
 
-constexpr int kStepMs = 10; // the window is to answer every 20 ms
+constexpr int kStepMs = 5; // with what is painted between the steps the window answers every 20 ms
 
 /// U, I and Pel, and of a machine speed, torque and power at its shaft.
 DiagramStates FirstStates(int netConf)
@@ -96,7 +96,7 @@ FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
     resized.setSingleShot(true);
     resized.setInterval(0);
     connect(&resized, &QTimer::timeout, this, [this] {
-        if (isEntered && drawing)
+        if (drawing && drawing->Mapping().Size() != panel->Picture().Elements())
             RunGuarded(windowTitle(), [this] { DrawView(view); });
     });
 }
