@@ -55,7 +55,13 @@ QPixmap Circle(const QColor& colour, bool isOn, double ratio)
 
 DiagramLegend::DiagramLegend() : QTableWidget(kRows, 0)
 {
+    constexpr double kSmall = 0.85;
     setObjectName(QStringLiteral("flxInfo"));
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * kSmall); // as at the axes: more columns are in view
+    setFont(small);
+    horizontalHeader()->setFont(small);
+    verticalHeader()->setFont(small);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(NoSelection);
     setIconSize({16, 16});

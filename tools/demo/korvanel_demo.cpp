@@ -190,7 +190,9 @@ private:
         driver.WaitForControl(QStringLiteral("FormF6"));
         ShowResults();
         ExportResults();
-        VisitPage("FormF8");
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF8"));
+        ShowDiagrams();
         VisitPage("FormF9");
     }
 
@@ -221,6 +223,34 @@ private:
         driver.Trigger(QStringLiteral("chkValue_0"));
         Picture(QStringLiteral("6-messwerttabelle"));
         driver.Trigger(QStringLiteral("chkValue_0"));
+    }
+
+    /// The curves: all of them, a part, the values of a point, one alone.
+    void ShowDiagrams()
+    {
+        const QString box = QStringLiteral("Picture1");
+        driver.WaitUntilEnabled(QStringLiteral("cmdRedraw"));
+        Picture(QStringLiteral("8-gesamtdiagramm"));
+        const QPoint from(90, 40);
+        const QPoint to(250, 200);
+        driver.Mouse(box, QStringLiteral("press"), from);
+        driver.Mouse(box, QStringLiteral("move"), to);
+        driver.Mouse(box, QStringLiteral("release"), to);
+        driver.WaitUntilEnabled(QStringLiteral("cmdUndo"));
+        driver.Mouse(box, QStringLiteral("click"), (from + to) / 2, QStringLiteral("right"));
+        driver.WaitForControl(QStringLiteral("shpTarget"));
+        Picture(QStringLiteral("8-ausschnitt"));
+        driver.Trigger(QStringLiteral("cmdInfo"));
+        driver.WaitForControl(QStringLiteral("FormH17"));
+        driver.Grab(QStringLiteral("FormH17"), folder.filePath(QStringLiteral("8-werte-um-den-punkt.png")));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH17"));
+        driver.Trigger(QStringLiteral("cmdFullScreen"));
+        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Einzeldiagramm"));
+        driver.WaitUntilEnabled(QStringLiteral("cmdRedraw"));
+        Picture(QStringLiteral("8-einzeldiagramm"));
+        driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Gesamtdiagramm"));
+        driver.WaitUntilEnabled(QStringLiteral("cmdRedraw"));
     }
 
     void PictureOfDialog(const char* button, const char* dialog, const char* name)
