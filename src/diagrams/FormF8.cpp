@@ -101,11 +101,7 @@ FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
     });
 }
 
-FormF8::~FormF8()
-{
-    if (panel->isWindow()) // it is on the whole screen, and nobody's child
-        delete panel;
-}
+FormF8::~FormF8() = default;
 
 void FormF8::BuildTabs()
 {
@@ -529,22 +525,39 @@ void FormF8::HideTable()
 
 void FormF8::ToggleWholeScreen()
 {
-    if (panel->isWindow()) {
-        panel->setWindowFlags(Qt::Widget);
+    if (wholeScreen) {
         splitter->insertWidget(0, panel);
         splitter->setStretchFactor(0, 1);
-        panel->show();
+        wholeScreen->hide();
+        wholeScreen.release()->deleteLater(); // it may be the one whose key is being answered
     } else {
-        panel->setParent(nullptr, Qt::Window);
-        panel->setWindowTitle(windowTitle());
-        panel->showFullScreen();
+        // A window of its own around the panel: what was a window once stays one for the window system.
+        wholeScreen = std::make_unique<QWidget>();
+        wholeScreen->setObjectName(QStringLiteral("WholeScreen"));
+        wholeScreen->setWindowTitle(windowTitle());
+        auto* all = new QVBoxLayout(wholeScreen.get());
+        all->setContentsMargins(0, 0, 0, 0);
+        all->addWidget(panel);
+        wholeScreen->installEventFilter(this);
+        wholeScreen->showFullScreen();
     }
     panel->Picture().setFocus();
 }
 
+/// Whoever closes the whole screen wants the page back.
+bool FormF8::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == wholeScreen.get() && event->type() == QEvent::Close) {
+        event->ignore();
+        ToggleWholeScreen();
+        return true;
+    }
+    return Page::eventFilter(watched, event);
+}
+
 void FormF8::Escape()
 {
-    if (!panel->Picture().DropRectangle() && panel->isWindow())
+    if (!panel->Picture().DropRectangle() && wholeScreen)
         ToggleWholeScreen();
 }
 

@@ -40,6 +40,7 @@ public:
     void Refresh() override;
     void Leave() override;
     bool StopWork() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildTabs();
@@ -95,6 +96,7 @@ private:
     std::vector<QWidget*> lockable; ///< while a drawing goes on
     QMenu* pictureMenu = nullptr;
     QPointer<FormH17> pointWindow;
+    std::unique_ptr<QWidget> wholeScreen; ///< around the panel while it is there
 
     std::vector<int> iGraphList; ///< quantities of the legend, in its order
     DiagramScaleEnds GraphScaleEnds{};
