@@ -17,6 +17,7 @@ namespace {
 std::vector<int> QuantitiesOf(const std::vector<DiagramCurve>& curves)
 {
     std::vector<int> quantities;
+    quantities.reserve(curves.size());
     for (const DiagramCurve& curve : curves)
         quantities.push_back(curve.quantity);
     return quantities;
