@@ -7,6 +7,7 @@
 #include "core/Quantities.h"
 #include "core/ValueRow.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -165,6 +166,7 @@ struct ApplicationBlock
     bool bDevConnected = false;  ///< it was identified
     bool bConfigDue = false;     ///< identified on this connection and not yet configured
     bool bShowDevErrors = false; ///< the dispatcher shows an error itself; else the caller reads `sDevError`
+    QByteArray sDevReply;        ///< last block of an instrument that sends all its values at once
     QString sDevError;           ///< of the last operation; empty without one
     QString sDevFound;           ///< catalogue entry that was identified
     std::array<double, 2> dTransRatio{1, 1}; ///< primary over secondary of the program's transformers: voltage, current

@@ -5,6 +5,9 @@
 #include "core/texts/FormF2Texts.h"
 #include "instruments/EntryTable.h"
 #include "instruments/IskraDriver.h"
+#include "instruments/NanovipDriver.h"
+#include "instruments/NormaDriver.h"
+#include "instruments/YokogawaDriver.h"
 
 #include <algorithm>
 
@@ -66,8 +69,31 @@ constexpr qint16 kSlowInterval = 2;
 /// A row of the family NANOVIP-PLUS, which sends all values in one block of 1.5 s.
 constexpr Instrument Nanovip(Instrument row)
 {
+    row.driver = &kNanovipDriver;
     row.minInterval = kSlowInterval;
     row.leastRunInterval = 1.5;
+    return row;
+}
+
+/// A row of the family NORMA D4355, which takes one query after the other.
+constexpr Instrument Norma(Instrument row)
+{
+    row.driver = &kNormaDriver;
+    row.minInterval = kSlowInterval;
+    return row;
+}
+
+constexpr Instrument Wt130(Instrument row)
+{
+    row.driver = &kWt130Driver;
+    return row;
+}
+
+/// A row of the family YOKOGAWA 2535, whose block carries no phase angle.
+constexpr Instrument Y2535(Instrument row)
+{
+    row.driver = &k2535Driver;
+    row.remark = &texts::wiringR1;
     return row;
 }
 
@@ -83,18 +109,18 @@ constexpr Instrument kInstruments[] = {
     Iskra({.entry = "ISKRA MI71XX 3Ø4W U ", .wiring = kVoltageOnly}),
     Nanovip({.entry = "NANOVIP-PLUS 1Ø2W", .wiring = kOnePhase}),
     Nanovip({.entry = "NANOVIP-PLUS 3Ø3W", .wiring = kNanovipThreeWire}),
-    {.entry = "NORMA D4355 1Ø2W", .wiring = kOnePhase, .minInterval = kSlowInterval},
-    {.entry = "NORMA D4355 3Ø4W", .wiring = kFourWire, .minInterval = kSlowInterval},
-    {.entry = "YOKOGAWA WT130 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric},
-    {.entry = "YOKOGAWA WT130 3Ø3W", .wiring = kAron},
-    {.entry = "YOKOGAWA WT130 3Ø4W", .wiring = kFourWire},
-    {.entry = "YOKOGAWA 2535 1Ø2W",
-     .wiring = kOnePhase,
-     .remark = &texts::wiringR1,
-     .wiringInThreePhaseNet = &kSymmetric},
-    {.entry = "YOKOGAWA 2535 3Ø3W", .wiring = kAron, .remark = &texts::wiringR1},
-    {.entry = "YOKOGAWA 2535 3Ø4W", .wiring = kFourWire, .remark = &texts::wiringR1},
+    Norma({.entry = "NORMA D4355 1Ø2W", .wiring = kOnePhase}),
+    Norma({.entry = "NORMA D4355 3Ø4W", .wiring = kFourWire}),
+    Wt130({.entry = "YOKOGAWA WT130 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric}),
+    Wt130({.entry = "YOKOGAWA WT130 3Ø3W", .wiring = kAron}),
+    Wt130({.entry = "YOKOGAWA WT130 3Ø4W", .wiring = kFourWire}),
+    Y2535({.entry = "YOKOGAWA 2535 1Ø2W", .wiring = kOnePhase, .wiringInThreePhaseNet = &kSymmetric}),
+    Y2535({.entry = "YOKOGAWA 2535 3Ø3W", .wiring = kAron}),
+    Y2535({.entry = "YOKOGAWA 2535 3Ø4W", .wiring = kFourWire}),
 };
+
+static_assert(std::ranges::all_of(kInstruments, [](const Instrument& row) { return row.driver != nullptr; }),
+              "each entry can be asked");
 
 } // namespace
 

@@ -56,7 +56,7 @@ const BusFamily& FamilyWithAddresses();
 struct Instrument
 {
     const char* entry;
-    const InstrumentDriver* driver = nullptr; ///< none: the instrument can be chosen, but not yet be asked
+    const InstrumentDriver* driver = nullptr;
     Wiring wiring;
     TextRef remark = nullptr;
     qint16 minInterval = 1; ///< s, for the user to choose

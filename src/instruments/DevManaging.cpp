@@ -24,7 +24,7 @@ bool DevCommand(quint8 command)
     app.sDevError.clear();
     const Instrument* instrument = FindInstrument(app.sDevice);
     try {
-        if (instrument && instrument->driver)
+        if (instrument)
             instrument->driver->Run(command);
         else
             app.sDevError = texts::devUnknown + app.sDevice;

@@ -1,5 +1,7 @@
 #include "instruments/Frames.h"
 
+#include "core/NumberText.h"
+
 namespace korvanel {
 
 namespace {
@@ -37,6 +39,16 @@ bool IsAnswerTo(const QByteArray& request, const QByteArray& reply, qsizetype le
 {
     constexpr qsizetype kHead = 2;
     return reply.size() >= leastLength && reply.left(kHead) == request.left(kHead);
+}
+
+QByteArray Line(const char* command)
+{
+    return QByteArray(command) + "\r\n";
+}
+
+double NumberAt(const QByteArray& reply, qsizetype position, qsizetype length)
+{
+    return LeadingNumber(QString::fromLatin1(reply.mid(position - 1, length)));
 }
 
 double UnitPrefixFactor(const QString& text)

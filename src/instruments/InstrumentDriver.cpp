@@ -1,6 +1,7 @@
 #include "instruments/InstrumentDriver.h"
 
 #include "core/Common.h"
+#include "core/NumberText.h"
 #include "core/texts/DefaultTexts.h"
 #include "instruments/SerialLink.h"
 #include "instruments/SerialPort.h"
@@ -57,7 +58,7 @@ void InstrumentDriver::IdentifyAnew() const
         app.bDevConnected = true;
         app.sDevFound = app.sDevice;
     } else {
-        app.sDevError = texts::devNotFound;
+        app.sDevError = TextOf(identity.refusal ? identity.refusal : &texts::devNotFound);
     }
 }
 
@@ -75,6 +76,19 @@ void InstrumentDriver::Close() const
 void InstrumentDriver::Sample() const
 {
     TellUnknownCommand(kDevSample);
+}
+
+bool InstrumentDriver::TakeBlock(const QByteArray& request, double wait, qsizetype length)
+{
+    ApplicationBlock& app = App();
+    app.sDevReply = Exchange(request, wait);
+    if (app.sDevReply.size() == length)
+        return true;
+    app.MeasuredRow.sValidMask = QStringLiteral("EEEE");
+    if (app.iGraceLeft <= 1) // a run goes on without a message
+        app.sDevError =
+            FillPlaceholders(texts::devWrongLength, {QString::number(app.sDevReply.size()), QString::number(length)});
+    return false;
 }
 
 void InstrumentDriver::ReadTransformers() const

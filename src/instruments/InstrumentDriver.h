@@ -3,6 +3,8 @@
 // of its own, so that one object serves all entries of the family.
 #pragma once
 
+#include "core/Texts.h"
+
 #include <QByteArray>
 #include <QtGlobal>
 
@@ -36,8 +38,9 @@ protected:
     /// What came back when the instrument was asked who it is.
     struct Identity
     {
-        QByteArray reply;        ///< empty: nobody is there
-        bool isOfFamily = false; ///< an instrument that this driver is for
+        QByteArray reply;          ///< empty: nobody is there
+        bool isOfFamily = false;   ///< an instrument that this driver is for
+        TextRef refusal = nullptr; ///< what is told of a stranger; null: that the instrument isn't found
     };
 
     virtual int DataBits() const { return 8; }
@@ -52,6 +55,10 @@ protected:
     virtual void Prepare() const {}
     /// Fills `MeasuredRow`.
     virtual void Sample() const;
+    /// Asks for the block of an instrument that sends all its values at once, and keeps it as `sDevReply`. A block of
+    /// another length makes the sample invalid and is told, unless a run still has patience; then there is nothing to
+    /// decode.
+    static bool TakeBlock(const QByteArray& request, double wait, qsizetype length);
     virtual void Close() const;
     virtual void ReadTransformers() const;
     virtual void WriteTransformers() const;

@@ -11,7 +11,6 @@
 #include "instruments/SerialLink.h"
 
 #include <optional>
-#include <stdexcept>
 
 namespace korvanel {
 
@@ -19,7 +18,7 @@ namespace {
 
 constexpr double kRegisterWait = 0.15;
 
-struct Mode
+struct IskraMode
 {
     const char* entry;
     quint16 connection; ///< value of the register of the connection mode
@@ -29,7 +28,7 @@ struct Mode
 
 using enum IskraPlan;
 
-constexpr Mode kModes[] = {
+constexpr IskraMode kIskraModes[] = {
     {.entry = "ISKRA MI71XX 1Ø2W (1b)", .connection = 1, .refusal = &texts::devNotSinglePhase, .plan = SinglePhase},
     {.entry = "ISKRA MI71XX 1Ø2W (1b) Rec",
      .connection = 1,
@@ -104,14 +103,6 @@ std::optional<quint16> ReadRegister(Function function, quint16 reg)
     return static_cast<quint16>(static_cast<quint8>(reply[3]) << 8 | static_cast<quint8>(reply[4]));
 }
 
-/// The mode of the chosen entry. Every entry of the family has one.
-const Mode& ChosenMode()
-{
-    if (const Mode* mode = FindEntry(kModes, App().sDevice))
-        return *mode;
-    throw std::out_of_range("no mode for this entry");
-}
-
 } // namespace
 
 const IskraDriver kIskraDriver{};
@@ -132,14 +123,14 @@ InstrumentDriver::Identity IskraDriver::Identify() const
 
 void IskraDriver::Configure() const
 {
-    const Mode& mode = ChosenMode();
+    const IskraMode& mode = ChosenEntry(kIskraModes);
     if (!WriteRegister(kConnectionMode, mode.connection))
         App().sDevError = TextOf(mode.refusal);
 }
 
 void IskraDriver::Sample() const
 {
-    TakeIskraSample(ChosenMode().plan);
+    TakeIskraSample(ChosenEntry(kIskraModes).plan);
 }
 
 void IskraDriver::ReadTransformers() const

@@ -359,7 +359,7 @@ TEST_F(NoLoadTest, PortThatCantBeOpened_IsToldAndNothingIsMeasured)
 
 TEST_F(NoLoadTest, UnknownInstrument_IsToldAndNothingIsMeasured)
 {
-    App().sDevice = QStringLiteral("NORMA D4355 3Ø4W"); // has no driver yet
+    App().sDevice = QStringLiteral("NORMA D4355 3Ø5W");
     test.StartOrStop(1);
     EXPECT_EQ(shell.boxes.size(), 1U);
     ExpectEnded();
