@@ -23,12 +23,7 @@ protected:
         ASSERT_TRUE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I));
         App().sProjectName = "Diagramme";
         ASSERT_TRUE(SaveProject());
-        program.Start();
-        program.WaitForWindow("MainForm");
-        program.Trigger("mnuOpen");
-        program.GivePath(App().sProjectPath);
-        program.AnswerBox("Nein"); // the machine isn't taken into the motor database
-        program.WaitForControl("FormF1");
+        OpenProjectWithMachine(program, App().sProjectPath);
         program.Trigger("mnuResGraph");
         program.WaitForControl("FormF8");
         WaitForDrawing();

@@ -22,12 +22,7 @@ protected:
         PutExample(*options);
         ASSERT_TRUE(CopyMachineIntoProject(App().MachineI.record, WhichMachine::I));
         ASSERT_TRUE(SaveProject());
-        program.Start();
-        program.WaitForWindow("MainForm");
-        program.Trigger("mnuOpen");
-        program.GivePath(App().sProjectPath);
-        program.AnswerBox("Nein"); // the machine isn't taken into the motor database
-        program.WaitForControl("FormF1");
+        OpenProjectWithMachine(program, App().sProjectPath);
     }
     void OpenResults()
     {

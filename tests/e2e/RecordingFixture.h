@@ -19,6 +19,17 @@
 
 namespace korvanel::test {
 
+/// Starts the program and opens a project whose machine the motor database doesn't hold.
+inline void OpenProjectWithMachine(ProgramDriver& program, const QString& path)
+{
+    program.Start();
+    program.WaitForWindow("MainForm");
+    program.Trigger("mnuOpen");
+    program.GivePath(path);
+    program.AnswerBox("Nein"); // it isn't taken into it
+    program.WaitForControl("FormF1");
+}
+
 class RecordingTest : public ::testing::Test
 {
 protected:
