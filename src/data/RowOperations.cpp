@@ -16,6 +16,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -58,7 +59,7 @@ bool AreThere(qint32 first, qint32 count)
     SQLite::Statement query(ProjectDb().Handle(), std::string("SELECT COUNT(*) FROM ") + kMeasuredJoin +
                                                       " WHERE SampledValues.[Set] BETWEEN ? AND ?");
     query.bind(1, first);
-    query.bind(2, static_cast<qint64>(first) + count - 1);
+    query.bind(2, static_cast<std::int64_t>(first) + count - 1);
     query.executeStep();
     return query.getColumn(0).getInt() == count;
 }

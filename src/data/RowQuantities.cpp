@@ -10,16 +10,6 @@
 
 namespace korvanel {
 
-double& QuantityField(tValueRow& row, int quantity)
-{
-    return QuantityOf(quantity).field(row);
-}
-
-double QuantityValue(const tValueRow& row, int quantity)
-{
-    return QuantityField(const_cast<tValueRow&>(row), quantity); // the accessors only look
-}
-
 double DisplayDivisor(int quantity)
 {
     return QuantityOf(quantity).divisor;

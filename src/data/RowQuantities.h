@@ -1,7 +1,7 @@
 // The quantities of a row by their number, and their texts as grids show them.
 #pragma once
 
-#include "core/Quantities.h"
+#include "core/QuantityTable.h"
 #include "core/ValueRow.h"
 
 #include <QString>
@@ -11,8 +11,14 @@
 namespace korvanel {
 
 /// Field of a quantity, 0 to 49, in base units. Throws std::out_of_range for any other number.
-double& QuantityField(tValueRow& row, int quantity);
-double QuantityValue(const tValueRow& row, int quantity);
+inline double& QuantityField(tValueRow& row, int quantity)
+{
+    return QuantityOf(quantity).field(row);
+}
+inline double QuantityValue(const tValueRow& row, int quantity)
+{
+    return QuantityField(const_cast<tValueRow&>(row), quantity); // the accessors only look
+}
 
 /// By what a stored value is divided for showing: 3600 for energies, held in watt seconds and shown in watt hours;
 /// else 1.

@@ -75,14 +75,6 @@ void BeginUnstored(EvaluationResults& results, const std::vector<int>& stored)
 
 } // namespace
 
-void UpdateExtrem(double value, qint32 set, ExtremEntry& minimum, ExtremEntry& maximum)
-{
-    if (set == 1 || value < minimum.dValue)
-        minimum = {value, set};
-    if (set == 1 || value > maximum.dValue)
-        maximum = {value, set};
-}
-
 EvaluationPass::EvaluationPass(const PassConditions& passConditions, std::unique_ptr<WindowTail> windowTail)
     : conditions(passConditions), rater(conditions.rated, conditions.netConf),
       stored(StoredQuantities(conditions.netConf)), span(WindowSpan(conditions.window, conditions.energy.dt)),

@@ -30,7 +30,13 @@ struct PassConditions
 };
 
 /// Overwrites the entries of a pair that the value exceeds. Set 1 begins both; a tie keeps the earlier set.
-void UpdateExtrem(double value, qint32 set, ExtremEntry& minimum, ExtremEntry& maximum);
+inline void UpdateExtrem(double value, qint32 set, ExtremEntry& minimum, ExtremEntry& maximum)
+{
+    if (set == 1 || value < minimum.dValue)
+        minimum = {value, set};
+    if (set == 1 || value > maximum.dValue)
+        maximum = {value, set};
+}
 
 class EvaluationPass
 {

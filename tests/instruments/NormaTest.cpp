@@ -9,6 +9,7 @@
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <random>
 
 namespace korvanel::test {
 namespace {
@@ -206,6 +207,27 @@ TEST_F(NormaTest, BareLineEndIsAnAnswerThatReadsAsZero)
     EXPECT_EQ(Row().sValidMask, "NNNN");
     EXPECT_EQ(Row().dI[kSum], 0);
     EXPECT_FALSE(std::signbit(Row().dP[kSum]));
+}
+
+TEST_F(NormaTest, RandomAnswersDoNoHarm)
+{
+    std::mt19937 random(6); // NOLINT(cert-msc51-cpp): the same answers in every run
+    std::uniform_int_distribution<int> byte(0, 255);
+    const int samples = std::max(4'000, qEnvironmentVariableIntValue("KORVANEL_FUZZ_BLOCKS"));
+    const char* const likely = "0123456789+-.eE  \r\n";
+    int turn = 0;
+    port.answer = [&](const QByteArray&) {
+        QByteArray answer(byte(random) % 20, ' ');
+        for (char& c : answer)
+            c = static_cast<char>(turn % 3 == 0 ? byte(random) : likely[byte(random) % 19]);
+        return answer;
+    };
+    for (turn = 0; turn < samples; ++turn) {
+        App().MeasuredRow = {};
+        port.requests.clear();
+        ASSERT_TRUE(DevCommand(kDevSample));
+        ASSERT_LE(std::abs(Row().dPhi[kSum]), 180);
+    }
 }
 
 TEST_F(NormaTest, OperationsThatItLacksAreTold)
