@@ -1,5 +1,6 @@
 // The simulator's executable on a real pseudo-terminal, with everything that can be told to it.
 #include "remote/SimulatorProcess.h"
+#include "tools/LineRequests.h"
 #include "tools/OpenLine.h"
 #include "tools/SimulatorRequests.h"
 
@@ -32,9 +33,10 @@ std::string TextOf(const Bytes& reply)
 class SimulatorProcessTest : public ::testing::Test
 {
 protected:
-    void Start(const QStringList& options = {})
+    void Start(const QStringList& options = {}) { StartFamily("iskra", options); }
+    void StartFamily(const char* family, const QStringList& options)
     {
-        simulator.emplace(folder.path(), options);
+        simulator.emplace(folder.path(), QLatin1String(family), options);
         line.emplace(simulator->Link());
         ASSERT_TRUE(line->IsOpen());
     }
@@ -109,7 +111,7 @@ TEST_F(SimulatorProcessTest, BadCommands_AreAnsweredByAnErrorAndChangeNothing)
     simulator->Tell("value 28 50");
     for (const char* command : {"", "bogus", "fault", "fault bogus", "delay -1", "delay x", "address 0", "address 248",
                                 "address 1x", "profile bogus", "set 99 1", "set 28 12345678", "set", "value 28",
-                                "value 28 nan", "value 28 1e99", "value x 1"})
+                                "value 28 nan", "value 28 1e99", "value x 1", "state switch 1"})
         EXPECT_THROW(simulator->Tell(command), std::runtime_error) << command;
     EXPECT_THROW(simulator->Tell(QString(100000, 'x')), std::runtime_error);
     EXPECT_EQ(TextOf(Ask(QueryOf(28), 12)), "50.000H");
@@ -206,6 +208,66 @@ TEST_F(SimulatorProcessTest, Log_HasALineForEachExchange)
     }
 }
 
+TEST_F(SimulatorProcessTest, Family_IsTheUsualOneWithoutAnyName)
+{
+    simulator.emplace(folder.path());
+    line.emplace(simulator->Link());
+    EXPECT_EQ(Ask(Frame(3, 17, 1), 7).size(), 7U);
+}
+
+TEST_F(SimulatorProcessTest, Nanovip_HasASwitchAndStates)
+{
+    StartFamily("nanovip", {"--switch", "3", "--profile", "constant", "--address", "0"});
+    simulator->Tell("state battery low");
+    simulator->Tell("value 0 230");
+    simulator->Tell("set 1 0285FE");
+    for (const char* command : {"state", "state battery", "state switch 2", "address 1", "set 11 1"})
+        EXPECT_THROW(simulator->Tell(command), std::runtime_error) << command;
+    const std::string reply = PlainText(Ask(BytesOf(":010302020049AF\r\n"), 303));
+    ASSERT_EQ(reply.size(), 303U);
+    EXPECT_EQ(reply.substr(0, 19), ":0103923002000285FE");
+    EXPECT_EQ(reply.substr(295, 2), "40");
+    ASSERT_TRUE(Comes([this] { return simulator->Log().size() == 1; }));
+    const LoggedExchange exchange = simulator->Log()[0];
+    EXPECT_EQ(exchange.kind, "query");
+    EXPECT_EQ(exchange.code, -1);
+    EXPECT_EQ(exchange.Value("U"), "230");
+    EXPECT_EQ(exchange.Value("I"), "-5.02");
+    EXPECT_EQ(exchange.Value("f"), "50.0");
+    EXPECT_TRUE(exchange.Value("cos").isNull());
+}
+
+TEST_F(SimulatorProcessTest, Yokogawa_IsSetUpByCommandsOfTheLine)
+{
+    StartFamily("wt130", {});
+    line->Write(BytesOf("WR3\r\n"));
+    EXPECT_EQ(Ask(BytesOf("OD\r\n"), 261).size(), 261U);
+    ASSERT_TRUE(Comes([this] { return simulator->Log().size() == 2; }));
+    EXPECT_EQ(simulator->Log()[0].kind, "write");
+    EXPECT_FALSE(simulator->Log()[1].Value("sign").isNull());
+    StartFamily("2535", {"--scale", "2,100"});
+    EXPECT_EQ(PlainText(Ask(BytesOf("OS\r\n"), 33)), "MDL2535,WR1,SC1,KV2.000,KA100.0\r\n");
+    EXPECT_EQ(Ask(BytesOf("OD\r\n"), 89).size(), 89U);
+}
+
+TEST_F(SimulatorProcessTest, Norma_AnswersValueByValue)
+{
+    StartFamily("norma", {});
+    simulator->Tell("value 3 -1500");
+    simulator->Tell("set 0 ");
+    EXPECT_EQ(PlainText(Ask(BytesOf("*TST?\r\n"), 3)), "0\r\n");
+    simulator->Tell("state selftest bad");
+    EXPECT_EQ(PlainText(Ask(BytesOf("*TST?\r\n"), 3)), "1\r\n");
+    line->Write(BytesOf("volt:rms?\r\n"));
+    EXPECT_EQ(PlainText(Ask(BytesOf("pow:act?\r\n"), 13)), "-1.5000E+03\r\n");
+    ASSERT_TRUE(Comes([this] { return simulator->Log().size() == 4; }));
+    const std::vector<LoggedExchange> log = simulator->Log();
+    EXPECT_EQ(log[2].code, 0);
+    EXPECT_TRUE(log[2].reply.isEmpty() && log[2].text.isEmpty());
+    EXPECT_EQ(log[3].code, 3);
+    EXPECT_EQ(log[3].text, "-1.5000E+03");
+}
+
 TEST_F(SimulatorProcessTest, HostileBytes_LeaveItAnswering)
 {
     Start();
@@ -251,6 +313,11 @@ TEST_F(SimulatorProcessTest, BadOptions_AreToldAndEndWithTwo)
         {{"--transformers", "a,b,c,d"}, "not a number: a"},
         {{"--transformers", ""}, "four numbers"},
         {{"--transformers", "400,400,5,0"}, "current secondary"},
+        {{"--family", "nanovip", "--switch", "2"}, "unknown state: switch 2"},
+        {{"--switch", "x"}, "not a number: x"},
+        {{"--family", "2535", "--scale", "0,1"}, "0.01 to 99999"},
+        {{"--scale", "1"}, "two numbers"},
+        {{"--scale", "1,2,"}, "two numbers"},
         {{"--fault", "bogus"}, "unknown fault: bogus"},
         {{"--delay", "61"}, "0 to 60"},
         {{"--delay", "inf"}, "not a number: inf"},
@@ -273,8 +340,9 @@ TEST_F(SimulatorProcessTest, PlacesThatCannotBeWritten_AreToldAndEndWithOne)
 TEST_F(SimulatorProcessTest, Help_TellsEveryOption)
 {
     EXPECT_EQ(ExitCode({"--help"}), 0);
-    for (const char* option : {"--family", "--address", "--link", "--log", "--profile", "--model", "--number",
-                               "--transformers", "--fault", "--delay", "--help"})
+    for (const char* option :
+         {"--family", "--address", "--link", "--log", "--profile", "--model", "--number", "--transformers", "--switch",
+          "--scale", "--fault", "--delay", "--help", "iskra|nanovip|wt130|2535|norma"})
         EXPECT_TRUE(output.contains(QLatin1String(option))) << option;
 }
 

@@ -67,7 +67,10 @@ inline constexpr CodeRange kAllCodes[] = {
 class Bench
 {
 public:
-    explicit Bench(const InstrumentSetup& setup = {}) : instrument(MakeFamily("iskra", setup)), station(*instrument) {}
+    explicit Bench(const InstrumentSetup& setup = {}) : Bench("iskra", setup) {}
+    Bench(const std::string& family, const InstrumentSetup& setup)
+        : instrument(MakeFamily(family, setup)), station(*instrument)
+    {}
 
     /// Exchanges that come of these bytes alone, after the line was silent for a second.
     std::vector<Exchange> Exchanges(const Bytes& bytes)

@@ -1,6 +1,7 @@
 // What the instrument has sent, set beside what the project file holds, and that beside what was exported.
 #pragma once
 
+#include "demo/DemoInstrument.h"
 #include "remote/SimulatorProcess.h"
 
 #include <QString>
@@ -19,10 +20,10 @@ struct Comparison
     QStringList differences;
 };
 
-/// Compares a recording of a machine: voltage, current, frequency and phase angle of each set; and each set has to
-/// carry the estimate of the machine. `firstExchange` is the first one of the log that belongs to the recording.
-Comparison CompareRecording(const QString& projectFile, const std::vector<LoggedExchange>& log,
-                            std::size_t firstExchange);
+/// Compares a recording of a machine: what the instrument tells of each set; and each set has to carry the estimate of
+/// the machine. `firstExchange` is the first one of the log that belongs to the recording.
+Comparison CompareRecording(const DemoInstrument& instrument, const QString& projectFile,
+                            const std::vector<LoggedExchange>& log, std::size_t firstExchange);
 
 /// Compares the lines of an exported text with the sets of the project file: the same sets, and the same numbers for
 /// voltage, current, frequency, active power, speed and torque.

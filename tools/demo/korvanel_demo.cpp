@@ -2,8 +2,9 @@
 // real buttons from New to STOP, and leaves the project file, the instrument's log of what it sent and a picture of
 // each page and the exported text. What was stored is compared with what was sent, and what was exported with what was
 // stored; a difference makes the demo fail.
-//   korvanel_demo [--seconds N] [--out DIR]
+//   korvanel_demo [--seconds N] [--out DIR] [--family NAME]
 #include "demo/Comparison.h"
+#include "demo/DemoInstrument.h"
 #include "remote/ProgramDriver.h"
 #include "remote/SimulatorProcess.h"
 
@@ -26,9 +27,9 @@ namespace {
 class Demo
 {
 public:
-    Demo(const QDir& output, int runSeconds)
-        : folder(output), seconds(runSeconds), simulator(output.path()),
-          driver(output.filePath(QStringLiteral("settings")))
+    Demo(const QDir& output, int runSeconds, const DemoInstrument& shown)
+        : folder(output), seconds(runSeconds), instrument(shown),
+          simulator(output.path(), QLatin1String(shown.family), {}), driver(output.filePath(QStringLiteral("settings")))
     {
         QSettings settings(output.filePath(QStringLiteral("settings/KORVANEL/KORVANEL.ini")), QSettings::IniFormat);
         settings.setValue(QStringLiteral("Ports/COM1"), simulator.Link());
@@ -44,14 +45,15 @@ public:
         DescribeProject();
         ChooseNetConfiguration();
         ChooseMachine();
-        SearchAddress();
+        if (instrument.hasAddress)
+            SearchAddress();
         ConfigureInstrument();
         Record();
         WalkPages();
         driver.Trigger(QStringLiteral("mnuEnd"));
         if (driver.WaitForEnd() != EXIT_SUCCESS)
             throw DriverError("the program ended with an error");
-        Comparison comparison = CompareRecording(ProjectFile(), simulator.Log(), firstExchange);
+        Comparison comparison = CompareRecording(instrument, ProjectFile(), simulator.Log(), firstExchange);
         CompareExport(ProjectFile(), ExportFile(), comparison);
         return comparison;
     }
@@ -144,11 +146,17 @@ private:
     {
         driver.Trigger(QStringLiteral("cmdForw"));
         driver.WaitForControl(QStringLiteral("FormF3"));
-        driver.Choose(QStringLiteral("cboSelect"), QStringLiteral("ISKRA MI71XX 3Ø4W (4u)"));
+        driver.Choose(QStringLiteral("cboSelect"), QString::fromUtf8(instrument.entry));
         driver.Trigger(QStringLiteral("cmdDiag"));
         constexpr int kGreen = 65280;
-        while (driver.Read(QStringLiteral("shpLED_2"))[QStringLiteral("colour")].toInt() != kGreen)
+        constexpr int kPatienceMs = 30000;
+        QElapsedTimer timer;
+        timer.start();
+        while (driver.Read(QStringLiteral("shpLED_2"))[QStringLiteral("colour")].toInt() != kGreen) {
+            if (timer.elapsed() > kPatienceMs)
+                throw DriverError("the instrument was not found");
             QThread::msleep(50);
+        }
         Picture(QStringLiteral("4-messgeraet"));
         driver.Choose(QStringLiteral("tabPage"), QStringLiteral("Wandler / Messbereich"));
         driver.Choose(QStringLiteral("cboEnd_1"), QStringLiteral("50"));
@@ -272,6 +280,7 @@ private:
 
     QDir folder;
     int seconds;
+    const DemoInstrument& instrument;
     SimulatorProcess simulator;
     ProgramDriver driver;
     std::size_t firstExchange = 0; ///< of the simulator's log that belongs to the recording
@@ -297,7 +306,10 @@ int main(int argc, char* argv[])
                                  QStringLiteral("demo-output"));
     const QCommandLineOption length(QStringLiteral("seconds"), QStringLiteral("length of the recording"),
                                     QStringLiteral("N"), QStringLiteral("30"));
-    parser.addOptions({out, length});
+    const QCommandLineOption family(QStringLiteral("family"),
+                                    QStringLiteral("instrument: ") + DemoFamilies().join(u'|'), QStringLiteral("NAME"),
+                                    QStringLiteral("iskra"));
+    parser.addOptions({out, length, family});
     parser.addHelpOption();
     parser.process(application);
     QTextStream print(stdout);
@@ -308,13 +320,18 @@ int main(int argc, char* argv[])
         print << "--seconds wants a whole number from 1 on\n";
         return EXIT_FAILURE;
     }
+    const DemoInstrument* const instrument = FindDemoInstrument(parser.value(family));
+    if (instrument == nullptr) {
+        print << "--family is one of " << DemoFamilies().join(QStringLiteral(", ")) << '\n';
+        return EXIT_FAILURE;
+    }
     if (!folder.mkpath(QStringLiteral("settings/KORVANEL"))) {
         print << "can't make " << folder.path() << '\n';
         return EXIT_FAILURE;
     }
     bool isWhole = false;
     try {
-        isWhole = Report(print, Demo(folder, seconds).Run());
+        isWhole = Report(print, Demo(folder, seconds, *instrument).Run());
     } catch (const std::exception& error) {
         print << "demo failed: " << error.what() << '\n';
         return EXIT_FAILURE;

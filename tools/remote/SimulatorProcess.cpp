@@ -17,6 +17,15 @@ constexpr int kSimulatorPatienceMs = 30000;
 
 } // namespace
 
+QString LoggedExchange::Value(const QString& name) const
+{
+    const QString head = name + u'=';
+    for (const QString& pair : text.split(u' '))
+        if (pair.startsWith(head))
+            return pair.mid(head.size());
+    return {};
+}
+
 SimulatorProcess::SimulatorProcess(const QString& folder, const QStringList& options)
     : link(QDir(folder).filePath(QStringLiteral("instrument"))),
       log(QDir(folder).filePath(QStringLiteral("instrument.log")))
@@ -30,6 +39,10 @@ SimulatorProcess::SimulatorProcess(const QString& folder, const QStringList& opt
     if (device.isEmpty())
         throw std::runtime_error("simulator greets with " + greeting.toStdString());
 }
+
+SimulatorProcess::SimulatorProcess(const QString& folder, const QString& family, const QStringList& options)
+    : SimulatorProcess(folder, QStringList{QStringLiteral("--family"), family} + options)
+{}
 
 SimulatorProcess::~SimulatorProcess()
 {

@@ -18,7 +18,10 @@ struct LoggedExchange
     QByteArray reply; ///< as sent; empty if there was none
     QString kind;     ///< read, write, query or bad
     int code = -1;    ///< register or value code; -1 if there is none
-    QString text;     ///< value text, if the reply had it whole
+    QString text;     ///< value text, if the reply had it whole; of a block "U=230.1 I=5.02" and so on
+
+    /// The text of a value of a block; null if the block has none of that name.
+    QString Value(const QString& name) const;
 };
 
 /// Whatever fails throws std::runtime_error with what the simulator said.
@@ -27,6 +30,8 @@ class SimulatorProcess
 public:
     /// Starts it with these options beside the link and the log, and waits until its line can be opened.
     explicit SimulatorProcess(const QString& folder, const QStringList& options = {});
+    /// The same with an instrument of another family than the usual one.
+    SimulatorProcess(const QString& folder, const QString& family, const QStringList& options);
     ~SimulatorProcess();
     SimulatorProcess(const SimulatorProcess&) = delete;
     SimulatorProcess& operator=(const SimulatorProcess&) = delete;

@@ -71,14 +71,11 @@ Bytes Spoil(Bytes reply, FaultKind fault, const InstrumentFamily& family, std::m
         reply = RandomBytes(reply.size(), random);
         break;
     case FaultKind::Crc:
-        reply.back() = static_cast<Byte>(~reply.back());
+        family.SpoilCheck(reply);
         break;
-    case FaultKind::Head: {
-        Byte& victim = reply[std::uniform_int_distribution<std::size_t>(0, 1)(random)];
-        victim = static_cast<Byte>(~victim);
-        family.Seal(reply);
+    case FaultKind::Head:
+        family.SpoilHead(reply, std::uniform_int_distribution<std::size_t>(0, 1)(random));
         break;
-    }
     }
     return reply;
 }

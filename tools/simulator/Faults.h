@@ -14,8 +14,8 @@ enum class FaultKind
     Truncated, ///< the last half is missing
     Overlong,  ///< 40 bytes too many
     Garbage,   ///< as many bytes, at random
-    Crc,       ///< wrong checksum
-    Head,      ///< wrong address or function, with a checksum that fits it
+    Crc,       ///< wrong checksum; a wrong character where there is none
+    Head,      ///< wrong address or function, with a checksum that fits it; a wrong beginning where there is none
     Late,      ///< the whole reply, but after a delay
     Closed     ///< the line breaks off in place of the reply
 };

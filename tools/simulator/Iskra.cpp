@@ -2,6 +2,7 @@
 
 #include "simulator/IskraValues.h"
 #include "simulator/Modbus.h"
+#include "simulator/Texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -75,11 +76,6 @@ bool CanWrite(const RegisterRange& range, std::uint16_t value)
     if (range.first == kConnectionMode)
         return std::find(std::begin(kModes), std::end(kModes), value) != std::end(kModes);
     return value >= range.least && value <= range.most;
-}
-
-bool IsPrintable(const std::string& text)
-{
-    return std::all_of(text.begin(), text.end(), [](char letter) { return letter >= ' ' && letter <= '~'; });
 }
 
 std::uint16_t Whole(double value, double least, double most, const char* what)
@@ -242,10 +238,14 @@ std::string Iskra::ValueText(int code, double now) const
     return FormatValue(value.kind, value.read(readings, counters, static_cast<std::size_t>(code - value.first)));
 }
 
-void Iskra::Seal(Bytes& reply) const
+void Iskra::SpoilCheck(Bytes& reply) const
 {
-    if (reply.size() < 2)
-        return;
+    reply.back() = static_cast<Byte>(~reply.back());
+}
+
+void Iskra::SpoilHead(Bytes& reply, std::size_t part) const
+{
+    reply[part] = static_cast<Byte>(~reply[part]);
     reply.resize(reply.size() - 2);
     reply = WithCrc(std::move(reply));
 }
@@ -276,12 +276,7 @@ void Iskra::SetProfile(const std::string& name, double now)
 
 void Iskra::SetText(int code, const std::string& text)
 {
-    const std::size_t length = TextLength(ValueOf(code).kind);
-    if (text.size() > length)
-        throw std::invalid_argument("text is longer than " + std::to_string(length) + " characters: " + text);
-    if (!IsPrintable(text))
-        throw std::invalid_argument("text holds what can't be printed");
-    setTexts[code] = std::string(length - text.size(), ' ') + text;
+    setTexts[code] = FieldText(text, TextLength(ValueOf(code).kind));
 }
 
 void Iskra::SetValue(int code, double value)

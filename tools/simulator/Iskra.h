@@ -18,7 +18,8 @@ public:
 
     std::optional<std::size_t> RequestLength(ByteView beginning) const override;
     Answer Respond(ByteView request, double now) override;
-    void Seal(Bytes& reply) const override;
+    void SpoilCheck(Bytes& reply) const override;
+    void SpoilHead(Bytes& reply, std::size_t part) const override;
     void Advance(double now) override;
     void SetAddress(int address) override;
     void SetProfile(const std::string& name, double now) override;

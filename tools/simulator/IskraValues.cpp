@@ -1,9 +1,9 @@
 #include "simulator/IskraValues.h"
 
+#include "simulator/Texts.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <stdexcept>
 
 namespace korvanel::simulator {
@@ -54,25 +54,6 @@ const Prefix& PrefixFor(double magnitude, double least)
     if (magnitude == 0) // nothing is small about a zero
         best = &kPrefixes[1];
     return *best;
-}
-
-std::string Fixed(double value, int decimals)
-{
-    std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
-    return text.data();
-}
-
-/// The number with as many decimals as fit; longer than `room` if it can't be had.
-std::string NumberWithin(double value, int digits, std::size_t room)
-{
-    std::string number;
-    for (int decimals = digits - 1; decimals >= 0; --decimals) {
-        number = Fixed(value, decimals);
-        if (number.size() <= room)
-            break;
-    }
-    return number;
 }
 
 std::string PrefixedText(const TextFormat& format, double value)

@@ -23,8 +23,29 @@ const char* WordOf(RequestKind kind)
     return "bad";
 }
 
+bool IsSent(const BlockValue& value, const Bytes& reply)
+{
+    return value.position + value.sent.size() <= reply.size() &&
+           std::equal(value.sent.begin(), value.sent.end(), reply.begin() + static_cast<std::ptrdiff_t>(value.position),
+                      [](char letter, Byte byte) { return static_cast<Byte>(letter) == byte; });
+}
+
+/// "U=230.1 I=5.02" and so on; empty unless all of them went out.
+std::string SentBlock(const Answer& answer)
+{
+    std::string text;
+    for (const BlockValue& value : answer.values) {
+        if (!IsSent(value, answer.reply))
+            return {};
+        text += (text.empty() ? "" : " ") + value.name + '=' + value.text;
+    }
+    return text;
+}
+
 std::string SentText(const Answer& answer)
 {
+    if (!answer.values.empty())
+        return SentBlock(answer);
     const auto found = std::search(answer.reply.begin(), answer.reply.end(), answer.text.begin(), answer.text.end());
     return found == answer.reply.end() ? std::string() : answer.text;
 }

@@ -32,15 +32,28 @@ std::string Listed(const std::vector<std::string>& names)
     return list;
 }
 
-Transformers ParseTransformers(const std::string& text)
+/// Numbers with commas between; `need` says how many there have to be.
+std::vector<double> ParseList(const std::string& text, std::size_t count, const char* need)
 {
     std::vector<double> numbers;
     std::istringstream parts(text);
     for (std::string part; std::getline(parts, part, ',');)
         numbers.push_back(ParseNumber(part));
-    if (numbers.size() != 4 || text.back() == ',')
-        throw std::invalid_argument("transformers need four numbers: " + text);
+    if (numbers.size() != count || text.back() == ',')
+        throw std::invalid_argument(need + (": " + text));
+    return numbers;
+}
+
+Transformers ParseTransformers(const std::string& text)
+{
+    const std::vector<double> numbers = ParseList(text, 4, "transformers need four numbers");
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
+}
+
+Scaling ParseScaling(const std::string& text)
+{
+    const std::vector<double> numbers = ParseList(text, 2, "scale needs two numbers");
+    return {numbers[0], numbers[1]};
 }
 
 struct OptionEntry
@@ -56,18 +69,22 @@ const std::vector<OptionEntry>& Entries()
     static const std::vector<OptionEntry> entries = {
         {"family", "NAME", "protocol: " + Listed(FamilyNames()),
          [](Options& o, const std::string& v) { o.family = v; }},
-        {"address", "N", "address on the bus, 1 to 247 (33)",
+        {"address", "N", "iskra: address on the bus, 1 to 247 (33)",
          [](Options& o, const std::string& v) { o.setup.address = ParseInteger(v); }},
         {"link", "PATH", "symbolic link to the device, while the simulator runs",
          [](Options& o, const std::string& v) { o.link = v; }},
         {"log", "FILE", "table of all requests and replies", [](Options& o, const std::string& v) { o.log = v; }},
         {"profile", "NAME", "what the machine does: " + Listed(ProfileNames()),
          [](Options& o, const std::string& v) { o.setup.profile = v; }},
-        {"model", "TEXT", "model text (MI7150)", [](Options& o, const std::string& v) { o.setup.model = v; }},
-        {"number", "N", "device number (4711)",
+        {"model", "TEXT", "iskra: model text (MI7150)", [](Options& o, const std::string& v) { o.setup.model = v; }},
+        {"number", "N", "iskra: device number (4711)",
          [](Options& o, const std::string& v) { o.setup.number = ParseInteger(v); }},
-        {"transformers", "UPRIM,USEC,IPRIM,ISEC", "transformers set in the instrument, in V and A (230,230,5,5)",
+        {"transformers", "UPRIM,USEC,IPRIM,ISEC", "iskra: transformers set in the instrument, in V and A (230,230,5,5)",
          [](Options& o, const std::string& v) { o.setup.transformers = ParseTransformers(v); }},
+        {"switch", "1|3", "nanovip: phases that its switch stands at (1)",
+         [](Options& o, const std::string& v) { o.setup.netSwitch = ParseInteger(v); }},
+        {"scale", "U,I", "2535: factors that its values want to be multiplied by (none)",
+         [](Options& o, const std::string& v) { o.setup.scaling = ParseScaling(v); }},
         {"fault", "KIND", "what spoils the replies: " + Listed(FaultNames()),
          [](Options& o, const std::string& v) { o.fault = FaultOf(v); }},
         {"delay", "SECONDS", "of fault late, 0 to 60 (0.5)",
@@ -120,9 +137,18 @@ std::string HelpText()
         text += line + entry.help + '\n';
     }
     return text + "\n"
+                  "A family ignores the options of others.\n"
+                  "\n"
                   "Commands on the standard input, one a line, each answered by \"ok\" or \"error\" and the reason:\n"
                   "  fault KIND | delay SECONDS | address N | profile NAME | close | open | quit\n"
-                  "  set CODE TEXT | value CODE NUMBER   what a value code answers from now on\n";
+                  "  set CODE TEXT | value CODE NUMBER   what a value code answers from now on\n"
+                  "  state NAME STATE                    nanovip: switch 1|3, overrange on|off, battery low|good\n"
+                  "                                      norma: selftest good|bad\n"
+                  "\n"
+                  "Value codes of iskra are those of its text query. The other families have, as far as they tell it:\n"
+                  "  0 U in V, 1 I in A, 2 f in Hz, 3 P in W, 4 S in VA, 5 Q in var, 6 power factor,\n"
+                  "  11 phase angle in degrees (positive when inductive)\n"
+                  "An empty text: wt130 tells no phase angle, norma doesn't answer the query.\n";
 }
 
 double ParseNumber(const std::string& text)

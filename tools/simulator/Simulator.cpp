@@ -119,6 +119,11 @@ void Simulator::Obey(const std::string& command)
              const auto [code, number] = Split(argument);
              own.instrument->SetValue(ParseInteger(code), ParseNumber(number));
          }},
+        {"state",
+         [](Simulator& own, const std::string& argument) {
+             const auto [name, state] = Split(argument);
+             own.instrument->SetState(name, state);
+         }},
         {"close", [](Simulator& own, const std::string&) { own.CloseLine(); }},
         {"open", [](Simulator& own, const std::string&) { own.OpenLine(); }},
         {"quit", [](Simulator& own, const std::string&) { own.isStopped = true; }},

@@ -48,7 +48,7 @@ void Station::Idle(double now)
 void Station::Handle(double now)
 {
     Answer answer = family.Respond(received, now);
-    if (answer.kind == RequestKind::Bad)
+    if (answer.kind == RequestKind::Bad && !family.MarksEnds())
         isGarbage = true; // where the next request begins can't be told any more
     else
         Report(std::move(answer), now);
@@ -61,7 +61,10 @@ void Station::Report(Answer answer, double now)
     if (pending.size() >= kMostPending)
         return;
     if (!exchange.answer.reply.empty()) {
+        const std::size_t whole = exchange.answer.reply.size();
         exchange.answer.reply = Spoil(std::move(exchange.answer.reply), fault, family, random);
+        if (exchange.answer.reply.size() != whole)
+            exchange.answer.values.clear(); // nobody can tell where the values of a block stand that is cut or longer
         exchange.due += fault == FaultKind::Late ? delay : 0;
         exchange.breaksLine = fault == FaultKind::Closed;
     }
