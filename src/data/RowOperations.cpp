@@ -99,10 +99,12 @@ std::string CopiedColumns(ValueTable table)
 void CopySets(qint32 first, qint32 count, qint32 by)
 {
     for (const ValueTable table : kEditedTables) {
+        const std::string name = TableName(table);
         const std::string columns = CopiedColumns(table); // the time stamp, which isn't among them, becomes null
-        SQLite::Statement copy(ProjectDb().Handle(), std::string("INSERT INTO [") + TableName(table) + "] ([Set]" +
-                                                         columns + ") SELECT [Set]-?" + columns + " FROM [" +
-                                                         TableName(table) + "] WHERE [Set] BETWEEN ? AND ?");
+        std::string sql = "INSERT INTO [";
+        sql.append(name).append("] ([Set]").append(columns).append(") SELECT [Set]-?").append(columns);
+        sql.append(" FROM [").append(name).append("] WHERE [Set] BETWEEN ? AND ?");
+        SQLite::Statement copy(ProjectDb().Handle(), sql);
         copy.bind(1, by);
         copy.bind(2, first + by);
         copy.bind(3, first + by + count - 1);

@@ -80,7 +80,7 @@ std::string ReadField(const std::string& field)
     const std::optional<Byte> power = HexByte(field, kPowerOfTen);
     if (digits.find_first_not_of("0123456789") != std::string::npos || !power)
         return Trimmed(field);
-    const int exponent = static_cast<std::int8_t>(*power);
+    const int exponent = *power > kMostPower ? *power - 256 : *power;
     const double number = (field[kSignDigit] == kNegative ? -1 : 1) * std::strtod(digits.c_str(), nullptr);
     constexpr int kPlainPowers = 9;
     if (std::abs(exponent) > kPlainPowers)
