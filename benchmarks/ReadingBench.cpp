@@ -15,7 +15,7 @@ namespace korvanel::bench {
 namespace {
 
 constexpr unsigned kSeed = 20260314;
-constexpr int kLookUps = 100'000;
+constexpr int kSetsOfALookUp = 10;
 
 void Cursor_Bare(benchmark::State& state)
 {
@@ -53,7 +53,7 @@ void ReadRow_Bare(benchmark::State& state)
     for (auto _ : state) {
         std::minstd_rand random(kSeed);
         double sum = 0;
-        for (int i = 0; i < kLookUps; ++i) {
+        for (int i = 0; i < Sets() / kSetsOfALookUp; ++i) {
             sqlite3_reset(statement);
             sqlite3_bind_int(statement, 1, static_cast<int>(random() % Sets()) + 1);
             if (sqlite3_step(statement) == SQLITE_ROW)
@@ -71,7 +71,7 @@ void ReadRow_Program(benchmark::State& state)
     for (auto _ : state) {
         std::minstd_rand random(kSeed);
         double sum = 0;
-        for (int i = 0; i < kLookUps; ++i) {
+        for (int i = 0; i < Sets() / kSetsOfALookUp; ++i) {
             ReadRow(static_cast<int>(random() % Sets()) + 1);
             sum += App().CurrentRow.dP[kSum];
         }

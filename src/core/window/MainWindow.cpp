@@ -3,13 +3,10 @@
 #include "core/Common.h"
 #include "core/Hooks.h"
 #include "core/Messages.h"
-#include "core/NumberText.h"
-#include "core/Paths.h"
 #include "core/SettingsStore.h"
 #include "core/clsProgSettings.h"
 #include "core/clsWaitCursor.h"
 #include "core/texts/DefaultTexts.h"
-#include "core/texts/FormF10Texts.h"
 #include "core/window/ActionName.h"
 #include "core/window/Dialogs.h"
 #include "core/window/MainMenu.h"
@@ -50,7 +47,7 @@ MainWindow::~MainWindow() = default;
 void MainWindow::ApplyMainTexts()
 {
     setWindowTitle(App().sProgramTitle);
-    panels->ShowProgram(App().sProgramTitle + App().sVersion);
+    panels->ShowProgram();
     menu->ApplyTexts();
 }
 
@@ -174,12 +171,12 @@ void MainWindow::SetPageButtons(bool areEnabled)
 
 void MainWindow::ShowDatabase(const QString& name)
 {
-    panels->ShowDatabase(name.isEmpty() ? name : FillPlaceholders(texts::machineDatabasePanel, {name}));
+    panels->ShowDatabase(name);
 }
 
 void MainWindow::RefreshStatusBar()
 {
-    panels->ShowFile(FileNameOf(App().sProjectPath));
+    panels->ShowFile();
     RefreshCaption();
 }
 

@@ -1,6 +1,9 @@
 #include "core/window/StatusPanels.h"
 
+#include "core/Common.h"
 #include "core/NumberText.h"
+#include "core/Paths.h"
+#include "core/texts/FormF10Texts.h"
 #include "core/texts/MainTexts.h"
 #include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
@@ -30,18 +33,20 @@ QLabel* StatusPanels::AddPanel(const char* name, int stretch)
     return label;
 }
 
-void StatusPanels::ShowProgram(const QString& text)
+void StatusPanels::ShowProgram()
 {
-    programPanel->setText(text);
+    programPanel->setText(App().sProgramTitle + App().sVersion);
 }
-void StatusPanels::ShowFile(const QString& name)
+void StatusPanels::ShowFile()
 {
+    const QString name = FileNameOf(App().sProjectPath);
     filePanel->setText(name);
     filePanel->setToolTip(PlainToolTip(name));
 }
-void StatusPanels::ShowDatabase(const QString& text)
+void StatusPanels::ShowDatabase(const QString& name)
 {
     constexpr int kWidest = 260;
+    const QString text = name.isEmpty() ? name : FillPlaceholders(texts::machineDatabasePanel, {name});
     databasePanel->setText(fontMetrics().elidedText(text, Qt::ElideMiddle, kWidest));
     databasePanel->setToolTip(PlainToolTip(text));
     databasePanel->setVisible(!text.isEmpty());

@@ -15,10 +15,12 @@ class StatusPanels : public QStatusBar
 
 public:
     StatusPanels();
-    void ShowProgram(const QString& text);
-    void ShowFile(const QString& name);
-    /// File of the motor database; empty where none matters.
-    void ShowDatabase(const QString& text);
+    /// Title and version of the program.
+    void ShowProgram();
+    /// Name of the project's file.
+    void ShowFile();
+    /// Name of the motor database's file; empty where none matters.
+    void ShowDatabase(const QString& name);
 
     void BeginProgress();
     /// Shows a share from 0 up to below 1; any other is ignored. True if the bar has moved.
