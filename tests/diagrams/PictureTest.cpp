@@ -106,13 +106,13 @@ TEST_F(Picture, EqualsTheOneDrawnLineByLine)
 
 TEST_F(Picture, EqualsTheOneDrawnLineByLineInEveryView)
 {
-    Record(RandomSets(12'000, 7));
+    Record(RandomSets(6000, 7));
     std::mt19937 random(7); // NOLINT(cert-msc51-cpp): the same views in every run
     std::uniform_real_distribution<double> unit(0, 1);
     for (int i = 0; i < 60; ++i) {
-        const double width = 12'000 * std::pow(10, -5 * unit(random));
+        const double width = 6000 * std::pow(10, -5 * unit(random));
         const double height = 2 * std::pow(10, -3 * unit(random));
-        const double x = 1 + unit(random) * (12'000 - width);
+        const double x = 1 + unit(random) * (6000 - width);
         const double y = -1 + unit(random) * (2 - height);
         ExpectSame({.x1 = x, .x2 = x + width, .y1 = y, .y2 = y + height},
                    {60 + static_cast<int>(unit(random) * 500), 40 + static_cast<int>(unit(random) * 300)});
@@ -143,15 +143,15 @@ TEST_F(Picture, LineOfALaterSetLiesAboveOneOfAnEarlierSet)
 
 TEST_F(Picture, SpikeOfOneSetAmongManyIsVisible)
 {
-    std::vector<tValueRow> sets(200'000);
+    std::vector<tValueRow> sets(60'000);
     for (tValueRow& row : sets)
         row.dI[kSum] = 1;
-    sets[123'456].dI[kSum] = 10;
+    sets[43'210].dI[kSum] = 10;
     Record(sets);
     states = {};
     states.at(kI) = 1;
-    const QImage image = Drawn({.x1 = 1, .x2 = 200'000, .y1 = 0, .y2 = 1});
-    const int column = static_cast<int>(std::lround(123'456.0 / 199'999 * (kSize.width() - 1)));
+    const QImage image = Drawn({.x1 = 1, .x2 = 60'000, .y1 = 0, .y2 = 1});
+    const int column = static_cast<int>(std::lround(43'210.0 / 59'999 * (kSize.width() - 1)));
     const QRgb colour = ColourOf(App().GraphColours->colour(kI)).rgb();
     for (int row = 0; row < kSize.height() * 9 / 10; ++row)
         EXPECT_EQ(image.pixel(column, row), colour) << row;
