@@ -12,7 +12,7 @@ namespace korvanel {
 
 namespace {
 
-constexpr int kLeastDrag = 3; // with less a press is a click
+constexpr int kLeastDrag = 3; // a shorter one is a click
 
 /// One edge of the rectangle that is being drawn.
 class RubberLine : public QWidget
