@@ -89,6 +89,13 @@ void PrepareMachine()
     BuildMachineModel();
 }
 
+void OpenForPage(const QString& path)
+{
+    OpenProject(path);
+    App().bProjectOpen = true;
+    PrepareMachine();
+}
+
 void CreateProject(const QString& path)
 {
     QFile::remove(path);

@@ -16,6 +16,8 @@ inline constexpr int kNetConf = 2;
 void PrepareBlock();
 /// Makes a motor with all its data the machine of the block.
 void PrepareMachine();
+/// Opens a project for the page of a machine.
+void OpenForPage(const QString& path);
 /// Creates a project and leaves it current.
 void CreateProject(const QString& path);
 /// Path of a project of `Sets()` sets, made on first use.

@@ -4,13 +4,11 @@
 
 #include "core/Common.h"
 #include "core/clsGraphColours.h"
-#include "core/clsSymbols.h"
 #include "core/window/PageFrame.h"
 #include "core/window/PageTable.h"
 #include "data/ValueTables.h"
 #include "diagrams/FormF8.h"
 #include "evaluation/Algorithms.h"
-#include "project/ProjectStore.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -43,13 +41,9 @@ int main(int argc, char* argv[])
     if (argc != 2)
         return EXIT_FAILURE;
     bench::PrepareBlock();
-    clsSymbols symbols;
-    App().Symbols = &symbols;
     clsGraphColours colours(QStringLiteral("KORVANEL"));
     App().GraphColours = &colours;
-    OpenProject(QString::fromLocal8Bit(argv[1]));
-    App().bProjectOpen = true;
-    bench::PrepareMachine();
+    bench::OpenForPage(QString::fromLocal8Bit(argv[1]));
     EvaluateProject();
 
     BareFrame frame;

@@ -1,6 +1,8 @@
 // Runs the benchmarks, then prints what counts: the program's work as a ratio to the bare work beside it, measured in
 // the same run, and the peak memory.
+#include "EditingMemory.h"
 #include "Recording.h"
+#include "Simulating.h"
 
 #include "core/Common.h"
 #include "core/ProjectDb.h"
@@ -130,6 +132,12 @@ bool ExportSets()
     return true;
 }
 
+/// Puts a second machine through the open project and evaluates its sets.
+bool SimulateSets()
+{
+    return CopyOpenProject() && SimulateOpenProject();
+}
+
 /// Draws the open project twice, so that what is kept is used.
 bool DrawSets()
 {
@@ -166,12 +174,19 @@ bool EvaluateWithRereadWindow()
     return EvaluateSetsWith(2.0 * kMostSetsInMemory);
 }
 
-constexpr MemoryTask kMemoryTasks[] = {
+const MemoryTask kMemoryTasks[] = {
     {"--walk", "walking: peak memory over an empty project", WalkSets},
     {"--recompute", "recomputing: the same", RecomputeSets},
     {"--evaluate", "evaluating, window of 200000 sets: the same", EvaluateWithKeptWindow, 32},
     {"--evaluate-long", "evaluating, window of 400000 sets: the same", EvaluateWithRereadWindow},
     {"--export", "exporting: the same", ExportSets, 32},
+    {"--duplicate", "duplicating sets: the same", DuplicateSets},
+    {"--delete", "deleting sets: the same", RemoveSets},
+    {"--renumber", "numbering the times anew: the same", NumberTimes},
+    {"--resample", "changing the interval: the same", ChangeInterval},
+    {"--duplicate-noted", "duplicating sets, noted: the same", DuplicateSetsNoted, MostMegabytesNoted()},
+    {"--resample-noted", "changing the interval, noted: the same", ChangeIntervalNoted, MostMegabytesNoted()},
+    {"--simulate", "simulating and evaluating: the same", SimulateSets},
     {"--draw", "drawing, 8 curves kept: the same", DrawSets, 66},
 };
 
@@ -268,7 +283,8 @@ int main(int argc, char* argv[])
     KeepingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
-    std::printf("\nRatio of the program to the bare work, median of %d, %d sets\n", isShort ? 5 : 9, Sets());
+    std::printf("\nRatio of the program to the bare work, median of %d (editing: of 3), %d sets\n", isShort ? 5 : 9,
+                Sets());
     bool isGood = !reporter.failed;
     isGood &= PrintRatio(reporter, "walk all sets / bare loop", "Cursor_Program", "Cursor_Bare", 1.4);
     isGood &= PrintRatio(reporter, "read a set at random / bare look-up", "ReadRow_Program", "ReadRow_Bare", 1.5);
@@ -278,6 +294,13 @@ int main(int argc, char* argv[])
     isGood &=
         PrintRatio(reporter, "the same, window of a quarter of the sets", "Evaluate_LongWindow", "Cursor_Bare", 2.0);
     isGood &= PrintRatio(reporter, "export all sets / bare loop", "Export_Program", "Cursor_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "duplicate sets in front / bare loops", "Duplicate_Program", "Duplicate_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "delete sets in front / bare loops", "Delete_Program", "Delete_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "number the times anew / bare loop", "Renumber_Program", "Renumber_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "change the interval / bare loops", "Resample_Program", "Resample_Bare", 2.5);
+    isGood &= PrintRatio(reporter, "simulate all sets / bare loop", "Simulate_Program", "Simulate_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "evaluate the simulated sets / bare loop", "EvaluateSimulation_Program",
+                         "EvaluateSimulation_Bare", 2.0);
     isGood &= PrintRatio(reporter, "draw all sets, 8 curves / bare loop", "Diagram_First", "Diagram_Bare", 2.0);
     // Its columns cost the picture the same, however many sets share them.
     const double ofFurther = isShort ? 0.2 : 0.1;

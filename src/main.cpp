@@ -26,6 +26,7 @@
 #include "core/window/Picture.h"
 #include "core/window/StartScreen.h"
 #include "diagrams/FormF8.h"
+#include "editor/FormF5.h"
 #include "evaluation/FormF6.h"
 #include "instruments/FormF2.h"
 #include "instruments/FormH5.h"
@@ -35,11 +36,16 @@
 #include "language/LangManaging.h"
 #include "motors/FormF10.h"
 #include "motors/FormH11.h"
+#include "motors/FormH8.h"
 #include "motors/MotorDatabase.h"
 #include "output/Export.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
 #include "project/ProjectStore.h"
+#include "simulation/Algorithms_ASM_Simulation.h"
+#include "simulation/FormH12.h"
+#include "simulation/FormH13.h"
+#include "simulation/FormH14.h"
 
 #include <QApplication>
 #include <QDir>
@@ -69,6 +75,8 @@ void SetHooks()
         {.hook = Hook::LoadMachines, .answer = Done(LoadProjectMachines)},
         {.hook = Hook::CopyMachines, .answer = Done(CopyMachinesIntoProject)},
         {.hook = Hook::ExportEvaluation, .answer = Done(ExportFromPage)},
+        {.hook = Hook::RunSimulation, .answer = RunSimulation},
+        {.hook = Hook::ProvideSimulation, .answer = ProvideSimulation},
     };
     for (const Line& line : lines)
         SetHook(line.hook, line.answer);
@@ -82,6 +90,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
     window.RegisterPage(kPageDevice, BuildPage<FormF3>);
     window.RegisterPage(kPageMeasure, BuildPage<FormF4>);
+    window.RegisterPage(kPageEditor, BuildPage<FormF5>);
     window.RegisterPage(kPageResultTable, BuildPage<FormF6>);
     window.RegisterPage(kPageResultGraph, BuildPage<FormF8>);
     window.RegisterPage(kPageMachine, BuildPage<FormF10>);
@@ -92,7 +101,13 @@ void RegisterDialogs(MainWindow& window)
     window.RegisterDialog(kDialogAbout, BuildDialog<FormH2>);
     window.RegisterDialog(kDialogAddressSearch, BuildDialog<FormH5>);
     window.RegisterDialog(kDialogWiring, BuildDialog<FormH7>);
+    window.RegisterDialog(kDialogMachineInfo, [](QWidget* parent) -> std::unique_ptr<QDialog> {
+        return std::make_unique<FormH8>(parent, MachineInfo::MachineII);
+    });
     window.RegisterDialog(kDialogMotorDatabase, BuildDialog<FormH11>);
+    window.RegisterDialog(kDialogSecondMachine, BuildDialog<FormH12>);
+    window.RegisterDialog(kDialogComparison, BuildDialog<FormH13>);
+    window.RegisterDialog(kDialogSimulationResults, BuildDialog<FormH14>);
 }
 
 void ConnectPageEntries(MainWindow& window)

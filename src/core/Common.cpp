@@ -39,6 +39,11 @@ bool IsAron()
     return TraitsOf(App().iNetConfIndex).isAron;
 }
 
+bool HasSecondMachine()
+{
+    return App().bASMSim && App().MachineII.record.Pmech;
+}
+
 void RecordingChanged()
 {
     App().bEvaluated = 0;

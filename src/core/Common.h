@@ -24,6 +24,7 @@ class clsGraphColours;
 class clsProgSettings;
 class clsSymbols;
 class clsTimeSchedule;
+class EditHistory;
 class Clock;
 class SerialPort;
 class Shell;
@@ -47,6 +48,14 @@ struct DiagramPageChoice
     int quantity = -1;                                ///< that was clicked last in the legend; -1: none
     bool isSingle = false;                            ///< that quantity alone is drawn
     bool isLegendShown = true;
+    bool isSecondMachineShown = true; ///< where there is one
+};
+
+/// The place of a grid of the sets: a scroll bar of 16 bits steps over several sets of a long recording.
+struct SetGridPlace
+{
+    qint32 lFirstVisibleSet = 1;
+    qint32 lScrollScale = 1; ///< sets for each step of the bar
 };
 
 struct ApplicationBlock
@@ -98,13 +107,16 @@ struct ApplicationBlock
     bool bMotorDbCheck = false; ///< machines of the project are compared with the active motor database
 
     // The evaluation of the recording.
-    qint32 bEvaluated = 0;       ///< the results belong to the present sets and options
-    quint64 lRecordingState = 0; ///< another number each time the recording or its options have changed
-    double dTWindow = 0;         ///< s, length of the sliding window in force
-    qint16 iRowWorstRating = 0;  ///< worst rating of a value since the last set was begun
-    QString sRatingWord;         ///< of the last rating for which it was asked
+    qint32 bEvaluated = 0;        ///< the results belong to the present sets and options
+    quint64 lSimulationState = 0; ///< that of the recording for which the second machine was evaluated
+    quint64 lRecordingState = 0;  ///< another number each time the recording or its options have changed
+    double dTWindow = 0;          ///< s, length of the sliding window in force
+    qint16 iRowWorstRating = 0;   ///< worst rating of a value since the last set was begun
+    QString sRatingWord;          ///< of the last rating for which it was asked
     ResultPageChoice ResultPage;
     DiagramPageChoice DiagramPage;
+    SetGridPlace MeasureGrid; ///< on the page of the run
+    SetGridPlace EditorGrid;  ///< on that of the editor
 
     // Running energies of the derived quantities: Ws and vars.
     double dCalcS = 0;
@@ -161,6 +173,7 @@ struct ApplicationBlock
     std::array<double, 2> dTrigger{};
     std::array<qint32, 16> PrintIt{};
     std::array<qint32, 2> Export{};
+    bool bEnergiesOutdated = false; ///< sets were edited after the energies in them were formed
 
     // The instrument.
     bool bDevConnected = false;  ///< it was identified
@@ -201,6 +214,7 @@ struct ApplicationBlock
     const Clock* TheClock = nullptr;
     SerialPort* ThePort = nullptr;
     Shell* TheShell = nullptr;
+    EditHistory* RowHistory = nullptr; ///< where operations on the rows are to be kept, so that they can be taken back
 
     /// Who answers what a lower room wants of a higher one: see core/Hooks.h.
     std::map<Hook, std::function<bool()>> Hooks;
@@ -227,6 +241,10 @@ void InitialiseApplicationBlock(const QString& executableDirectory);
 
 /// True in the net configuration that measures three phases with the formula S = sqrt(3) U I.
 bool IsAron();
+
+/// Whether the project has a machine for the simulation. A new project keeps the flag of the one before, but no
+/// machine.
+bool HasSecondMachine();
 
 /// Rows, machine or options of the evaluation have changed: its results don't belong to the recording any more.
 void RecordingChanged();

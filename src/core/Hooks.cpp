@@ -20,6 +20,7 @@ constexpr HookDefault kDefaults[] = {
     {.which = Hook::SaveIfDirty, .answer = true},      {.which = Hook::CloseProject, .answer = true},
     {.which = Hook::LoadMachines, .answer = true},     {.which = Hook::CopyMachines, .answer = true},
     {.which = Hook::AllowMachinePage, .answer = true}, {.which = Hook::ExportEvaluation, .answer = false},
+    {.which = Hook::RunSimulation, .answer = true},    {.which = Hook::ProvideSimulation, .answer = true},
 };
 
 bool DefaultOf(Hook which)

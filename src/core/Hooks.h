@@ -35,6 +35,16 @@ enum class Hook
     /// the evaluation to it. Always true; what it throws the page reports. Default: false, but the page doesn't ask
     /// where nobody answers: its button is disabled then.
     ExportEvaluation,
+
+    /// Whoever has changed the sets asks if the project has a second machine (`bASMSim`), and so does the editor's
+    /// button; the simulation answers by running that machine over the sets again. False after a failure, which is
+    /// told. Default: true, with nothing run.
+    RunSimulation,
+
+    /// Pages that show results ask, once those of the measured machine are there; the simulation answers by bringing
+    /// the results of the second machine up to date, if the project has one. False after a failure, which is told.
+    /// Default: true, with nothing done.
+    ProvideSimulation,
 };
 
 /// Says who answers a hook. A second answer replaces the first, and an empty one takes it away.

@@ -4,8 +4,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
 #include <sqlite3.h>
+
+#include <array>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -155,6 +158,19 @@ bool TableDb::HasColumn(const char* table, const char* column)
 int TableDb::SchemaVersion()
 {
     return WithDbErrors([&] { return database.execAndGet("PRAGMA user_version").getInt(); });
+}
+
+quint32 TableDb::ChangeCounter()
+{
+    constexpr int kPlace = 24; // of the file's header, from the high to the low byte
+    sqlite3_file* file = nullptr;
+    std::array<uchar, sizeof(quint32)> bytes{};
+    int code = sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (code == SQLITE_OK)
+        code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), kPlace);
+    if (code != SQLITE_OK)
+        ThrowDbError(code, sqlite3_errstr(code));
+    return qFromBigEndian<quint32>(bytes.data());
 }
 
 void TableDb::SetSchemaVersion(int version)

@@ -57,6 +57,9 @@ public:
     /// Version of the schema, as the header of the file holds it; 0 for a file that never got one.
     int SchemaVersion();
     void SetSchemaVersion(int version);
+    /// How often the file has been changed, by whomever: the count in its header goes up with each commit. To be asked
+    /// within a transaction, so that nobody changes it meanwhile.
+    quint32 ChangeCounter();
     /// Throws if one of these names is a view or a virtual table, has a trigger or a computed column: this program
     /// makes none, and a foreign one could change what is read or stored behind its back.
     void RequirePlainTables(std::initializer_list<const char*> names);

@@ -7,10 +7,14 @@
 #include "core/texts/FormF2Texts.h"
 #include "core/texts/FormF3Texts.h"
 #include "core/texts/FormF4Texts.h"
+#include "core/texts/FormF5Texts.h"
 #include "core/texts/FormF6Texts.h"
 #include "core/texts/FormF8Texts.h"
 #include "core/texts/FormH10Texts.h"
 #include "core/texts/FormH11Texts.h"
+#include "core/texts/FormH12Texts.h"
+#include "core/texts/FormH13Texts.h"
+#include "core/texts/FormH14Texts.h"
 #include "core/texts/FormH15Texts.h"
 #include "core/texts/FormH17Texts.h"
 #include "core/texts/FormH3Texts.h"
@@ -34,10 +38,14 @@ namespace texts {
 #include "core/texts/FormF2Texts.inc"
 #include "core/texts/FormF3Texts.inc"
 #include "core/texts/FormF4Texts.inc"
+#include "core/texts/FormF5Texts.inc"
 #include "core/texts/FormF6Texts.inc"
 #include "core/texts/FormF8Texts.inc"
 #include "core/texts/FormH10Texts.inc"
 #include "core/texts/FormH11Texts.inc"
+#include "core/texts/FormH12Texts.inc"
+#include "core/texts/FormH13Texts.inc"
+#include "core/texts/FormH14Texts.inc"
 #include "core/texts/FormH15Texts.inc"
 #include "core/texts/FormH17Texts.inc"
 #include "core/texts/FormH3Texts.inc"
@@ -82,6 +90,9 @@ constexpr TextLine kFormF3[] = {
 constexpr TextLine kFormF4[] = {
 #include "core/texts/FormF4Texts.inc"
 };
+constexpr TextLine kFormF5[] = {
+#include "core/texts/FormF5Texts.inc"
+};
 constexpr TextLine kFormF6[] = {
 #include "core/texts/FormF6Texts.inc"
 };
@@ -112,6 +123,15 @@ constexpr TextLine kFormH10[] = {
 constexpr TextLine kFormH11[] = {
 #include "core/texts/FormH11Texts.inc"
 };
+constexpr TextLine kFormH12[] = {
+#include "core/texts/FormH12Texts.inc"
+};
+constexpr TextLine kFormH13[] = {
+#include "core/texts/FormH13Texts.inc"
+};
+constexpr TextLine kFormH14[] = {
+#include "core/texts/FormH14Texts.inc"
+};
 constexpr TextLine kFormH15[] = {
 #include "core/texts/FormH15Texts.inc"
 };
@@ -130,6 +150,7 @@ constexpr TextSection kSections[] = {
     {"FORMF2", kFormF2},
     {"FORMF3", kFormF3},
     {"FORMF4", kFormF4},
+    {"FORMF5", kFormF5},
     {"FORMF6", kFormF6},
     {"FORMF8", kFormF8},
     {"FORMF10", kFormF10},
@@ -140,6 +161,9 @@ constexpr TextSection kSections[] = {
     {"FORMH9", kFormH9},
     {"FORMH10", kFormH10},
     {"FORMH11", kFormH11},
+    {"FORMH12", kFormH12},
+    {"FORMH13", kFormH13},
+    {"FORMH14", kFormH14},
     {"FORMH15", kFormH15},
     {"FORMH17", kFormH17},
 };

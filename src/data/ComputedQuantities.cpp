@@ -157,6 +157,8 @@ void ComputeRow(bool withQuantities)
     tValueRow& row = App().CurrentRow;
     if (withQuantities) {
         DeriveFromUIP(row.dU[kSum], row.dI[kSum], row.df, row.dP[kSum], row.dPhi[kSum]);
+        if (!std::isfinite(App().dCalcS) || !std::isfinite(App().dCalcQ))
+            throw ArithmeticFault();
         row.dPhi[kSum] = App().dCalcPhi;
         row.dQ[kSum] = App().dCalcQ;
         row.dS[kSum] = App().dCalcS;

@@ -48,6 +48,15 @@ SetReader& PreparedReader(SetSource source)
     return Prepared<SetReader>(slot, App().iNetConfIndex, SetRange::One, source);
 }
 
+void VisitSource(SetSource source, qint32 first, qint32 last, const std::function<bool(const ShownSet&)>& visit)
+{
+    SetReader reader(ProjectDb(), App().iNetConfIndex, SetRange::Between, source);
+    reader.Seek(first, last);
+    while (reader.Next())
+        if (!visit({reader.Set(), reader.Row(), DateTimeTextOfStored(reader.StoredTime())}))
+            return;
+}
+
 } // namespace
 
 void OpenJoinedRecordset()
@@ -130,12 +139,14 @@ bool ReadRow(qint32 set, bool fromTemp)
 
 bool VisitSets(qint32 first, qint32 last, const std::function<bool(const ShownSet&)>& visit)
 {
+    return RowOperation(texts::cannotReadFile, [&] { VisitSource(SetSource::Measured, first, last, visit); });
+}
+
+bool VisitSimulatedSets(qint32 first, qint32 last, const std::function<bool(const ShownSet& simulated)>& visit)
+{
     return RowOperation(texts::cannotReadFile, [&] {
-        SetReader reader(ProjectDb(), App().iNetConfIndex, SetRange::Between);
-        reader.Seek(first, last);
-        while (reader.Next())
-            if (!visit({reader.Set(), reader.Row(), DateTimeTextOfStored(reader.StoredTime())}))
-                return;
+        if (ProjectDb().TableExists(QLatin1String(TableName(ValueTable::Simulated))))
+            VisitSource(SetSource::Simulated, first, last, visit);
     });
 }
 

@@ -54,6 +54,10 @@ struct ShownSet
 /// they are, whoever paints beside an operation that uses them. False after a failure.
 bool VisitSets(qint32 first, qint32 last, const std::function<bool(const ShownSet&)>& visit);
 
+/// The same with what the second machine made of the sets; time and mark are those of the sets. There is none without
+/// a simulation.
+bool VisitSimulatedSets(qint32 first, qint32 last, const std::function<bool(const ShownSet& simulated)>& visit);
+
 /// Adds `SimulatedRow`.
 bool AppendSimulatedRow(qint32 set);
 

@@ -9,6 +9,9 @@
 #include "data/SetRewriter.h"
 #include "data/ValueColumns.h"
 #include "data/ValueTables.h"
+#include "machine/Algorithms_ASM_Start.h"
+
+#include <cmath>
 
 namespace korvanel {
 
@@ -46,23 +49,29 @@ void IntegrateRow(tValueRow& row)
     WholeSeconds(row.dt); // a time that the column can't hold is none to integrate over
     StepEnergyOffline(row.dP[kSum], row.dQ[kSum], row.dt);
     PutRunningEnergies(row);
+    if (!std::isfinite(row.dWp) || !std::isfinite(row.dWq))
+        throw ArithmeticFault();
 }
 
 } // namespace
 
 bool RecomputeEnergies()
 {
+    return Told(IntegrateAllRows);
+}
+
+void IntegrateAllRows()
+{
     static constexpr int kRead[] = {kP, kQ, kColumnTime};
     static constexpr int kWritten[] = {kWp, kWpPlus, kWpMinus, kWq};
     if (!RefreshSetCount())
-        return true;
+        return;
     ResetEnergies();
-    return Told([] {
-        RewriteProject(
-            {.quantities = kRead},
-            [] { return std::make_unique<ChosenColumns>(ProjectDb(), App().iNetConfIndex, kWritten); },
-            [](qint64, tValueRow& row) { IntegrateRow(row); });
-    });
+    RewriteProject(
+        {.quantities = kRead},
+        [] { return std::make_unique<ChosenColumns>(ProjectDb(), App().iNetConfIndex, kWritten); },
+        [](qint64, tValueRow& row) { IntegrateRow(row); });
+    App().bEnergiesOutdated = false;
 }
 
 bool RecomputeAllRows()

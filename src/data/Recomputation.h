@@ -8,6 +8,9 @@ namespace korvanel {
 /// in `iFileErrors` and takes everything back. False then.
 bool RecomputeEnergies();
 
+/// The same for an operation of which it is a part: throws DbError instead of telling it.
+void IntegrateAllRows();
+
 /// Estimates all sets anew, as after a change of machine or method, and marks every one as corrected. All sets change
 /// or none. A failure of the file is told and counted in `iFileErrors`: false then. Throws ArithmeticFault.
 bool RecomputeAllRows();

@@ -25,6 +25,22 @@ QString GridText(const tValueRow& row, int quantity)
     return RoundValue(QuantityValue(row, quantity) / DisplayDivisor(quantity), GridFactor(quantity));
 }
 
+QString SetText(const tValueRow& row, const QString& timeText, int column)
+{
+    switch (column) {
+    case kColumnTimeStamp:
+        return timeText;
+    case kColumnTime:
+        return SecondsToTime(row.dt, false);
+    case kColumnMethod:
+        return row.sMethod;
+    case kColumnSuitability:
+        return {};
+    default:
+        return GridText(row, column);
+    }
+}
+
 std::vector<int> StoredQuantities(int netConf)
 {
     std::vector<int> stored;

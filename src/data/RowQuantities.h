@@ -30,6 +30,10 @@ double GridFactor(int quantity);
 /// Text of a quantity in a grid, rounded as its column tells.
 QString GridText(const tValueRow& row, int quantity);
 
+/// Text of a column of the grids, with or without a quantity, for a set with its time stamp. The grade of suitability
+/// is for others to tell.
+QString SetText(const tValueRow& row, const QString& timeText, int column);
+
 /// Quantities that the value tables hold in a net configuration, in ascending order.
 std::vector<int> StoredQuantities(int netConf);
 

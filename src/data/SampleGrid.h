@@ -1,7 +1,7 @@
 // The grid of a run: the present sample in a head of its own, below it the last sets that were stored.
 #pragma once
 
-#include "data/SetGrid.h"
+#include "data/HeadedSetGrid.h"
 
 #include <functional>
 
@@ -10,7 +10,7 @@ namespace korvanel {
 /// Background of a cell whose value was not measured well: blue, green, red from the high to the low byte.
 inline constexpr qint32 kBadCellColour = 12632256;
 
-class SampleGrid : public SetGrid
+class SampleGrid : public HeadedSetGrid
 {
     Q_OBJECT
 
@@ -21,15 +21,6 @@ public:
     /// Shows a sample that is not stored yet, or not at all. `isGood` tells of a quantity whether it was measured well.
     void ShowPresent(const tValueRow& row, const std::function<bool(int)>& isGood);
     void ClearPresent();
-
-protected:
-    void FillHead() override;
-    void SetWidths() override;
-    void FillRow(int row, const QString& number, const ShownSet& shown) override;
-    void ClearRow(int row) override;
-
-private:
-    QTableWidget* head;
 };
 
 } // namespace korvanel

@@ -52,28 +52,16 @@ QString NumberOf(const ShownSet& shown)
 
 } // namespace
 
-QString SetText(const tValueRow& values, const QString& timeText, int column)
-{
-    switch (column) {
-    case kColumnTimeStamp:
-        return timeText;
-    case kColumnTime:
-        return SecondsToTime(values.dt, false);
-    case kColumnMethod:
-        return values.sMethod;
-    case kColumnSuitability:
-        return {};
-    default:
-        return GridText(values, column);
-    }
-}
-
-SetGrid::SetGrid(const char* tableName, int shown, int fixed)
-    : rows(shown), fixedColumns(fixed), table(AddTable(tableName, shown)), bar(new QScrollBar(Qt::Vertical))
+SetGrid::SetGrid(const char* tableName, int shown, int fixed, SetGridPlace* placeInBlock)
+    : rows(shown), fixedColumns(fixed), place(placeInBlock ? *placeInBlock : ownPlace),
+      leastBarValue(placeInBlock ? 1 : 0), table(AddTable(tableName, shown)), bar(new QScrollBar(Qt::Vertical))
 {
     bar->setObjectName(QStringLiteral("ScrollFlex"));
     table->setAutoScroll(false); // it has no rows out of sight, and columns are moved by hand
-    connect(bar, &QScrollBar::valueChanged, this, [this] { Fill(); });
+    connect(bar, &QScrollBar::valueChanged, this, [this](int value) {
+        place.lFirstVisibleSet = (value - leastBarValue) * place.lScrollScale + 1;
+        Fill();
+    });
     connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this](const QItemSelection& chosen) {
                 if (!chosen.isEmpty())
@@ -126,9 +114,20 @@ void SetGrid::Rebuild(qint32 set)
 
 void SetGrid::SetBarRange()
 {
+    constexpr qint32 kMostSteps = 32000;
+    if (leastBarValue > 0)
+        place.lScrollScale = App().iSetCount / kMostSteps + 1;
     const QSignalBlocker quiet(bar);
-    bar->setRange(0, std::max(0, App().iSetCount - rows));
-    bar->setPageStep(rows);
+    const qint32 hidden = std::max(0, App().iSetCount - rows);
+    bar->setRange(leastBarValue, (hidden + place.lScrollScale - 1) / place.lScrollScale + leastBarValue);
+    bar->setPageStep(std::max(1, rows / place.lScrollScale));
+    PutBar();
+}
+
+void SetGrid::PutBar()
+{
+    const QSignalBlocker quiet(bar);
+    bar->setValue((place.lFirstVisibleSet - 1) / place.lScrollScale + leastBarValue);
 }
 
 void SetGrid::SetRows(int count)
@@ -142,7 +141,7 @@ void SetGrid::SetRows(int count)
     }
     SetBarRange();
     if (!hasFailed) // a resized window is no reason to tell it again
-        Fill();
+        ShowFrom(FirstShown());
 }
 
 void SetGrid::ShowNewest()
@@ -153,15 +152,18 @@ void SetGrid::ShowNewest()
 
 qint32 SetGrid::FirstShown() const
 {
-    return bar->value() + 1;
+    return place.lFirstVisibleSet;
 }
 
 void SetGrid::ShowFrom(qint32 set)
 {
-    {
-        const QSignalBlocker quiet(bar);
-        bar->setValue(set - 1);
-    }
+    SetFirst(std::min(set, App().iSetCount - rows + 1));
+}
+
+void SetGrid::SetFirst(qint32 set)
+{
+    place.lFirstVisibleSet = std::max(1, set);
+    PutBar();
     Fill();
 }
 
@@ -188,7 +190,7 @@ void SetGrid::Fill()
     const qint32 last = App().bProjectOpen ? std::min(App().iSetCount, FirstShown() + rows - 1) : 0;
     int filled = 0;
     if (last >= FirstShown())
-        hasFailed = !VisitSets(FirstShown(), last, [this, &filled](const ShownSet& shown) {
+        hasFailed = !Visit(FirstShown(), last, [this, &filled](const ShownSet& shown) {
             if (shown.set != FirstShown() + filled) // one is missing, and what follows stands nowhere
                 return false;
             FillRow(filled++, NumberOf(shown), shown);
@@ -198,6 +200,11 @@ void SetGrid::Fill()
         ClearRow(row);
     CloseDbGuarded();
     ShowSelection();
+}
+
+bool SetGrid::Visit(qint32 first, qint32 last, const std::function<bool(const ShownSet&)>& visit)
+{
+    return VisitSets(first, last, visit);
 }
 
 void SetGrid::SetCell(QTableWidget& ofTable, int row, int column, const QString& text, Qt::Alignment alignment)
@@ -284,11 +291,21 @@ bool SetGrid::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Wheel) {
         const QPoint turn = static_cast<QWheelEvent*>(event)->angleDelta();
         if (std::abs(turn.y()) > std::abs(turn.x())) {
-            QApplication::sendEvent(bar, event);
+            Turn(turn.y());
             return true;
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+/// The wheel moves by rows, however many sets a step of the bar is.
+void SetGrid::Turn(int angle)
+{
+    turnedAngle += angle * QApplication::wheelScrollLines();
+    const int turned = turnedAngle / QWheelEvent::DefaultDeltasPerStep;
+    turnedAngle -= turned * QWheelEvent::DefaultDeltasPerStep;
+    if (turned != 0)
+        ShowFrom(FirstShown() - turned);
 }
 
 void SetGrid::AskForOrder()

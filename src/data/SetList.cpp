@@ -61,8 +61,8 @@ void SoftenSelection(QWidget& view)
 
 } // namespace
 
-SetList::SetList(SetJudge setJudge)
-    : SetGrid("flxValues", kFirstRows, kFixedColumns), judge(std::move(setJudge)), fixed(new QTableView)
+SetList::SetList(SetJudge setJudge, const char* name)
+    : SetGrid(name, kFirstRows, kFixedColumns), judge(std::move(setJudge)), fixed(new QTableView)
 {
     constexpr int kLeastRows = 3;
     QTableWidget& values = Table();
@@ -126,6 +126,21 @@ void SetList::BuildFixedColumns()
     connect(fixed, &QAbstractItemView::pressed, &values, [&values] { values.setFocus(Qt::MouseFocusReason); });
 }
 
+std::span<const qint16> SetList::Columns() const
+{
+    return App().ColumnLayout;
+}
+
+QString SetList::TimeHeading() const
+{
+    return ColumnHeading(kColumnTime);
+}
+
+QString SetList::TimeOf(const tValueRow& row) const
+{
+    return SetText(row, {}, kColumnTime);
+}
+
 bool SetList::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize && watched == Table().viewport())
@@ -135,8 +150,8 @@ bool SetList::eventFilter(QObject* watched, QEvent* event)
 
 void SetList::FillHead()
 {
-    QStringList headings{texts::headSet, ColumnHeading(kColumnTime)};
-    for (const qint16 column : App().ColumnLayout)
+    QStringList headings{texts::headSet, TimeHeading()};
+    for (const qint16 column : Columns())
         headings << ColumnHeading(column);
     Table().setColumnCount(static_cast<int>(headings.size()));
     Table().setHorizontalHeaderLabels(headings);
@@ -159,7 +174,7 @@ void SetList::SetWidths()
     for (const QString& word : judge.words)
         widestWord = std::max(widestWord, metrics.horizontalAdvance(word) + kWordPadding);
     for (int i = kFixedColumns; i < Table().columnCount(); ++i) {
-        const int column = App().ColumnLayout[static_cast<std::size_t>(i - kFixedColumns)];
+        const int column = Columns()[static_cast<std::size_t>(i - kFixedColumns)];
         Table().setColumnWidth(i, std::max(WidthOf(column), column == kColumnSuitability ? widestWord : 0));
     }
 }
@@ -182,9 +197,9 @@ void SetList::ShowCell(int row, int column, const SetJudge::Verdict& cell)
 void SetList::FillRow(int row, const QString& number, const ShownSet& shown)
 {
     ShowCell(row, kNumberColumn, {number});
-    ShowCell(row, kTimeTextColumn, {SetText(shown.row, shown.timeText, kColumnTime)});
+    ShowCell(row, kTimeTextColumn, {TimeOf(shown.row)});
     for (int i = kFixedColumns; i < Table().columnCount(); ++i)
-        ShowCell(row, i, CellOf(shown, App().ColumnLayout[static_cast<std::size_t>(i - kFixedColumns)]));
+        ShowCell(row, i, CellOf(shown, Columns()[static_cast<std::size_t>(i - kFixedColumns)]));
 }
 
 void SetList::ClearRow(int row)

@@ -5,6 +5,7 @@
 #include "data/SetGrid.h"
 
 #include <functional>
+#include <span>
 
 class QTableView;
 
@@ -28,9 +29,14 @@ class SetList : public SetGrid
     Q_OBJECT
 
 public:
-    explicit SetList(SetJudge setJudge);
+    explicit SetList(SetJudge setJudge, const char* name = "flxValues");
 
 protected:
+    /// The columns that move; those of the layout unless it is overridden.
+    virtual std::span<const qint16> Columns() const;
+    /// The time of a set in its column, and what stands over it.
+    virtual QString TimeHeading() const;
+    virtual QString TimeOf(const tValueRow& row) const;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void FillHead() override;
     void SetWidths() override;

@@ -30,13 +30,19 @@ std::string Bracketed(const ValueColumn& column)
     return '[' + std::string(column.name) + ']';
 }
 
+/// Whether a column tells of the set itself rather than of a machine: time, time stamp, mark of correction.
+bool IsOfTheSet(const ValueColumn& column)
+{
+    return column.type == ColumnType::Whole || column.type == ColumnType::DateTime || column.type == ColumnType::Mark;
+}
+
 /// Whether a source has a column in a net configuration.
 bool IsStored(const ValueColumn& column, int netConf, SetSource source)
 {
     const bool isSampled = IsIn(column.sampled, netConf);
     switch (source) {
     case SetSource::Simulated:
-        return column.simulatedPosition > 0;
+        return column.simulatedPosition > 0 || IsOfTheSet(column);
     case SetSource::Sampled:
         return isSampled;
     case SetSource::Measured:
@@ -51,7 +57,7 @@ const char* TableIn(const ValueColumn& column, int netConf, SetSource source)
 {
     switch (source) {
     case SetSource::Simulated:
-        return TableName(ValueTable::Simulated);
+        return TableName(IsOfTheSet(column) ? ValueTable::Sampled : ValueTable::Simulated);
     case SetSource::Scratch:
         return "Temp";
     case SetSource::Measured:

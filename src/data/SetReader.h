@@ -23,7 +23,7 @@ enum class SetSource
     Measured,  ///< SampledValues with ComputedValues
     Sampled,   ///< SampledValues alone
     Scratch,   ///< the scratch table Temp, a copy of the join of Measured
-    Simulated, ///< SampledValues with SimulatedValues: the fields that a simulation has
+    Simulated, ///< SimulatedValues, with time and mark of the same sets of SampledValues
 };
 
 /// Which sets a reader gives.

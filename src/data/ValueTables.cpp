@@ -22,6 +22,7 @@ void DropValueTables()
     DropRecordsets();
     for (const ValueTable table : {ValueTable::Sampled, ValueTable::Computed, ValueTable::Simulated})
         DropTable(QLatin1String(TableName(table)));
+    App().bEnergiesOutdated = false;
 }
 
 void ClearValues()
@@ -32,6 +33,7 @@ void ClearValues()
     ProjectDb().Execute(QStringLiteral("DELETE FROM [ComputedValues];"));
     DropTable(QLatin1String(TableName(ValueTable::Simulated)));
     transaction.Commit();
+    App().bEnergiesOutdated = false;
     RecordingChanged();
 }
 

@@ -42,8 +42,8 @@ constexpr double kEndless = 1e12; // for infinities, between which there is no l
 
 } // namespace
 
-CurvePainter::CurvePainter(const DiagramMapping& onto, std::vector<DiagramCurve> ofCurves)
-    : mapping(onto), curves(std::move(ofCurves)), last(curves.size()),
+CurvePainter::CurvePainter(const DiagramMapping& onto, std::vector<DiagramCurve> ofCurves, CurveStyle ofStyle)
+    : mapping(onto), curves(std::move(ofCurves)), style(ofStyle), last(curves.size()),
       owners(static_cast<std::size_t>(onto.Size().height())), nextOpen(owners.size() + 1), lastRows(curves.size()),
       lines(curves.size()), points(curves.size())
 {
@@ -101,7 +101,7 @@ void CurvePainter::DrawColumn(QPainter& painter, const ValueBlock& block, qint32
         else
             DrawConnection(painter, block, from);
     }
-    if (first == to || column < 0 || column >= mapping.Size().width())
+    if (first == to || column < 0 || column >= mapping.Size().width() || IsGap(column))
         return;
     FindOwners(block, first, to);
     const auto rows = static_cast<int>(owners.size());
@@ -215,7 +215,29 @@ void CurvePainter::DrawConnection(QPainter& painter, const ValueBlock& block, qi
         if (!line)
             continue;
         painter.setPen(pens[curve]);
-        DrawLine(painter, *line);
+        if (style == CurveStyle::Dashed)
+            DrawDashes(painter, *line);
+        else
+            DrawLine(painter, *line);
+    }
+}
+
+/// The dashes are those of the columns, however short the lines are that a curve consists of.
+void CurvePainter::DrawDashes(QPainter& painter, const QLine& line) const
+{
+    const int first = std::max(0, line.x1());
+    const int end = std::min(mapping.Size().width() - 1, line.x2());
+    const auto rowAt = [&line](int x) {
+        return line.dx() == 0 ? line.y2()
+                              : DiagramMapping::Nearest(line.y1() + double(line.dy()) * (x - line.x1()) / line.dx());
+    };
+    for (int begin = first - first % kDash; begin <= end; begin += kDash) {
+        if (IsGap(begin))
+            continue;
+        const int from = std::max(begin, first);
+        const int to = std::min(begin + kDash - 1, end);
+        const int top = line.dx() == 0 ? line.y1() : rowAt(from);
+        DrawLine(painter, {from, top, to, rowAt(to)});
     }
 }
 

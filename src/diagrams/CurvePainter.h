@@ -36,10 +36,17 @@ struct CurveEnd
     int row = 0;
 };
 
+enum class CurveStyle
+{
+    Solid,
+    Dashed, ///< every other group of columns is left out
+};
+
 class CurvePainter
 {
 public:
-    CurvePainter(const DiagramMapping& onto, std::vector<DiagramCurve> ofCurves);
+    CurvePainter(const DiagramMapping& onto, std::vector<DiagramCurve> ofCurves,
+                 CurveStyle ofStyle = CurveStyle::Solid);
 
     /// Draws what a block adds. Blocks come in the order of the sets, their values in that of the curves; the painter
     /// has the picture's elements for its units. Lines end at sets behind the left end of the view.
@@ -58,6 +65,9 @@ private:
     /// Sets `from` to `to` of the block share a column.
     void DrawColumn(QPainter& painter, const ValueBlock& block, qint32 from, qint32 to);
     void DrawConnection(QPainter& painter, const ValueBlock& block, qint32 index);
+    void DrawDashes(QPainter& painter, const QLine& line) const;
+    /// Whether a column is one that dashes leave out.
+    bool IsGap(int ofColumn) const { return style == CurveStyle::Dashed && ofColumn / kDash % 2 != 0; }
     /// Rows that the lines within a column cover, by the curve that is seen in them.
     void FindOwners(const ValueBlock& block, qint32 from, qint32 to);
     void ResolveOverlaps(const ValueBlock& block, qint32 from, qint32 to);
@@ -84,8 +94,11 @@ private:
     /// First row from here on that is still open.
     int NextOpen(int row);
 
+    static constexpr int kDash = 4; ///< columns
+
     DiagramMapping mapping;
     std::vector<DiagramCurve> curves;
+    CurveStyle style;
     std::vector<QPen> pens;
     std::vector<double> last; ///< values of the set before; by curve
     qint32 lastSet = 0;       ///< that they belong to; 0: none

@@ -50,13 +50,20 @@ std::vector<DiagramCurve> CurvesOf(std::span<const int> list, const DiagramState
     return curves;
 }
 
-DiagramDrawing::DiagramDrawing(SetValues& ofValues, std::vector<DiagramCurve> ofCurves, const DiagramView& ofView,
-                               qint32 count, QSize size)
-    : mapping(NormalisedView(ofView, count), size), grid(GridOf(mapping.View())), curves(std::move(ofCurves)),
-      curvePainter(mapping, curves), firstSet(FirstSetOf(mapping.View(), count)),
-      lastSet(LastSetOf(mapping.View(), count)), drawnTo(firstSet - 1),
-      walk(ofValues, QuantitiesOf(curves), firstSet, lastSet)
-{}
+DiagramDrawing::DiagramDrawing(SetValues& ofValues, const std::vector<DiagramCurve>& curves, const DiagramView& ofView,
+                               qint32 count, QSize size, const DiagramOverlay& overlay)
+    : mapping(NormalisedView(ofView, count), size), grid(GridOf(mapping.View())),
+      firstSet(FirstSetOf(mapping.View(), count)), lastSet(LastSetOf(mapping.View(), count))
+{
+    const auto add = [this](SetValues& values, const std::vector<DiagramCurve>& ofLayer, CurveStyle style) {
+        layers.push_back({.curvePainter = {mapping, ofLayer, style},
+                          .walk = {values, QuantitiesOf(ofLayer), firstSet, lastSet},
+                          .drawnTo = firstSet - 1});
+    };
+    add(ofValues, curves, CurveStyle::Solid);
+    if (overlay.values && !overlay.curves.empty())
+        add(*overlay.values, overlay.curves, CurveStyle::Dashed);
+}
 
 void DiagramDrawing::DrawGrid(QPainter& painter) const
 {
@@ -79,13 +86,18 @@ bool DiagramDrawing::Continue(QPainter& painter, int milliseconds)
     QElapsedTimer timer;
     timer.start();
     ValueBlock block;
-    do {
-        if (!walk.Next(block, milliseconds))
-            return false;
-        curvePainter.Draw(painter, block);
-        drawnTo = block.firstSet + block.count - 1;
-    } while (timer.elapsed() < milliseconds);
-    return true;
+    while (drawn < layers.size()) {
+        Layer& layer = layers[drawn];
+        if (!layer.walk.Next(block, milliseconds)) {
+            ++drawn;
+            continue;
+        }
+        layer.curvePainter.Draw(painter, block);
+        layer.drawnTo = block.firstSet + block.count - 1;
+        if (timer.elapsed() >= milliseconds)
+            return true;
+    }
+    return false;
 }
 
 void DiagramDrawing::DrawWhole(QPainter& painter)
@@ -98,7 +110,11 @@ void DiagramDrawing::DrawWhole(QPainter& painter)
 
 double DiagramDrawing::Share() const
 {
-    return lastSet < firstSet ? 1 : static_cast<double>(drawnTo - firstSet + 1) / (lastSet - firstSet + 1);
+    double done = 0;
+    for (const Layer& layer : layers)
+        done += layer.drawnTo - firstSet + 1;
+    const double all = static_cast<double>(layers.size()) * (lastSet - firstSet + 1);
+    return lastSet < firstSet ? 1 : done / all;
 }
 
 } // namespace korvanel

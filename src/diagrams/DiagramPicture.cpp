@@ -93,7 +93,7 @@ void PaintSheet(QPainter& painter, SetValues& values, const DiagramSheet& sheet,
     font.setPixelSize(11);
     painter.setFont(font);
     painter.translate(kLeft, kTop);
-    DiagramDrawing drawing(values, sheet.curves, sheet.view, sheet.count, inner);
+    DiagramDrawing drawing(values, sheet.curves, sheet.view, sheet.count, inner, sheet.overlay);
     painter.save();
     painter.setClipRect(QRect({}, inner));
     if (painter.transform().isScaling() || painter.paintEngine()->type() != QPaintEngine::Raster)

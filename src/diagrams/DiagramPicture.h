@@ -15,6 +15,7 @@ struct DiagramSheet
 {
     DiagramView view;
     std::vector<DiagramCurve> curves;
+    DiagramOverlay overlay; ///< curves of the second machine
     DiagramCurve axisCurve; ///< whose values stand at the right axis
     qint32 count = 0;       ///< of the sets
     QString title;

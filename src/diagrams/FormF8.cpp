@@ -2,14 +2,12 @@
 
 #include "core/Colour.h"
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
-#include "core/Paths.h"
 #include "core/Shell.h"
 #include "core/clsGraphColours.h"
 #include "core/clsSymbols.h"
-#include "core/clsWaitCursor.h"
-#include "core/texts/DefaultTexts.h"
 #include "core/texts/FormF8Texts.h"
 #include "core/window/FormH3.h"
 #include "core/window/PageFrame.h"
@@ -20,17 +18,16 @@
 #include "diagrams/DiagramLegend.h"
 #include "diagrams/DiagramPanel.h"
 #include "diagrams/FormH17.h"
+#include "diagrams/PictureOutput.h"
 #include "diagrams/PointValues.h"
+#include "diagrams/SteppedDrawing.h"
 #include "evaluation/Algorithms.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
+#include <QCheckBox>
 #include <QColorDialog>
-#include <QFileInfo>
 #include <QMenu>
-#include <QPainter>
-#include <QSaveFile>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QTabWidget>
@@ -38,13 +35,13 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <iterator>
 
 namespace korvanel {
 
 namespace {
-
-constexpr int kStepMs = 5; // with what is painted between the steps the window answers every 20 ms
 
 /// U, I and Pel, and of a machine speed, torque and power at its shaft.
 DiagramStates FirstStates(int netConf)
@@ -58,13 +55,18 @@ DiagramStates FirstStates(int netConf)
     return states;
 }
 
-/// Painting in the elements of the picture box, whose middles are whole numbers.
-void UseElements(QPainter& painter, int elementSize)
+/// Whether the second machine has gone through the sets.
+bool HasSimulatedSets()
 {
-    if (elementSize == 1)
-        return;
-    painter.scale(elementSize, elementSize);
-    painter.translate(0.5, 0.5);
+    return HasSecondMachine() && App().MachineII.evaluation.lSets == App().iSetCount;
+}
+
+/// The quantities of the column layout, in its order.
+std::vector<int> QuantitiesOfLayout()
+{
+    std::vector<int> quantities;
+    std::ranges::copy_if(App().ColumnLayout, std::back_inserter(quantities), [](qint16 column) { return column >= 0; });
+    return quantities;
 }
 
 } // namespace
@@ -79,6 +81,9 @@ FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
         App().DiagramPage.iGraphState = FirstStates(App().iNetConfIndex);
     }
     panel = new DiagramPanel;
+    drawing = std::make_unique<SteppedDrawing>(*panel, windowTitle());
+    connect(drawing.get(), &SteppedDrawing::Placed, this, [this] { ShowAxes(); });
+    connect(drawing.get(), &SteppedDrawing::Locked, this, [this](bool isLocking) { LockButtons(isLocking); });
     BuildLegend();
     splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);
@@ -91,12 +96,11 @@ FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
     Body().addWidget(tabs, 1);
     Body().addLayout(BuildButtons());
     ConnectPicture();
-    steps.setInterval(0);
-    connect(&steps, &QTimer::timeout, this, [this] { RunGuarded(windowTitle(), [this] { GoOn(); }); });
     resized.setSingleShot(true);
     resized.setInterval(0);
     connect(&resized, &QTimer::timeout, this, [this] {
-        if (drawing && drawing->Mapping().Size() != panel->Picture().Elements())
+        const DiagramDrawing* shown = drawing->InView();
+        if (shown && shown->Mapping().Size() != panel->Picture().Elements())
             RunGuarded(windowTitle(), [this] { DrawView(view); });
     });
 }
@@ -159,10 +163,20 @@ QBoxLayout* FormF8::BuildButtons()
     AddTool(*row, "cmdRedraw", QStringLiteral("⟳"), texts::diagramRedrawTip, [this] { Redraw(); });
     AddTool(*row, "cmdFullScreen", QStringLiteral("⤢"), texts::diagramFullTip, [this] { ShowFullView(); });
     row->addStretch(1);
+    secondMachineBox = new QCheckBox(texts::diagramSecondMachine);
+    secondMachineBox->setObjectName(QStringLiteral("chkSecondMachine"));
+    secondMachineBox->setToolTip(PlainToolTip(texts::diagramSecondMachineTip));
+    secondMachineBox->setChecked(App().DiagramPage.isSecondMachineShown);
+    connect(secondMachineBox, &QCheckBox::clicked, this,
+            [this](bool isChecked) { Guarded([this, isChecked] { ShowSecondMachine(isChecked); }); });
+    row->addWidget(secondMachineBox);
+    lockable.push_back(secondMachineBox);
 
     pictureMenu = new QMenu(this);
-    pictureMenu->addAction(AddKeys("mnuSavePicture", {}, [this] { SavePicture(); }));
-    pictureMenu->addAction(AddKeys("mnuCopyPicture", {QKeySequence::Copy}, [this] { CopyPicture(); }));
+    pictureMenu->addAction(
+        AddKeys("mnuSavePicture", {}, [this] { SavePicture(drawing->Values(), Sheet(), panel->size()); }));
+    pictureMenu->addAction(AddKeys("mnuCopyPicture", {QKeySequence::Copy},
+                                   [this] { CopyPicture(drawing->Values(), Sheet(), panel->size()); }));
     pictureMenu->addAction(AddKeys("mnuWholeScreen", {QKeySequence(Qt::Key_F11)}, [this] { ToggleWholeScreen(); }));
     pictureMenu->actions().at(0)->setText(texts::diagramSave);
     pictureMenu->actions().at(1)->setText(texts::diagramCopy);
@@ -239,7 +253,7 @@ void FormF8::ConnectPicture()
 
 void FormF8::Refresh()
 {
-    if (isEvaluating || isDrawing) // the end of a pass asks for it
+    if (isEvaluating || drawing->IsGoingOn()) // the end of a pass asks for it
         return;
     if (isEntered) {
         FillLegend();
@@ -257,6 +271,11 @@ void FormF8::ShowEvaluationPage()
         RunGuarded(windowTitle(), EvaluateProject);
         DropPendingInput(); // a second click on what led here would lead on
     }
+    {
+        const QScopedValueRollback evaluating(isEvaluating, true);
+        RunGuarded(windowTitle(), [] { CallHook(Hook::ProvideSimulation); });
+    }
+    secondMachineBox->setVisible(HasSimulatedSets());
     ComputeScaleEnds();
     FillLegend();
     QTimer::singleShot(0, this, [this] {
@@ -272,28 +291,37 @@ void FormF8::Leave()
 
 bool FormF8::StopWork()
 {
-    const bool wasDrawing = isDrawing;
-    EndDrawing();
+    const bool wasDrawing = drawing->IsGoingOn();
+    drawing->End();
     return wasDrawing;
 }
 
 void FormF8::ComputeScaleEnds()
 {
     const EvaluationResults& results = App().MachineI.evaluation;
-    iGraphList.clear();
-    for (const qint16 column : App().ColumnLayout)
-        if (column >= 0)
-            iGraphList.push_back(column);
+    iGraphList = QuantitiesOfLayout();
     GraphScaleEnds = ScaleEndsOf(results);
     bNegativeValues = HasNegativeValues(results, iGraphList);
+    if (!HasSimulatedSets() || !App().DiagramPage.isSecondMachineShown)
+        return;
+    const EvaluationResults& simulated = App().MachineII.evaluation;
+    const DiagramScaleEnds ends = ScaleEndsOf(simulated);
+    for (std::size_t i = 0; i < ends.size(); ++i) // both have room
+        GraphScaleEnds.at(i) = std::max(GraphScaleEnds.at(i), ends.at(i));
+    bNegativeValues = bNegativeValues || HasNegativeValues(simulated, iGraphList);
+}
+
+void FormF8::ShowSecondMachine(bool isShown)
+{
+    App().DiagramPage.isSecondMachineShown = isShown;
+    ComputeScaleEnds();
+    FillLegend();
+    ShowFullView();
 }
 
 void FormF8::FillLegend()
 {
-    iGraphList.clear();
-    for (const qint16 column : App().ColumnLayout)
-        if (column >= 0)
-            iGraphList.push_back(column);
+    iGraphList = QuantitiesOfLayout();
     int& chosen = App().DiagramPage.quantity;
     if (std::ranges::find(iGraphList, chosen) == iGraphList.end())
         chosen = iGraphList.empty() ? -1 : iGraphList.front();
@@ -321,6 +349,18 @@ std::vector<DiagramCurve> FormF8::CurvesShown() const
     return {CurveOf(App().DiagramPage.quantity)};
 }
 
+/// Of the curves that are drawn those that the second machine has too.
+std::vector<DiagramCurve> FormF8::CurvesOfSecondMachine() const
+{
+    constexpr std::array kSimulated{kU, kF, kP, kN, kM, kPmech, kEta, kWp, kWpPlus, kWpMinus};
+    std::vector<DiagramCurve> curves;
+    if (HasSimulatedSets() && App().DiagramPage.isSecondMachineShown)
+        std::ranges::copy_if(CurvesShown(), std::back_inserter(curves), [&](const DiagramCurve& curve) {
+            return std::ranges::find(kSimulated, curve.quantity) != kSimulated.end();
+        });
+    return curves;
+}
+
 DiagramView FormF8::WholeView() const
 {
     return NormalisedView(FullView(App().iSetCount, bNegativeValues), App().iSetCount);
@@ -330,72 +370,8 @@ DiagramView FormF8::WholeView() const
 
 void FormF8::DrawDiagram(double x1, double x2, double y1, double y2)
 {
-    steps.stop();
-    DiagramBox& box = panel->Picture();
-    const QSize size = box.Elements();
-    const int elementSize = box.ElementSize();
-    drawing = std::make_unique<DiagramDrawing>(
-        values, CurvesShown(), DiagramView{.x1 = x1, .x2 = x2, .y1 = y1, .y2 = y2}, App().iSetCount, size);
-    view = drawing->Mapping().View();
-    picture = QImage(size * elementSize, QImage::Format_RGB32);
-    picture.fill(Qt::white);
-    {
-        QPainter painter(&picture);
-        UseElements(painter, elementSize);
-        drawing->DrawGrid(painter);
-    }
-    box.SetFullView(WholeView());
-    isDrawing = true;
-    ShowAxes();
-    GoOn(); // mostly that is all
-    if (isDrawing && !areLocked) {
-        LockButtons(true);
-        App().TheShell->ShowProgress(Progress::Begin, 0);
-    }
-    if (isDrawing)
-        steps.start();
-    F8UndoRedoButtons();
-}
-
-void FormF8::GoOn()
-{
-    if (!isDrawing || isInStep)
-        return;
-    const QScopedValueRollback step(isInStep, true);
-    bool isComplete = true;
-    QString failure;
-    bool isInUse = false;
-    try {
-        QPainter painter(&picture);
-        UseElements(painter, panel->Picture().ElementSize());
-        isComplete = !drawing->Continue(painter, kStepMs);
-    } catch (const DbLocked&) {
-        isInUse = true;
-    } catch (const DbError& error) {
-        failure = QString::fromUtf8(error.what());
-    }
-    panel->Picture().Show(picture, drawing->Mapping());
-    panel->ShowNames(drawing->Ends());
-    if (areLocked && !isComplete)
-        App().TheShell->ShowProgress(Progress::Advance, drawing->Share());
-    if (isComplete)
-        EndDrawing();
-    if (isInUse)
-        ShowFileInUse(App().sProjectPath);
-    else if (!failure.isEmpty())
-        ShowError(texts::cannotReadFile + u'\n' + failure);
-}
-
-void FormF8::EndDrawing()
-{
-    steps.stop();
-    if (!isDrawing)
-        return;
-    if (areLocked)
-        App().TheShell->ShowProgress(Progress::End, 1); // asks for a refresh, which is none yet
-    isDrawing = false;
-    if (areLocked)
-        LockButtons(false);
+    drawing->Begin(CurvesShown(), CurvesOfSecondMachine(), DiagramView{.x1 = x1, .x2 = x2, .y1 = y1, .y2 = y2},
+                   App().iSetCount);
     F8UndoRedoButtons();
 }
 
@@ -407,13 +383,24 @@ void FormF8::LockButtons(bool isLocking)
     Frame().SetPageButtons(!isLocking);
     for (QWidget* widget : lockable)
         widget->setEnabled(!isLocking);
+    F8UndoRedoButtons();
 }
 
+/// What stands around a drawing that begins.
 void FormF8::ShowAxes()
 {
-    panel->ShowAxes(*drawing);
-    if (App().DiagramPage.quantity >= 0)
-        panel->ShowValues(drawing->Grid(), drawing->Mapping(), CurveOf(App().DiagramPage.quantity));
+    view = drawing->InView()->Mapping().View();
+    panel->Picture().SetFullView(WholeView());
+    panel->ShowAxes(*drawing->InView());
+    ShowValuesOfQuantity();
+}
+
+/// The right axis tells the values of the quantity that was clicked last.
+void FormF8::ShowValuesOfQuantity()
+{
+    const DiagramDrawing* shown = drawing->InView();
+    if (shown && App().DiagramPage.quantity >= 0)
+        panel->ShowValues(shown->Grid(), shown->Mapping(), CurveOf(App().DiagramPage.quantity));
 }
 
 void FormF8::AddToHistory()
@@ -481,8 +468,7 @@ void FormF8::Choose(int quantity)
 {
     App().DiagramPage.quantity = quantity;
     legend->ShowChosen(quantity);
-    if (drawing)
-        panel->ShowValues(drawing->Grid(), drawing->Mapping(), CurveOf(quantity));
+    ShowValuesOfQuantity();
     if (pointWindow && pointWindow->isVisible() && pointSet)
         pointWindow->H17ShowValue(quantity, *pointSet);
 }
@@ -566,42 +552,12 @@ DiagramSheet FormF8::Sheet() const
     DiagramSheet sheet;
     sheet.view = view;
     sheet.curves = CurvesShown();
+    sheet.overlay = {&drawing->SimulatedValues(), CurvesOfSecondMachine()};
     if (App().DiagramPage.quantity >= 0)
         sheet.axisCurve = CurveOf(App().DiagramPage.quantity);
     sheet.count = App().iSetCount;
     sheet.title = App().sProjectName;
     return sheet;
-}
-
-void FormF8::SavePicture()
-{
-    const QFileInfo project(App().sProjectPath);
-    const std::optional<QString> path = App().TheShell->AskSavePath(
-        {.title = texts::diagramSaveTitle,
-         .suggestion = JoinPath(project.absolutePath(), project.completeBaseName() + QStringLiteral(".png")),
-         .filter = texts::diagramFilter,
-         .preset = {},
-         .extension = QStringLiteral(".png")});
-    if (!path)
-        return;
-    clsWaitCursor cursor;
-    cursor.Show();
-    const QByteArray bytes = FileOfSheet(values, Sheet(), panel->size(), u'.' + QFileInfo(*path).suffix().toLower());
-    if (bytes.isEmpty()) {
-        ShowError(texts::diagramUnknownEnding);
-        return;
-    }
-    QSaveFile file(*path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        ShowError(texts::cannotWriteFile + u'\n' + *path + u'\n' + file.errorString());
-}
-
-void FormF8::CopyPicture()
-{
-    constexpr int kScale = 2;
-    clsWaitCursor cursor;
-    cursor.Show();
-    QApplication::clipboard()->setImage(ImageOfSheet(values, Sheet(), panel->size(), kScale));
 }
 
 } // namespace korvanel

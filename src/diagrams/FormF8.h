@@ -1,12 +1,11 @@
-// The page of the diagrams: curves over the sets, zoom and its history, values of a point, legend. A drawing goes on in
-// steps between the events, so that the window stays alive; until it is complete the page's buttons are locked.
+// The page of the diagrams: curves over the sets, zoom and its history, values of a point, legend. Until a drawing
+// is complete the page's buttons are locked.
 #pragma once
 
 #include "core/window/Page.h"
 #include "diagrams/DiagramPicture.h"
 #include "diagrams/clsZoomUndo.h"
 
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QTimer>
 
@@ -17,6 +16,7 @@
 class QAbstractButton;
 class QAction;
 class QBoxLayout;
+class QCheckBox;
 class QMenu;
 class QPushButton;
 class QSplitter;
@@ -28,6 +28,7 @@ namespace korvanel {
 class DiagramLegend;
 class DiagramPanel;
 class FormH17;
+class SteppedDrawing;
 
 class FormF8 : public Page
 {
@@ -57,6 +58,8 @@ private:
     /// The curves that are drawn: those that are on, or the chosen one alone.
     std::vector<DiagramCurve> CurvesShown() const;
     DiagramCurve CurveOf(int quantity) const;
+    std::vector<DiagramCurve> CurvesOfSecondMachine() const;
+    void ShowSecondMachine(bool isShown);
     DiagramView WholeView() const;
 
     /// Draws a view and shows it; the caller adds it to the history.
@@ -67,10 +70,9 @@ private:
     /// Draws the full view, as the button does.
     void ShowFullView();
     void Redraw();
-    void GoOn();
-    void EndDrawing();
     void LockButtons(bool areLocked);
     void ShowAxes();
+    void ShowValuesOfQuantity();
 
     void ShowPointInfo(double x, double y);
     void ShowInfo();
@@ -83,8 +85,6 @@ private:
     void Escape();
 
     DiagramSheet Sheet() const;
-    void SavePicture();
-    void CopyPicture();
 
     QTabWidget* tabs = nullptr;
     QSplitter* splitter = nullptr;
@@ -95,6 +95,7 @@ private:
     QAbstractButton* redoButton = nullptr;
     std::vector<QWidget*> lockable; ///< while a drawing goes on
     QMenu* pictureMenu = nullptr;
+    QCheckBox* secondMachineBox = nullptr;
     QPointer<FormH17> pointWindow;
     std::unique_ptr<QWidget> wholeScreen; ///< around the panel while it is there
 
@@ -105,13 +106,8 @@ private:
     DiagramView view; ///< of the picture
     std::optional<qint32> pointSet;
 
-    SetValues values;
-    std::unique_ptr<DiagramDrawing> drawing; ///< the one in view, complete or not
-    bool isDrawing = false;
-    bool isInStep = false; ///< events that are handled within a step begin no other
+    std::unique_ptr<SteppedDrawing> drawing;
     bool areLocked = false;
-    QImage picture;
-    QTimer steps;
     QTimer resized;
 
     bool isEntered = false;

@@ -6,12 +6,9 @@
 #include "core/clsProgSettings.h"
 #include "data/PassOverSets.h"
 #include "data/ValueTables.h"
-#include "evaluation/EvaluationPass.h"
 #include "evaluation/TimeWindow.h"
 
 namespace korvanel {
-
-namespace {
 
 PassConditions ConditionsOfProject()
 {
@@ -28,8 +25,6 @@ PassConditions ConditionsOfProject()
                        .cycles = static_cast<double>(options.Cycles())},
             .currency = options.UsedCurrency()};
 }
-
-} // namespace
 
 void EvaluateProject()
 {

@@ -21,6 +21,7 @@
 #include "evaluation/Rating.h"
 #include "evaluation/ResultGrid.h"
 #include "evaluation/SetJudges.h"
+#include "evaluation/SimulationSheet.h"
 #include "evaluation/TimeWindow.h"
 
 #include <QCheckBox>
@@ -134,14 +135,9 @@ QWidget* FormF6::BuildEnergies()
 
 QWidget* FormF6::BuildSecondMachine()
 {
-    auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new PlainLabel(texts::laterVersion));
-    auto* table = new QTableWidget;
-    table->setObjectName(QStringLiteral("flxSimul"));
-    column->addWidget(table, 1);
-    return content;
+    simulation = new SimulationSheet([this](const std::function<void()>& routine) { Guarded(routine); });
+    connect(simulation, &SimulationSheet::MachineChosen, this, [this] { ShowResults(list->FirstShown()); });
+    return simulation;
 }
 
 QBoxLayout* FormF6::BuildButtons()
@@ -193,6 +189,10 @@ void FormF6::ShowEvaluationPage()
         RunGuarded(windowTitle(), EvaluateProject);
         DropPendingInput(); // a second click on what led here would lead on
     }
+    {
+        const QScopedValueRollback evaluating(isEvaluating, true);
+        RunGuarded(windowTitle(), [] { CallHook(Hook::ProvideSimulation); });
+    }
     ShowResults(App().ResultPage.firstSet);
 }
 
@@ -206,6 +206,8 @@ void FormF6::ShowResults(qint32 firstSet)
     }
     if (utilisation)
         utilisation->Show(UtilisationTable(App().MachineI));
+    if (simulation)
+        simulation->Refresh();
     outdatedLabel->setVisible(App().bEvaluated == 0);
     windowLabel->setText(FillPlaceholders(texts::resultsWindow, {TimeWindowText()}));
     cyclesLabel->setText(FillPlaceholders(texts::resultsCycles, {QString::number(App().ProgSettings->Cycles())}));

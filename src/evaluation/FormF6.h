@@ -18,6 +18,7 @@ namespace korvanel {
 class OverviewSheet;
 class ResultGrid;
 class SetList;
+class SimulationSheet;
 
 class FormF6 : public Page
 {
@@ -60,6 +61,7 @@ private:
     ResultGrid* extremes = nullptr;
     ResultGrid* energies = nullptr;    ///< none without power
     ResultGrid* utilisation = nullptr; ///< none without a machine
+    SimulationSheet* simulation = nullptr;
     QLabel* energyGapsLabel = nullptr; ///< below the energies
     QLabel* outdatedLabel = nullptr;
     SetList* list = nullptr;

@@ -63,9 +63,12 @@ void ResultGrid::Show(const ResultTable& results)
         const ResultRow& result = results.rows[static_cast<std::size_t>(row)];
         if (result.kind == ResultRowKind::Heading)
             AddHeading(row, result.cells.front());
-        else
+        else if (result.kind != ResultRowKind::Spanned)
             AddCells(row, result);
     }
+    for (int row = 0; row < rowCount(); ++row) // they share what the other rows need
+        if (results.rows[static_cast<std::size_t>(row)].kind == ResultRowKind::Spanned)
+            AddSpanned(row, results.rows[static_cast<std::size_t>(row)]);
     FitColumns();
 }
 
@@ -91,8 +94,32 @@ void ResultGrid::AddCells(int row, const ResultRow& result)
         int& width = textWidths[static_cast<std::size_t>(i)];
         width = std::max(width, QFontMetrics(item->font()).horizontalAdvance(item->text()));
     }
+    for (int i = 0; i < static_cast<int>(result.colours.size()); ++i)
+        if (const qint32 colour = result.colours[static_cast<std::size_t>(i)])
+            item(row, i)->setForeground(ColourOf(colour));
     if (result.lastColour != 0)
         item(row, columnCount() - 1)->setForeground(ColourOf(result.lastColour));
+}
+
+void ResultGrid::AddSpanned(int row, const ResultRow& result)
+{
+    for (int i = 0, next = 0; i < columnCount(); i = next) {
+        next = i + 1;
+        while (next < columnCount() && result.cells.value(next).isEmpty())
+            delete takeItem(row, next++);
+        auto* item = new QTableWidgetItem(result.cells.value(i));
+        item->setTextAlignment(AlignmentOf(i));
+        item->setFont(Bold(font()));
+        setItem(row, i, item);
+        const int count = next - i;
+        if (count > 1)
+            setSpan(row, i, 1, count);
+        const auto first = textWidths.begin() + i;
+        const int present = std::accumulate(first, first + count, (count - 1) * kCellPadding);
+        const int missing = QFontMetrics(item->font()).horizontalAdvance(item->text()) - present;
+        for (auto width = first; missing > 0 && width != first + count; ++width)
+            *width += (missing + count - 1) / count;
+    }
 }
 
 void ResultGrid::FitColumns()

@@ -24,6 +24,7 @@ protected:
 private:
     void AddHeading(int row, const QString& text);
     void AddCells(int row, const ResultRow& result);
+    void AddSpanned(int row, const ResultRow& result);
     /// Every column is wide enough for its texts; what room is left the centred ones share.
     void FitColumns();
 

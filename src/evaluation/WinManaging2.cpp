@@ -4,11 +4,10 @@
 #include "core/NumberText.h"
 #include "core/QuantityTable.h"
 #include "core/Texts.h"
-#include "core/Units.h"
 #include "core/clsProgSettings.h"
 #include "core/clsSymbols.h"
-#include "core/texts/FormF3Texts.h"
 #include "core/texts/FormF6Texts.h"
+#include "evaluation/ResultRows.h"
 #include "evaluation/TimeWindow.h"
 
 #include <span>
@@ -16,9 +15,6 @@
 namespace korvanel {
 
 namespace {
-
-constexpr double kCentFactor = 100;
-constexpr double kPercentFactor = 100;
 
 void AddHeading(ResultTable& table, const QString& text)
 {
@@ -119,49 +115,6 @@ void AddExtremRows(ResultTable& table, const EvaluationResults& results, const E
 
 // Energies and costs.
 
-struct EnergyTableRow
-{
-    TextRef name;
-    TextRef group;
-    TextRef unit; ///< none of a ratio
-    int entry;
-    double divisor;
-    double factor;
-    bool asKilo;
-};
-
-constexpr EnergyTableRow kEnergyRows[] = {
-    {&texts::rowActiveEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyActive, kSecondsPerHour, 1000,
-     true},
-    {&texts::rowReactiveEnergy, &texts::groupInductiveCapacitive, &texts::unitVarHour, kEnergyReactive, kSecondsPerHour,
-     1000, true},
-    {&texts::rowCurrent, &texts::groupMotorGenerator, &texts::unitAmpereHour, kEnergyCurrent, kSecondsPerHour, 1000,
-     false},
-    {&texts::rowApparentEnergy, &texts::groupMotorGenerator, &texts::unitVoltAmpereHour, kEnergyApparent,
-     kSecondsPerHour, 1000, true},
-};
-constexpr EnergyTableRow kMechanicalRows[] = {
-    {&texts::rowMechanicalEnergy, &texts::groupMotorGenerator, &texts::unitWattHour, kEnergyMechanical, kSecondsPerHour,
-     1000, true},
-    {&texts::rowEfficiency, &texts::groupMotorGenerator, nullptr, kEnergyEfficiency, 1, 100, false},
-};
-
-const EnergyEntry& EnergyOf(const EvaluationResults& results, int entry)
-{
-    return results.tEnergy.at(static_cast<std::size_t>(entry));
-}
-
-QString EnergyText(const EnergyTableRow& row, double energy)
-{
-    double value = energy / row.divisor;
-    return FormatValueUnit(value, row.unit ? TextOf(row.unit) : QString(), row.factor, row.asKilo);
-}
-
-QString CostText(const EvaluationResults& results, double amount)
-{
-    return FormatValueUnit(amount, results.sCurrency, kCentFactor, false);
-}
-
 /// `offset` is that of the rows of one cycle or of all of them.
 void AddEnergyRows(ResultTable& table, const EvaluationResults& results, std::span<const EnergyTableRow> rows,
                    int offset)
@@ -187,56 +140,6 @@ void AddCostRows(ResultTable& table, const EvaluationResults& results, int offse
 
 // Utilisation.
 
-struct UtilisationTableRow
-{
-    TextRef name;
-    TextRef kind;
-    TextRef unit;
-    int entry; ///< in the window; the whole recording has the same in the same order
-    double divisor;
-    double factor;
-    TextRef reference;
-    bool needsRatedSpeed = false;
-};
-
-constexpr UtilisationTableRow kMostTorqueRows[] = {
-    {&texts::rowTorque, nullptr, &texts::unitNewtonMetre, kMostTorque, 1, 100, &texts::ratedStallTorque},
-};
-constexpr UtilisationTableRow kMeanRows[] = {
-    {&texts::rowCurrent, &texts::kindRms, &texts::unitAmpere, kWindowCurrent, 1, 1000, &texts::ratedCurrent},
-    {&texts::rowTorque, &texts::kindRms, &texts::unitNewtonMetre, kWindowTorque, 1, 100, &texts::ratedTorque},
-    {&texts::rowPower, &texts::kindRms, &texts::unitKilowatt, kWindowPower, kPerKilo, 1000, &texts::ratedPower},
-    {&texts::rowPowerOfTorque, nullptr, &texts::unitKilowatt, kWindowPowerOfTorque, kPerKilo, 1000, &texts::ratedPower,
-     true},
-    {&texts::rowLoss, &texts::kindAvg, &texts::unitKilowatt, kWindowLoss, kPerKilo, 1000, &texts::ratedLoss},
-};
-
-enum class Reach
-{
-    OneSet,
-    Window,
-    WholeRecording,
-};
-
-struct UtilisationBlock
-{
-    TextRef heading;
-    std::span<const UtilisationTableRow> rows;
-    int offset;
-    Reach reach;
-};
-
-constexpr UtilisationBlock kUtilisationBlocks[] = {
-    {&texts::blockMostTorque, kMostTorqueRows, 0, Reach::OneSet},
-    {&texts::blockWindow, kMeanRows, 0, Reach::Window},
-    {&texts::blockWhole, kMeanRows, kWholeCurrent - kWindowCurrent, Reach::WholeRecording},
-};
-
-const UtilisationEntry& UtilisationOf(const EvaluationResults& results, int entry)
-{
-    return results.tAsm.at(static_cast<std::size_t>(entry));
-}
-
 QString UtilisationSet(const EvaluationResults& results, double set, Reach reach)
 {
     switch (reach) {
@@ -254,8 +157,7 @@ QString ShareText(const UtilisationTableRow& row, std::optional<double> share)
 {
     if (!share)
         return texts::resultNone;
-    return FillPlaceholders(texts::resultShare,
-                            {RoundValue(*share * kPercentFactor, kPercentFactor), TextOf(row.reference)});
+    return FillPlaceholders(texts::resultShare, {PercentText(*share), TextOf(row.reference)});
 }
 
 void AddUtilisationRows(ResultTable& table, const MachineInUse& machine, const UtilisationBlock& block)
@@ -264,11 +166,10 @@ void AddUtilisationRows(ResultTable& table, const MachineInUse& machine, const U
         if (row.needsRatedSpeed && !machine.record.n)
             continue;
         const UtilisationEntry& entry = UtilisationOf(machine.evaluation, row.entry + block.offset);
-        double value = entry.dValue / row.divisor;
         AddRow(table,
-               {TextOf(row.name), row.kind ? TextOf(row.kind) : QString(),
-                FormatValueUnit(value, TextOf(row.unit), row.factor, false), ShareText(row, entry.vRatio),
-                UtilisationSet(machine.evaluation, entry.dSet, block.reach), entry.sVerdict},
+               {TextOf(row.name), row.kind ? TextOf(row.kind) : QString(), UtilisationText(row, entry),
+                ShareText(row, entry.vRatio), UtilisationSet(machine.evaluation, entry.dSet, block.reach),
+                entry.sVerdict},
                entry.lColour);
     }
 }
@@ -297,15 +198,15 @@ ResultTable EnergyTable(const MachineInUse& machine)
         return table;
     const QString cycles = QString::number(App().ProgSettings->Cycles());
     AddHeading(table, texts::blockEnergy);
-    AddEnergyRows(table, machine.evaluation, kEnergyRows, 0);
+    AddEnergyRows(table, machine.evaluation, SupplyEnergyRows(), 0);
     if (IsMachineShown())
-        AddEnergyRows(table, machine.evaluation, kMechanicalRows, 0);
+        AddEnergyRows(table, machine.evaluation, ShaftEnergyRows(), 0);
     AddHeading(table, texts::blockCosts);
     AddCostRows(table, machine.evaluation, 0);
     AddHeading(table, FillPlaceholders(texts::blockEnergyOfCycles, {cycles}));
-    AddEnergyRows(table, machine.evaluation, kEnergyRows, kEnergyOfCycles);
+    AddEnergyRows(table, machine.evaluation, SupplyEnergyRows(), kEnergyOfCycles);
     if (App().iNetConfIndex == kNetMachine) // of many cycles the shaft is told for the symmetric load alone
-        AddEnergyRows(table, machine.evaluation, kMechanicalRows, kEnergyOfCycles);
+        AddEnergyRows(table, machine.evaluation, ShaftEnergyRows(), kEnergyOfCycles);
     AddHeading(table, FillPlaceholders(texts::blockCostsOfCycles, {cycles}));
     AddCostRows(table, machine.evaluation, kEnergyOfCycles);
     return table;
@@ -317,7 +218,7 @@ ResultTable UtilisationTable(const MachineInUse& machine)
         {texts::headQuantity, {}, texts::headMaximum, texts::headRelative, texts::headSet, texts::headSuitability}, {}};
     if (machine.evaluation.lSets == 0 || !IsMachineShown())
         return table;
-    for (const UtilisationBlock& block : kUtilisationBlocks) {
+    for (const UtilisationBlock& block : UtilisationBlocks()) {
         AddHeading(table, TextOf(block.heading));
         AddUtilisationRows(table, machine, block);
     }
@@ -326,8 +227,7 @@ ResultTable UtilisationTable(const MachineInUse& machine)
 
 QString GapsText(const EvaluationResults& results)
 {
-    return FillPlaceholders(texts::resultsGaps, {QString::number(results.lGaps),
-                                                 RoundValue(kPercentFactor * results.dCoverage, kPercentFactor)});
+    return FillPlaceholders(texts::resultsGaps, {QString::number(results.lGaps), PercentText(results.dCoverage)});
 }
 
 } // namespace korvanel

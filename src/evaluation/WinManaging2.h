@@ -17,14 +17,16 @@ enum class ResultRowKind
 {
     Heading, ///< a block heading across the table, in its first cell
     Head,    ///< texts over the columns that follow
+    Spanned, ///< the same over several columns each: an empty cell belongs to the one before it
     Values,
 };
 
 struct ResultRow
 {
     ResultRowKind kind = ResultRowKind::Values;
-    QStringList cells;     ///< one a column; of a heading the one text
-    qint32 lastColour = 0; ///< of the last cell: blue, green, red from the high to the low byte
+    QStringList cells;                ///< one a column; of a heading the one text
+    qint32 lastColour = 0;            ///< of the last cell: blue, green, red from the high to the low byte
+    std::vector<qint32> colours = {}; ///< of all cells, where more than the last one has its own
 };
 
 struct ResultTable

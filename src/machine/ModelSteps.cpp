@@ -110,18 +110,25 @@ ModelMessage TakeNoLoadPower(const MachineRecord& r, MachineModel& m)
     return ModelMessage::None;
 }
 
-/// Efficiency, load losses and rotor constant.
-void TakeRatedLosses(MachineRecord& r, MachineModel& m)
+/// Constant of the load losses of a machine that draws `Pel` at its rated point.
+void TakeLoadLosses(const MachineRecord& r, double Pel, MachineModel& m)
 {
-    const double P = *r.Pmech;
-    const double M = *r.M;
-    r.eta = Efficiency(P, m.Pelec_n, 0); // whatever was entered
-    m.k_maschine = LoadLossConstant(m.Pelec_n, P, m.Po_rech, *r.n / m.n_syn_n, M);
+    const double P = Of(r.Pmech);
+    const double M = Of(r.M);
+    m.k_maschine = LoadLossConstant(Pel, P, m.Po_rech, Of(r.n) / m.n_syn_n, M);
     if (m.k_maschine < 0) {
         // A no-load power that leaves no room for load losses can't be right.
         m.Po_rech = 0;
-        m.k_maschine = LoadLossConstant(m.Pelec_n, P, 0, 0, M);
+        m.k_maschine = LoadLossConstant(Pel, P, 0, 0, M);
     }
+}
+
+/// Efficiency, load losses and rotor constant.
+void TakeRatedLosses(MachineRecord& r, MachineModel& m)
+{
+    const double M = *r.M;
+    r.eta = Efficiency(*r.Pmech, m.Pelec_n, 0); // whatever was entered
+    TakeLoadLosses(r, m.Pelec_n, m);
     m.R2 = RotorConstant(*r.U, *r.f, *r.n, M, r.Polpaarzahl);
 }
 
@@ -265,6 +272,25 @@ ModelMessage ChoiceStep(MachineInTheMaking& machine)
 ModelMessage FactorStep(MachineInTheMaking& machine)
 {
     machine.model.k_RZM = 1;
+    return ModelMessage::None;
+}
+
+ModelMessage SecondMachineStep(MachineInTheMaking& machine)
+{
+    const MachineRecord& r = machine.record;
+    MachineModel& m = machine.model;
+    if (!r.Pmech || !r.n || !r.U || !r.I || !r.f || !r.cosphi)
+        return ModelMessage::CheckRating;
+    m.Pelec_n = std::abs(ElectricalPower(*r.U, *r.I, *r.cosphi));
+    m.Kippmoment = Of(r.Mkipp_Mn) * Of(r.M);
+    m.n_syn_n = SynchronousSpeed(*r.f, r.Polpaarzahl);
+    if (const ModelMessage message = TakeSlip(r, m); message != ModelMessage::None)
+        return message;
+    m.Po_regress = NoLoadPowerByRegression(*r.Pmech);
+    m.Po_polynom = NoLoadPowerByPolynomial(*r.Pmech, r.Polpaarzahl);
+    if (const ModelMessage message = TakeNoLoadPower(r, m); message != ModelMessage::None)
+        return message;
+    TakeLoadLosses(r, std::copysign(m.Pelec_n, *r.Pmech), m);
     return ModelMessage::None;
 }
 

@@ -59,6 +59,10 @@ ModelMessage ChoiceStep(MachineInTheMaking& machine);
 /// Step 6: factor of the space vector torque.
 ModelMessage FactorStep(MachineInTheMaking& machine);
 
+/// What is kept of the machine of the simulation: electrical power (its magnitude), stall torque, synchronous speed,
+/// slip, no-load powers and load-loss constant. Torque and pole pairs are those of the record, as it stands.
+ModelMessage SecondMachineStep(MachineInTheMaking& machine);
+
 /// A line of the order in which a model is built: it applies if all that it needs is known.
 struct BuildLine
 {

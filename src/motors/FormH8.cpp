@@ -17,6 +17,8 @@ constexpr QSize kUsualSize(340, 520);
 QStringList LinesOf(MachineInfo info)
 {
     switch (info) {
+    case MachineInfo::MachineII:
+        return SecondMachineListing(App().MachineII.record, App().MachineII.model);
     case MachineInfo::MachineI:
         return ModelListing(App().MachineI.status, App().MachineI.model);
     }

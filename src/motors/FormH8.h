@@ -8,6 +8,7 @@ namespace korvanel {
 /// What the list shows.
 enum class MachineInfo
 {
+    MachineII = 6, ///< that of the simulation
     MachineI = 10, ///< the measured machine
 };
 

@@ -88,17 +88,7 @@ int MachineBrowser::PlaceOf(const std::optional<qint32>& set_ID) const
 
 std::vector<MachineRecord> MachineBrowser::Machines(int first, int count) const
 {
-    const int end = std::min(Count(), first + count);
-    if (first >= end)
-        return {};
-    try {
-        // Whoever scrolls is asked and told nothing: choosing a row is what tells a file that went.
-        TableDb db = TableDb::Open(App().sMotorDbPath);
-        return ReadMachines(
-            db, std::span(numbers).subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first)));
-    } catch (const DbError&) {
-        return {};
-    }
+    return MachinesOfRows(numbers, first, count);
 }
 
 void MachineBrowser::MoveTo(int wanted)

@@ -5,6 +5,8 @@
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/ValueNamesTexts.h"
 
+#include <optional>
+
 namespace korvanel {
 
 namespace {
@@ -98,6 +100,86 @@ QString LineText(const ListingLine& line, const MachineModel& model)
 }
 
 } // namespace
+
+namespace {
+
+/// One line of the short listing: a value of the record or of the model; without either the head of a group.
+struct ShortLine
+{
+    TextRef label;
+    std::optional<double> (*value)(const MachineRecord&, const Model&) = nullptr;
+    Shown shown = {};
+};
+
+template <auto Member>
+std::optional<double> OfRecord(const MachineRecord& record, const Model&)
+{
+    return record.*Member;
+}
+
+template <auto Member>
+std::optional<double> OfModel(const MachineRecord&, const Model& model)
+{
+    return model.*Member;
+}
+
+std::optional<double> PolePairs(const MachineRecord& record, const Model&)
+{
+    return record.Polpaarzahl > 0 ? std::optional<double>(record.Polpaarzahl) : std::nullopt;
+}
+
+using Record = MachineRecord;
+constexpr Shown kVolts{&texts::modelVoltageUnit};
+constexpr Shown kAmperes{&texts::modelCurrentUnit};
+constexpr Shown kHertz{&texts::modelFrequencyUnit};
+
+constexpr ShortLine kShortLines[] = {
+    {&texts::shortRating},
+    {&texts::shortTorque, OfRecord<&Record::M>, kTorque},
+    {&texts::shortShaftPower, OfRecord<&Record::Pmech>, kKilowatts},
+    {&texts::shortElectricalPower, OfModel<&Model::Pelec_n>, kKilowatts},
+    {&texts::shortVoltage, OfRecord<&Record::U>, kVolts},
+    {&texts::shortCurrent, OfRecord<&Record::I>, kAmperes},
+    {&texts::shortFrequency, OfRecord<&Record::f>, kHertz},
+    {&texts::shortSpeed, OfRecord<&Record::n>, kSpeed},
+    {&texts::shortEfficiency, OfRecord<&Record::eta>, kPercent},
+    {&texts::shortPowerFactor, OfRecord<&Record::cosphi>, kPlain},
+    {&texts::shortPolePairs, PolePairs, kPlain},
+    {&texts::shortNoLoad},
+    {&texts::shortNoLoadPower, OfRecord<&Record::Po>, kKilowatts},
+    {&texts::shortNoLoadVoltage, OfRecord<&Record::Uo>, kVolts},
+    {&texts::shortNoLoadFrequency, OfRecord<&Record::fo>, kHertz},
+    {&texts::shortCurrent, OfRecord<&Record::Io>, kAmperes},
+    {&texts::shortFurther},
+    {&texts::shortSynchronousSpeed, OfModel<&Model::n_syn_n>, kSpeed},
+    {&texts::shortSlip, OfModel<&Model::Nennschlupf>, kPercent},
+    {&texts::shortNoLoadRegress, OfModel<&Model::Po_regress>, kKilowatts},
+    {&texts::shortNoLoadPolynom, OfModel<&Model::Po_polynom>, kKilowatts},
+    {&texts::shortNoLoadInUse, OfModel<&Model::Po_rech>, kKilowatts},
+    {&texts::shortLoadLoss, OfModel<&Model::k_maschine>, kPlain},
+};
+
+QString ShortText(const ShortLine& line, const MachineRecord& record, const Model& model)
+{
+    constexpr double kThreeDecimals = 1000;
+    if (line.value == nullptr)
+        return TextOf(line.label);
+    const std::optional<double> value = line.value(record, model);
+    if (!value)
+        return TextOf(line.label);
+    return TextOf(line.label) + RoundValue(*value * line.shown.factor / line.shown.divisor, kThreeDecimals) +
+           (line.shown.unit == nullptr ? QString() : TextOf(line.shown.unit));
+}
+
+} // namespace
+
+QStringList SecondMachineListing(const MachineRecord& record, const MachineModel& model)
+{
+    QStringList lines;
+    for (const ShortLine& line : kShortLines)
+        lines << ShortText(line, record, model);
+    return lines;
+}
 
 QStringList ModelListing(const MachineStatus& status, const MachineModel& model)
 {

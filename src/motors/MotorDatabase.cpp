@@ -1,6 +1,7 @@
 #include "motors/MotorDatabase.h"
 
 #include "core/Common.h"
+#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
@@ -214,32 +215,39 @@ void CheckMachineInDb(MachineRecord& record, WhichMachine which)
         CompareWithDb(record, which);
 }
 
-bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which)
+bool PutMachineIntoProject(const MachineRecord& record, WhichMachine which)
 {
     MachineRecord row = record; // the record itself keeps its number in the motor database
     row.set_ID = static_cast<qint32>(which);
-    bool isReplaced = false;
-    try {
-        const ProjectDbScope scope;
-        isReplaced = ReplaceProjectRow(row, *row.set_ID);
-    } catch (const DbError& error) {
-        ReportFailure(App().sProjectPath, QString::fromUtf8(error.what()));
-        return false;
-    }
+    const ProjectDbScope scope;
+    const bool isReplaced = ReplaceProjectRow(row, *row.set_ID);
     App().bMotorDbCheck = true;
     if (isReplaced)
         RecordingChanged();
     return isReplaced;
 }
 
+bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which)
+{
+    try {
+        return PutMachineIntoProject(record, which);
+    } catch (const DbError& error) {
+        ReportFailure(App().sProjectPath, QString::fromUtf8(error.what()));
+        return false;
+    }
+}
+
 bool PassMachineOn()
 {
     const qint16 formerMethod = App().iCalcMethod;
+    const quint64 formerState = App().lRecordingState;
     AdjustCalcMethod();
     QString reason;
     try {
         if (ReplaceMachineAndRows(reason)) {
             App().bMotorDbCheck = true;
+            if (HasSecondMachine() && App().lRecordingState != formerState) // the torque of the sets is another one
+                CallHook(Hook::RunSimulation);
             return true;
         }
     } catch (...) {

@@ -50,6 +50,9 @@ void CheckMachineInDb(MachineRecord& record, WhichMachine which);
 /// replaced. A failure is told, with the project as it was.
 bool CopyMachineIntoProject(const MachineRecord& record, WhichMachine which);
 
+/// The same, but throws DbError.
+bool PutMachineIntoProject(const MachineRecord& record, WhichMachine which);
+
 /// Makes Motor/Generator I the machine of the project and, if it takes the place of another one, recomputes all sets
 /// with it: both in one transaction. `iCalcMethod` changes to the other method before if its own can't be used any
 /// more. A failure is told (ArithmeticFault is thrown), and project and block have the former machine and method then.
@@ -70,13 +73,15 @@ struct MachineLine
     MachineRecord record;
 };
 
-/// Condition of the list: pole pairs, least power (greatest for a generator), voltage.
+/// Condition of the list; what is not there is not asked for.
 struct MachineFilter
 {
-    int polePairs = 0;
-    double Pmech = 0; ///< kW
-    double U = 0;     ///< V
+    std::optional<int> polePairs = {};
+    std::optional<double> Pmech = {}; ///< kW, the least; for a generator the greatest
+    std::optional<double> U = {};     ///< V
     bool isGenerator = false;
+    std::optional<double> f = {}; ///< Hz
+    std::optional<QString> Hersteller = {};
 };
 
 /// Numbers of all machines, or of those of a filter, in the fixed order of the list. A row with a value of another
@@ -89,6 +94,10 @@ int CountMachinesUpTo(TableDb& db, int limit);
 /// The machines of some numbers, in their order, read at once. One that can't be read, or is gone, is empty. Throws
 /// DbError.
 std::vector<MachineRecord> ReadMachines(TableDb& db, std::span<const qint32> numbers);
+
+/// The machines of some rows of a list of numbers, as a grid shows them; fewer where the list ends. Whoever scrolls is
+/// told nothing: without the file there are none.
+std::vector<MachineRecord> MachinesOfRows(std::span<const qint32> numbers, int first, int count);
 
 /// The machines themselves, for a database that isn't too large.
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter = std::nullopt);

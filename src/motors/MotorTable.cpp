@@ -1,4 +1,5 @@
 // The rows of the table `Motor`, in the motor database and in a project alike.
+#include "core/Common.h"
 #include "core/NumberText.h"
 #include "core/texts/DefaultTexts.h"
 #include "motors/MotorColumns.h"
@@ -83,7 +84,29 @@ void UpdateRow(TableDb& db, const MachineRecord& record)
 
 std::string FilterSql(const MachineFilter& filter)
 {
-    return std::string(" WHERE [Polpaarzahl] = ? AND [Pmech] ") + (filter.isGenerator ? "<=" : ">=") + " ? AND [U] = ?";
+    std::string sql;
+    const auto add = [&sql](bool isAsked, const char* condition) {
+        if (isAsked)
+            sql.append(sql.empty() ? " WHERE " : " AND ").append(condition);
+    };
+    add(filter.polePairs.has_value(), "[Polpaarzahl] = ?");
+    add(filter.Pmech.has_value(), filter.isGenerator ? "[Pmech] <= ?" : "[Pmech] >= ?");
+    add(filter.U.has_value(), "[U] = ?");
+    add(filter.f.has_value(), "[f] = ?");
+    add(filter.Hersteller.has_value(), "[Hersteller] = ?");
+    return sql;
+}
+
+void BindFilter(SQLite::Statement& row, const MachineFilter& filter)
+{
+    int position = 0;
+    if (filter.polePairs)
+        row.bind(++position, *filter.polePairs);
+    for (const std::optional<double>& number : {filter.Pmech, filter.U, filter.f})
+        if (number)
+            row.bind(++position, *number);
+    if (filter.Hersteller)
+        row.bind(++position, filter.Hersteller->toStdString());
 }
 
 } // namespace
@@ -165,11 +188,8 @@ void VisitMachines(TableDb& db, const std::optional<MachineFilter>& filter,
 {
     WithDbErrors([&] {
         SQLite::Statement row(db.Handle(), SelectSql(db) + (filter ? FilterSql(*filter) : std::string()) + kListOrder);
-        if (filter) {
-            row.bind(1, filter->polePairs);
-            row.bind(2, filter->Pmech);
-            row.bind(3, filter->U);
-        }
+        if (filter)
+            BindFilter(row, *filter);
         MachineLine line;
         while (row.executeStep()) {
             const bool isReadable = !TakeRow(row, line.record);
@@ -222,6 +242,20 @@ std::vector<MachineRecord> ReadMachines(TableDb& db, std::span<const qint32> num
         }
     });
     return records;
+}
+
+std::vector<MachineRecord> MachinesOfRows(std::span<const qint32> numbers, int first, int count)
+{
+    const int end = std::min(static_cast<int>(numbers.size()), first + count);
+    if (first >= end)
+        return {};
+    try {
+        TableDb db = TableDb::Open(App().sMotorDbPath);
+        return ReadMachines(db,
+                            numbers.subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first)));
+    } catch (const DbError&) {
+        return {};
+    }
 }
 
 std::vector<MachineLine> ListMachines(TableDb& db, const std::optional<MachineFilter>& filter)

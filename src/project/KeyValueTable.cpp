@@ -106,6 +106,13 @@ struct Binder
     void operator()(const QDateTime* field) const { row.bind(kThird, StoredDateText(*field).toStdString()); }
 };
 
+/// Whether a key that has no row yet gets one.
+bool IsDue(const ProjectKey& key)
+{
+    const auto* flag = std::get_if<bool*>(&key.field);
+    return !key.isOnDemand || (flag && **flag);
+}
+
 } // namespace
 
 QString CreateStatement(ProjectTable table)
@@ -136,7 +143,7 @@ void KeyValueTable::Read(const ProjectKey& key)
 void KeyValueTable::Write(const ProjectKey& key)
 {
     WithDbErrors([&] {
-        if (Prepared(update, key).exec() == 0)
+        if (Prepared(update, key).exec() == 0 && IsDue(key))
             Prepared(insert, key).exec();
     });
 }

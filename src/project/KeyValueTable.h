@@ -19,7 +19,7 @@ public:
     KeyValueTable(TableDb& db, ProjectTable table);
     /// Sets the field from the key's row; without a row the field stays. Throws DbError for a value that doesn't fit.
     void Read(const ProjectKey& key);
-    /// Changes the key's row or adds it.
+    /// Changes the key's row or adds it, where it is stored on demand once there is something to store.
     void Write(const ProjectKey& key);
 
 private:

@@ -4,9 +4,11 @@
 #include "core/LocalFormats.h"
 #include "core/texts/FormF1Texts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <stdexcept>
 
 namespace korvanel {
 
@@ -43,11 +45,14 @@ public:
         AddOfRecording(std::move(name), field);
         keys.back().isMeasurementHeader = true;
     }
+    /// What is said of the sets beside their heading.
     void AddOfRecording(std::string name, ProjectField field)
     {
         Add(std::move(name), field);
         keys.back().isOfRecording = true;
     }
+    /// For the key that was added last.
+    void StoreOnDemand() { keys.back().isOnDemand = true; }
     /// One array of numbered keys: "Name 0", "Name 1" and so on.
     template <typename Array>
     void AddSeries(const char* name, Array& fields)
@@ -111,6 +116,8 @@ std::vector<ProjectKey> SettingsKeys(ApplicationBlock& app)
     list.AddSeries("dTrigger", app.dTrigger);
     list.AddSeries("PrintIt", app.PrintIt);
     list.AddSeries("Export", app.Export);
+    list.AddOfRecording("bEnergiesOutdated", &app.bEnergiesOutdated);
+    list.StoreOnDemand();
     return list.Take();
 }
 
@@ -125,7 +132,7 @@ void ResetColumnChoices(ApplicationBlock& app)
 void ResetMachines(ApplicationBlock& app)
 {
     app.MachineI.record = {};
-    app.MachineII.record = {};
+    app.MachineII = {};
     app.MachineI.status = {};
     app.Estimate = {};
     app.DiagramLimits = ApplicationBlock().DiagramLimits;
@@ -159,6 +166,15 @@ const std::vector<ProjectKey>& ProjectKeys()
         return keys;
     }();
     return all;
+}
+
+const ProjectKey& KeyOf(const ProjectField& field)
+{
+    const auto& keys = ProjectKeys();
+    const auto key = std::find_if(keys.begin(), keys.end(), [&](const ProjectKey& k) { return k.field == field; });
+    if (key == keys.end())
+        throw std::out_of_range("a field that isn't stored");
+    return *key;
 }
 
 void ResetProjectData()
@@ -195,6 +211,7 @@ void ResetProjectData()
     app.dTrigger = {0, 0};
     app.PrintIt.fill(1);
     app.Export = {1, 0};
+    app.bEnergiesOutdated = false;
 
     app.bDevConnected = false; // what was identified for another project says nothing of this one
     app.lMarkedSets = 1;
@@ -203,6 +220,9 @@ void ResetProjectData()
     app.iCurrentSet = 1;
     app.ResultPage.firstSet = 1;
     app.DiagramPage = {};
+    app.dTWindow = 0; // that of another recording
+    app.MeasureGrid = {};
+    app.EditorGrid = {};
     RecordingChanged();
     app.bModelValid = false;
     ResetMachines(app);

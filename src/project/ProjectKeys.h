@@ -29,14 +29,18 @@ struct ProjectKey
     /// Accepted numbers; a file that holds another one is not read as a project.
     double minimum;
     double maximum;
+    bool isOnDemand = false;          ///< a truth value that is stored once it has become true
     bool isMeasurementHeader = false; ///< one of the four keys that a run writes alone
-    bool isOfRecording = false;       ///< those four, the instrument and the interval: what is said of the sets
+    bool isOfRecording = false; ///< those four, the instrument, the interval, the energies: what is said of the sets
 };
 
 const char* TableName(ProjectTable table);
 
 /// All keys with the fields of the block.
 const std::vector<ProjectKey>& ProjectKeys();
+
+/// The key that stands for a field of the block. Throws std::out_of_range for a field that isn't stored.
+const ProjectKey& KeyOf(const ProjectField& field);
 
 /// Sets every field of the two tables to its default, with the constants of the block, and resets what else belongs to
 /// a project: marked sets, machines, scale factors of the instrument. The simulation flag and the two energies

@@ -9,6 +9,8 @@
 #include "core/ProjectDb.h"
 #include "core/clsWaitCursor.h"
 #include "core/texts/DefaultTexts.h"
+#include "core/window/PageTable.h"
+#include "data/Recomputation.h"
 #include "data/ValueTables.h"
 #include "project/KeyValueTable.h"
 #include "project/ProjectSchema.h"
@@ -271,11 +273,28 @@ bool SaveProject()
     return true;
 }
 
+namespace {
+
+/// What follows from edited sets. A save that succeeds has taken the mark of the change away before anybody asks for
+/// it, so this happens after a failed one alone, and else the energies stay as they were until somebody asks for them.
+void FormDependentValues()
+{
+    const int netConf = App().iNetConfIndex;
+    if (IntegratesEnergy(netConf))
+        RecomputeEnergies();
+    if (HasSecondMachine() && (IntegratesEnergy(netConf) || netConf == kNetMachineRecorder))
+        CallHook(Hook::RunSimulation);
+}
+
+} // namespace
+
 void SaveIfDirty()
 {
     if (App().bProjectDirty)
         SaveProject();
-    if (App().iCurrentPage == 1)
+    if (App().iCurrentPage == kPageEditor && App().bProjectDirty)
+        FormDependentValues();
+    if (App().iCurrentPage == kPageGeneralData)
         App().TheShell->RefreshStatusBar();
 }
 

@@ -89,9 +89,14 @@ void TransferMeasurementHeader(Direction direction)
     TransferKeys(direction, [](const ProjectKey& key) { return key.isMeasurementHeader; });
 }
 
+void TransferRecordingKeys(Direction direction)
+{
+    TransferKeys(direction, [](const ProjectKey& key) { return key.isOfRecording; });
+}
+
 void WriteRecordingKeys()
 {
-    TransferKeys(Direction::Write, [](const ProjectKey& key) { return key.isOfRecording; });
+    TransferRecordingKeys(Direction::Write);
 }
 
 } // namespace korvanel

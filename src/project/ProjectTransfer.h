@@ -25,7 +25,9 @@ void SaveProjectData();
 /// Moves the four keys that a run changes: begin, end, term and identity of the instrument.
 void TransferMeasurementHeader(Direction direction);
 
-/// Writes what is said of the recording: those four, the instrument and the interval.
+/// Moves what is said of the recording: those four, the instrument, the interval and the state of the energies.
+void TransferRecordingKeys(Direction direction);
+/// The same, writing.
 void WriteRecordingKeys();
 
 } // namespace korvanel

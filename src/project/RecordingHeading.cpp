@@ -65,6 +65,7 @@ void ClearRecording()
 {
     const ProjectDbScope scope;
     const Heading former = HeadingOfBlock();
+    const bool wereOutdated = App().bEnergiesOutdated;
     try {
         DbTransaction transaction(ProjectDb());
         ClearValues();
@@ -73,6 +74,7 @@ void ClearRecording()
         transaction.Commit();
     } catch (...) {
         PutIntoBlock(former);
+        App().bEnergiesOutdated = wereOutdated;
         throw;
     }
 }

@@ -85,5 +85,74 @@ TEST_F(VisitSetsTest, Failure_IsToldOnceAndCounted)
     EXPECT_EQ(App().iFileErrors, 1);
 }
 
+class VisitSimulatedSetsTest : public VisitSetsTest
+{
+protected:
+    /// Five sets a second apart, the third corrected, and what a second machine draws in each.
+    void StoreBoth()
+    {
+        CreateProject(2);
+        std::vector<tValueRow> rows(5);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            rows[i].dP[kSum] = 1;
+            rows[i].dI[kSum] = 1;
+            rows[i].dt = static_cast<double>(i);
+            rows[i].bEdit = i == 2 ? kCorrected : 0;
+        }
+        StoreRows(rows);
+        const ProjectDbScope scope;
+        CreateSimulatedTable();
+        OpenSimulatedRecordset();
+        for (qint32 set = 1; set <= 5; ++set) {
+            App().SimulatedRow.dP[kSum] = 100 * set;
+            ASSERT_TRUE(AppendSimulatedRow(set));
+        }
+    }
+    QStringList Simulated(qint32 first, qint32 last)
+    {
+        QStringList seen;
+        OpenDbGuarded();
+        isRead = VisitSimulatedSets(first, last, [&](const ShownSet& simulated) {
+            seen << QStringLiteral("%1: %2 W, %3 s, %4 A, mark %5")
+                        .arg(simulated.set)
+                        .arg(simulated.row.dP[kSum])
+                        .arg(simulated.row.dt)
+                        .arg(simulated.row.dI[kSum])
+                        .arg(simulated.row.bEdit);
+            time = simulated.timeText;
+            return simulated.set != 4;
+        });
+        CloseDbGuarded();
+        return seen;
+    }
+};
+
+TEST_F(VisitSimulatedSetsTest, Range_HasTheValuesOfTheMachineWithTimeAndMarkOfTheSets)
+{
+    StoreBoth();
+    EXPECT_EQ(Simulated(2, 3), (QStringList{"2: 200 W, 1 s, 0 A, mark 0", "3: 300 W, 2 s, 0 A, mark 255"}));
+    EXPECT_EQ(time, DateTimeTextOfStored("2026-03-14 15:09:26"));
+    EXPECT_EQ(Simulated(4, 5), QStringList{"4: 400 W, 3 s, 0 A, mark 0"}) << "as soon as the visitor has seen enough";
+    EXPECT_TRUE(isRead);
+}
+
+TEST_F(VisitSimulatedSetsTest, WithoutSimulation_ThereIsNoneAndNothingIsTold)
+{
+    Store(2);
+    EXPECT_EQ(Simulated(1, 5), QStringList());
+    EXPECT_TRUE(isRead);
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(VisitSimulatedSetsTest, Failure_IsToldOnceAndCounted)
+{
+    StoreBoth();
+    Execute("DROP TABLE SampledValues");
+    EXPECT_EQ(Simulated(1, 5), QStringList());
+    EXPECT_FALSE(isRead);
+    EXPECT_EQ(shell.boxes.size(), 1U);
+    EXPECT_EQ(App().iFileErrors, 1);
+}
+
 } // namespace
 } // namespace korvanel::test

@@ -24,6 +24,16 @@ protected:
         return texts;
     }
     static DiagramGrid Grid(double y1, double y2) { return GridOf({.x1 = 1, .x2 = 10, .y1 = y1, .y2 = y2}); }
+    /// A sheet that shows all of so many sets.
+    DiagramSheet SheetOf(int sets) const
+    {
+        DiagramSheet sheet;
+        sheet.view = FullView(sets, true);
+        sheet.curves = Curves();
+        sheet.axisCurve = sheet.curves.front();
+        sheet.count = sets;
+        return sheet;
+    }
 
     clsSymbols symbols;
 };
@@ -103,11 +113,7 @@ TEST_F(DiagramAxes, NamesKeepTheirDistanceWithinThePicture)
 TEST_F(DiagramAxes, SheetHoldsCurvesAxesAndNames)
 {
     Record(RandomSets(500, 3));
-    DiagramSheet sheet;
-    sheet.view = FullView(500, true);
-    sheet.curves = Curves();
-    sheet.axisCurve = sheet.curves.front();
-    sheet.count = 500;
+    DiagramSheet sheet = SheetOf(500);
     sheet.title = "Prüfstand <b>";
     const QByteArray svg = FileOfSheet(values, sheet, {700, 400}, ".svg");
     for (const char* text : {">Pmech<", ">0,8<", ">500 V<", ">U [V]<", "Prüfstand &lt;b&gt;"})
@@ -127,12 +133,7 @@ TEST_F(DiagramAxes, SheetHoldsCurvesAxesAndNames)
 TEST_F(DiagramAxes, SheetTooSmallForItsAxesIsStillDrawn)
 {
     Record(RandomSets(50, 3));
-    DiagramSheet sheet;
-    sheet.view = FullView(50, true);
-    sheet.curves = Curves();
-    sheet.axisCurve = sheet.curves.front();
-    sheet.count = 50;
-    EXPECT_FALSE(ImageOfSheet(values, sheet, {10, 10}, 1).isNull());
+    EXPECT_FALSE(ImageOfSheet(values, SheetOf(50), {10, 10}, 1).isNull());
 }
 
 } // namespace

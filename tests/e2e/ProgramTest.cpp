@@ -430,8 +430,8 @@ TEST_F(ProgramTest, EmptyPagesAndLaterDialogsSayThatTheyComeLater)
     EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
     program.WaitForQuiet();
     NewProject(program, PathOf("x"));
-    program.Trigger("mnuOfflineDevice");
-    program.WaitForControl("FormF5");
+    program.Trigger("mnuResPrint");
+    program.WaitForControl("FormF9");
     EXPECT_TRUE(program.IsShown("lblLater"));
     EXPECT_TRUE(program.IsShown("lblDeviceID"));
 }

@@ -234,6 +234,31 @@ TEST_F(MotorDatabase, List_OfAFilterHasAtMostThePowerOfAGenerator)
     EXPECT_EQ(Remarks(MachineFilter{2, -5.5, 400, true}), (QStringList{"c", "b"}));
 }
 
+TEST_F(MotorDatabase, List_OfAFilterAsksForNothingThatIsNotThere)
+{
+    ExecuteMotors(
+        "INSERT INTO Motor(Hersteller,Polpaarzahl,U,Pmech,f,Mreib) VALUES ('a',1,400,4,50,0),('b',2,400,5,60,0),"
+        "('O''Neill; DROP TABLE Motor',2,690,6,50,0),('g',3,690,-6,60,0)");
+    const struct
+    {
+        MachineFilter filter;
+        QStringList found;
+    } cases[] = {
+        {{}, {"a", "b", "O'Neill; DROP TABLE Motor", "g"}},
+        {{.polePairs = 2}, {"b", "O'Neill; DROP TABLE Motor"}},
+        {{.Pmech = 5}, {"b", "O'Neill; DROP TABLE Motor"}},
+        {{.Pmech = -5, .isGenerator = true}, {"g"}},
+        {{.U = 690}, {"O'Neill; DROP TABLE Motor", "g"}},
+        {{.f = 60}, {"b", "g"}},
+        {{.U = 690, .f = 60}, {"g"}},
+        {{.Hersteller = "O'Neill; DROP TABLE Motor"}, {"O'Neill; DROP TABLE Motor"}},
+        {{.polePairs = 2, .Pmech = 5, .U = 400, .f = 60, .Hersteller = "b"}, {"b"}},
+        {{.polePairs = 2, .Hersteller = "' OR 1=1 --"}, {}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Remarks(c.filter), c.found) << c.found.join(u' ').toStdString();
+}
+
 // The file.
 
 TEST_F(MotorDatabase, Open_HoldsTheFileUntilItIsClosed)

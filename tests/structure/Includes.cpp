@@ -39,6 +39,7 @@ constexpr std::array kRooms{
     Room{.name = "motors"},
     Room{.name = "evaluation"},
     Room{.name = "diagrams"},
+    Room{.name = "editor"},
     Room{.name = "simulation"},
     Room{.name = "output"},
     Room{.name = "language"},

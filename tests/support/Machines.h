@@ -38,6 +38,16 @@ inline MachineRecord MotorWithNoLoadData()
     return record;
 }
 
+/// That motor as a database has it for a simulation: with its torque, pole pairs and stall torque.
+inline MachineRecord SecondMotor()
+{
+    MachineRecord record = MotorWithNoLoadData();
+    record.Polpaarzahl = 2;
+    record.M = 120.8;
+    record.Mkipp_Mn = 2.8;
+    return record;
+}
+
 /// Pole pairs and no-load test, nothing else.
 inline MachineRecord NoLoadDataOnly()
 {

@@ -19,9 +19,13 @@
 #include "instruments/FormH7.h"
 #include "motors/FormF10.h"
 #include "motors/FormH11.h"
+#include "motors/FormH8.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
 #include "project/ProjectStore.h"
+#include "simulation/FormH12.h"
+#include "simulation/FormH13.h"
+#include "simulation/FormH14.h"
 #include "support/MotorDbFixture.h"
 #include "support/ScriptedPort.h"
 
@@ -85,7 +89,13 @@ protected:
         window.RegisterDialog(kDialogAbout, BuildDialog<FormH2>);
         window.RegisterDialog(kDialogAddressSearch, BuildDialog<FormH5>);
         window.RegisterDialog(kDialogWiring, BuildDialog<FormH7>);
+        window.RegisterDialog(kDialogMachineInfo, [](QWidget* parent) -> std::unique_ptr<QDialog> {
+            return std::make_unique<FormH8>(parent, MachineInfo::MachineII);
+        });
         window.RegisterDialog(kDialogMotorDatabase, BuildDialog<FormH11>);
+        window.RegisterDialog(kDialogSecondMachine, BuildDialog<FormH12>);
+        window.RegisterDialog(kDialogComparison, BuildDialog<FormH13>);
+        window.RegisterDialog(kDialogSimulationResults, BuildDialog<FormH14>);
     }
 
     /// A project of a net configuration, open in the window without a page.

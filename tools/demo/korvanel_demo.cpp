@@ -19,6 +19,7 @@
 #include <QThread>
 
 #include <cstdlib>
+#include <tuple>
 
 using namespace korvanel;
 
@@ -50,6 +51,7 @@ public:
         ConfigureInstrument();
         Record();
         WalkPages();
+        BuildLoadCycle();
         driver.Trigger(QStringLiteral("mnuEnd"));
         if (driver.WaitForEnd() != EXIT_SUCCESS)
             throw DriverError("the program ended with an error");
@@ -108,7 +110,7 @@ private:
         driver.Trigger(QStringLiteral("cmdSearch"));
         driver.WaitUntilGone(QStringLiteral("FormH6"));
         constexpr int kMostMachines = 200;
-        for (int i = 0; !driver.Text(QStringLiteral("txtComment")).contains(QStringLiteral("gemessen")); ++i) {
+        for (int i = 0; !driver.Text(QStringLiteral("txtComment")).startsWith(QStringLiteral("Prüfstandsmotor")); ++i) {
             if (i == kMostMachines)
                 throw DriverError("the measured motor is not in the database");
             driver.Trigger(QStringLiteral("cmdBrowse_2"));
@@ -193,11 +195,15 @@ private:
 
     void WalkPages()
     {
-        VisitPage("FormF5");
+        driver.Trigger(QStringLiteral("cmdForw"));
+        driver.WaitForControl(QStringLiteral("FormF5"));
+        QThread::msleep(kPictureMs);
+        Picture(QStringLiteral("7-FormF5"));
         driver.Trigger(QStringLiteral("cmdForw"));
         driver.WaitForControl(QStringLiteral("FormF6"));
         ShowResults();
         ExportResults();
+        ChooseSecondMachine();
         driver.Trigger(QStringLiteral("cmdForw"));
         driver.WaitForControl(QStringLiteral("FormF8"));
         ShowDiagrams();
@@ -261,6 +267,99 @@ private:
         driver.WaitUntilEnabled(QStringLiteral("cmdRedraw"));
     }
 
+    /// The same load on a larger motor: choice, the two side by side, energies and utilisation.
+    void ChooseSecondMachine()
+    {
+        driver.Choose(QStringLiteral("TabEvaluation"), QStringLiteral("Motor/Generator II"));
+        driver.Trigger(QStringLiteral("cmdChoice"));
+        driver.WaitForControl(QStringLiteral("FormH12"));
+        const char* const wanted[] = {"2", "22", "400", "50"};
+        for (int i = 0; i < 4; ++i)
+            driver.Type(QStringLiteral("txtSearch_%1").arg(i), QLatin1String(wanted[i]));
+        driver.Trigger(QStringLiteral("cmdSearch"));
+        driver.WaitUntilEnabled(QStringLiteral("cmdOK"));
+        driver.Grab(QStringLiteral("FormH12"), folder.filePath(QStringLiteral("6-zweite-maschine-auswahl.png")));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH12"));
+        driver.WaitUntilEnabled(QStringLiteral("cmdCompare"));
+        Picture(QStringLiteral("6-zweite-maschine"));
+        for (const auto& [button, dialog, name] : {std::tuple{"cmdCompare", "FormH13", "6-vergleich"},
+                                                   {"cmdEvaluation", "FormH14", "6-auswertung-beider"}}) {
+            driver.Trigger(QLatin1String(button));
+            driver.WaitForControl(QLatin1String(dialog));
+            driver.Grab(QLatin1String(dialog), folder.filePath(QLatin1String(name) + QStringLiteral(".png")));
+            driver.Trigger(QStringLiteral("cmdOK"));
+            driver.WaitUntilGone(QLatin1String(dialog));
+        }
+    }
+
+    /// A load cycle of a saw, entered by hand: idle, cut, idle.
+    void BuildLoadCycle()
+    {
+        const QString project = folder.filePath(QStringLiteral("Kreissäge von Hand.MDB"));
+        QFile::remove(project);
+        driver.Trigger(QStringLiteral("mnuNew"));
+        driver.GivePath(project);
+        driver.WaitForControl(QStringLiteral("FormF1"));
+        driver.Type(QStringLiteral("txtName"), QStringLiteral("Kreissäge, ein Schnitt"));
+        driver.Trigger(QStringLiteral("mnuOfflineDevice"));
+        driver.WaitForControl(QStringLiteral("FormF5"));
+        driver.Trigger(QStringLiteral("cmdNew"));
+        driver.WaitUntilEnabled(QStringLiteral("cmdInsDel_0"));
+        driver.Type(QStringLiteral("txtInterval"), QStringLiteral("2"));
+        driver.Key(QStringLiteral("Return"), QStringLiteral("txtInterval"));
+        EnterCell(0, 0, "230");
+        for (int i = 0; i < 9; ++i)
+            PressAndWait("cmdInsDel_0");
+        driver.Trigger(QStringLiteral("cmdSet_0"));
+        const struct
+        {
+            int set;
+            const char* current;
+            const char* power;
+        } corners[] = {{1, "1,8", "180"}, {3, "1,8", "180"}, {5, "9,5", "1950"}, {7, "9,1", "1870"}, {8, "1,8", "185"}};
+        for (const auto& corner : corners) {
+            FindSet(corner.set);
+            EnterCell(corner.set == 1 ? 0 : 1, 1, corner.current);
+            EnterCell(corner.set == 1 ? 0 : 1, 3, corner.power);
+        }
+        for (const int between : {2, 4, 6}) { // straight from corner to corner
+            FindSet(between);
+            PressAndWait("cmdInsDel_2");
+        }
+        FindSet(5);
+        QThread::msleep(kPictureMs);
+        Picture(QStringLiteral("9-editor"));
+        driver.Trigger(QStringLiteral("mnuResTable"));
+        driver.WaitForControl(QStringLiteral("FormF6"));
+        Picture(QStringLiteral("9-lastspiel-auswertung"));
+    }
+
+    void FindSet(int set)
+    {
+        driver.Trigger(QStringLiteral("cmdSet_2"));
+        driver.WaitForControl(QStringLiteral("FormH15"));
+        driver.Type(QStringLiteral("txtSet"), QString::number(set));
+        driver.Trigger(QStringLiteral("cmdOK"));
+        driver.WaitUntilGone(QStringLiteral("FormH15"));
+    }
+
+    void PressAndWait(const char* button)
+    {
+        driver.Trigger(QLatin1String(button));
+        driver.WaitUntilEnabled(QLatin1String(button));
+    }
+
+    /// Double click, the value, Enter.
+    void EnterCell(int row, int column, const char* value)
+    {
+        driver.WaitUntilEnabled(QStringLiteral("flxValues"));
+        driver.ClickCell(QStringLiteral("flxValues"), row, column, QStringLiteral("left"), QStringLiteral("double"));
+        driver.Type(QStringLiteral("txtEdit_0"), QLatin1String(value));
+        driver.Key(QStringLiteral("Return"), QStringLiteral("txtEdit_0"));
+        driver.WaitUntilEnabled(QStringLiteral("txtEdit_0"));
+    }
+
     void PictureOfDialog(const char* button, const char* dialog, const char* name)
     {
         driver.Trigger(QLatin1String(button));
@@ -277,6 +376,8 @@ private:
         driver.GivePath(ExportFile());
         driver.WaitUntilEnabled(QStringLiteral("cmdExcel")); // the page is locked meanwhile
     }
+
+    static constexpr int kPictureMs = 500; // until the picture of all sets is drawn
 
     QDir folder;
     int seconds;

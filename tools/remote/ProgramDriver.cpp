@@ -114,11 +114,10 @@ void ProgramDriver::Wheel(const QString& name, QPoint at, int notches)
         "wheel");
 }
 
-void ProgramDriver::ClickCell(const QString& name, int row, int column, const QString& button)
+void ProgramDriver::ClickCell(const QString& name, int row, int column, const QString& button, const QString& what)
 {
     Require(
-        Send(
-            {{"do", "mouse"}, {"name", name}, {"text", "click"}, {"row", row}, {"column", column}, {"button", button}}),
+        Send({{"do", "mouse"}, {"name", name}, {"text", what}, {"row", row}, {"column", column}, {"button", button}}),
         "click");
 }
 

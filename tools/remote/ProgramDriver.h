@@ -45,13 +45,14 @@ public:
     void Type(const QString& name, const QString& text) { Do("type", name, text); }
     void Choose(const QString& name, const QString& text) { Do("choose", name, text); }
     void Grab(const QString& name, const QString& file) { Do("grab", name, file); }
-    /// What the mouse does at a place of a control: "press", "move", "release", "click".
+    /// What the mouse does at a place of a control: "press", "move", "release", "click", "double".
     void Mouse(const QString& name, const QString& what, QPoint at, const QString& button = QStringLiteral("left"),
                const QString& modifiers = {});
     /// Turns the wheel over a place; positive notches go away from the hand.
     void Wheel(const QString& name, QPoint at, int notches);
-    /// A click into a cell of a table.
-    void ClickCell(const QString& name, int row, int column, const QString& button = QStringLiteral("left"));
+    /// A click into a cell of a table, or what else the mouse does there.
+    void ClickCell(const QString& name, int row, int column, const QString& button = QStringLiteral("left"),
+                   const QString& what = QStringLiteral("click"));
     /// A key as "Ctrl+Z", to the control with the focus or to another one.
     void Key(const QString& sequence, const QString& name = {}) { Do("key", name, sequence); }
     void CloseMainWindow() { Do("close"); }

@@ -168,7 +168,7 @@ void SendMouse(QWidget* widget, QEvent::Type type, QPointF at, Qt::MouseButton b
     }
 }
 
-/// One thing that the mouse does over a control: press, move, release, click, wheel (`notches` of it).
+/// One thing that the mouse does over a control: press, move, release, click, double, wheel (`notches` of it).
 QJsonObject Mouse(const QString& name, const QString& what, const QJsonObject& command)
 {
     QWidget* widget = FindControl(name);
@@ -186,12 +186,16 @@ QJsonObject Mouse(const QString& name, const QString& what, const QJsonObject& c
     const Qt::KeyboardModifiers modifiers = ModifiersOf(command["modifiers"].toString());
     Later(widget, [=] {
         constexpr int kNotch = 120;
-        if (what == u"press" || what == u"click")
+        if (what == u"press" || what == u"click" || what == u"double")
             SendMouse(widget, QEvent::MouseButtonPress, at, button, button, modifiers);
         if (what == u"move")
             SendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, button, modifiers);
-        if (what == u"release" || what == u"click")
+        if (what == u"release" || what == u"click" || what == u"double")
             SendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton, modifiers);
+        if (what == u"double") {
+            SendMouse(widget, QEvent::MouseButtonDblClick, at, button, button, modifiers);
+            SendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton, modifiers);
+        }
         if (what == u"wheel") {
             QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, kNotch * command["notches"].toInt()}, Qt::NoButton,
                               modifiers, Qt::NoScrollPhase, false);
@@ -263,6 +267,16 @@ QJsonArray Items(QWidget* widget)
 }
 
 /// Texts of a table, row by row.
+/// What stands before the rows of a table.
+QJsonArray RowHeads(QWidget* widget)
+{
+    QJsonArray heads;
+    const auto* table = qobject_cast<QTableWidget*>(widget);
+    for (int r = 0; table && r < table->rowCount(); ++r)
+        heads.append(table->verticalHeaderItem(r) ? table->verticalHeaderItem(r)->text() : QString());
+    return heads;
+}
+
 QJsonArray Cells(QWidget* widget)
 {
     QJsonArray rows;
@@ -330,6 +344,7 @@ QJsonObject Read(const QString& name)
             {"items", Items(widget)},
             {"colour", QJsonValue::fromVariant(widget->property("colour"))},
             {"cells", Cells(widget)},
+            {"rows", RowHeads(widget)},
             {"headings", Headings(widget)}};
 }
 

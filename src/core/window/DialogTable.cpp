@@ -8,10 +8,10 @@ namespace korvanel {
 namespace {
 
 constexpr DialogEntry kDialogs[] = {
-    {.number = kDialogAbout, .name = "FormH2"},
-    {.number = kDialogAddressSearch, .name = "FormH5"},
-    {.number = kDialogWiring, .name = "FormH7"},
-    {.number = kDialogMotorDatabase, .name = "FormH11"},
+    {.number = kDialogAbout, .name = "FormH2"},          {.number = kDialogAddressSearch, .name = "FormH5"},
+    {.number = kDialogWiring, .name = "FormH7"},         {.number = kDialogMachineInfo, .name = "FormH8"},
+    {.number = kDialogMotorDatabase, .name = "FormH11"}, {.number = kDialogSecondMachine, .name = "FormH12"},
+    {.number = kDialogComparison, .name = "FormH13"},    {.number = kDialogSimulationResults, .name = "FormH14"},
 };
 
 } // namespace

@@ -11,7 +11,11 @@ enum DialogNumber
     kDialogAbout = 2,
     kDialogAddressSearch = 5,
     kDialogWiring = 7,
+    kDialogMachineInfo = 8,
     kDialogMotorDatabase = 11,
+    kDialogSecondMachine = 12,
+    kDialogComparison = 13,
+    kDialogSimulationResults = 14,
 };
 
 struct DialogEntry

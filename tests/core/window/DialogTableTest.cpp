@@ -18,7 +18,8 @@ class DialogTableTest : public BlockTest
 
 TEST_F(DialogTableTest, Dialogs_HaveTheirNames)
 {
-    const std::pair<int, const char*> cases[] = {{2, "FormH2"}, {5, "FormH5"}, {7, "FormH7"}, {11, "FormH11"}};
+    const std::pair<int, const char*> cases[] = {{2, "FormH2"},   {5, "FormH5"},   {7, "FormH7"},   {8, "FormH8"},
+                                                 {11, "FormH11"}, {12, "FormH12"}, {13, "FormH13"}, {14, "FormH14"}};
     for (const auto& [number, name] : cases) {
         const DialogEntry* dialog = FindDialog(number);
         ASSERT_NE(dialog, nullptr) << number;
@@ -30,7 +31,7 @@ TEST_F(DialogTableTest, Dialogs_HaveTheirNames)
 
 TEST_F(DialogTableTest, FindDialog_OfANumberWithoutDialogIsNothing)
 {
-    for (const int number : {-1, 0, 1, 8, 100, 32767})
+    for (const int number : {-1, 0, 1, 9, 100, 32767})
         EXPECT_EQ(FindDialog(number), nullptr) << number;
 }
 

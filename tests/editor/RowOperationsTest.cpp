@@ -1,5 +1,5 @@
 // The operations of the editor, against a model of a recording in memory, and what they do where they can't.
-#include "data/RowOperations.h"
+#include "editor/RowOperations.h"
 
 #include "core/Clock.h"
 #include "data/FileManaging.h"
@@ -36,7 +36,7 @@ void Derive(ModelSet& set, int netConf)
     double Q = std::abs(set.P) >= std::abs(S) ? 0 : std::sqrt(S * S - set.P * set.P);
     double phi = cosphi >= 1 ? 0 : std::acos(cosphi) * 180 / std::numbers::pi;
     if (S == 0)
-        phi = 90;
+        phi = 0;
     if (set.P < 0) {
         phi = 180 - phi;
         cosphi = -cosphi;
@@ -271,6 +271,24 @@ TEST_F(RowOperations, DeletingEverySetLeavesNoneAndTheFirstCanBeMadeAgain)
               "FROM SampledValues"),
         "380.0 1.0 50.0 100.0 0 255");
     EXPECT_NEAR(Query("SELECT \"phi sum\" FROM SampledValues").toDouble(), 74.74, 0.01);
+}
+
+TEST_F(RowOperations, FirstSetIsNotMadeWhereThereAreSets)
+{
+    Make(0, 3, 1);
+    const QString before = Content();
+    EXPECT_TRUE(MakeFirstSet());
+    EXPECT_EQ(Content(), before);
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(RowOperations, FormingEnergiesWhereNoneAreStoredDoesNothing)
+{
+    Make(6, 3, 1);
+    const QString before = Query("SELECT group_concat(\"U sum\" || ' ' || t || ' ' || Edit, ';') FROM SampledValues");
+    EXPECT_TRUE(FormEnergies());
+    EXPECT_EQ(Query("SELECT group_concat(\"U sum\" || ' ' || t || ' ' || Edit, ';') FROM SampledValues"), before);
+    EXPECT_TRUE(shell.boxes.empty());
 }
 
 TEST_F(RowOperations, SetsThatAreNotThereAreLeftAloneWithoutAWord)
