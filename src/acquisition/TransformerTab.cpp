@@ -175,7 +175,7 @@ QWidget* TransformerTab::BuildScaleEnds()
 {
     constexpr int kRows = 2;
     constexpr int kColumnsOfOne = 4; // caption, box, unit and a gap
-    constexpr int kGap = 14;
+    constexpr int kGapWidth = 14;
     auto* group = new QGroupBox(texts::groupScaleEnds);
     auto* grid = new QGridLayout(group);
     SetSpacing(*grid);
@@ -189,7 +189,7 @@ QWidget* TransformerTab::BuildScaleEnds()
         scaleEnds.at(static_cast<std::size_t>(i)) = box;
         QWidget* const parts[] = {new PlainLabel(Caption(quantity)), box, new PlainLabel(TextOf(quantity.unit))};
         int column = i / kRows * kColumnsOfOne;
-        grid->setColumnMinimumWidth(column + kColumnsOfOne - 1, kGap);
+        grid->setColumnMinimumWidth(column + kColumnsOfOne - 1, kGapWidth);
         for (QWidget* part : parts) {
             grid->addWidget(part, i % kRows, column++);
             if (quantity.needsMachine)

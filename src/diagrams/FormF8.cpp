@@ -2,7 +2,6 @@
 
 #include "core/Colour.h"
 #include "core/Common.h"
-#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/Shell.h"
@@ -11,7 +10,6 @@
 #include "core/texts/FormF8Texts.h"
 #include "core/window/FormH3.h"
 #include "core/window/PageFrame.h"
-#include "core/window/PendingInput.h"
 #include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "diagrams/DiagramBox.h"
@@ -21,7 +19,8 @@
 #include "diagrams/PictureOutput.h"
 #include "diagrams/PointValues.h"
 #include "diagrams/SteppedDrawing.h"
-#include "evaluation/Algorithms.h"
+#include "diagrams/WholeScreen.h"
+#include "evaluation/ProvideResults.h"
 
 #include <QAction>
 #include <QApplication>
@@ -35,51 +34,15 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <iterator>
 
 namespace korvanel {
-
-namespace {
-
-/// U, I and Pel, and of a machine speed, torque and power at its shaft.
-DiagramStates FirstStates(int netConf)
-{
-    DiagramStates states{};
-    for (const int quantity : {kU, kI, kP})
-        states.at(static_cast<std::size_t>(quantity)) = 1;
-    if (HasMachine(netConf))
-        for (const int quantity : {kN, kM, kPmech})
-            states.at(static_cast<std::size_t>(quantity)) = 1;
-    return states;
-}
-
-/// Whether the second machine has gone through the sets.
-bool HasSimulatedSets()
-{
-    return HasSecondMachine() && App().MachineII.evaluation.lSets == App().iSetCount;
-}
-
-/// The quantities of the column layout, in its order.
-std::vector<int> QuantitiesOfLayout()
-{
-    std::vector<int> quantities;
-    std::ranges::copy_if(App().ColumnLayout, std::back_inserter(quantities), [](qint16 column) { return column >= 0; });
-    return quantities;
-}
-
-} // namespace
 
 FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
 {
     constexpr int kSpacing = 4;
     constexpr int kLegendWidth = 190;
     Body().setSpacing(kSpacing);
-    if (App().DiagramPage.iNetConfIndex != App().iNetConfIndex) {
-        App().DiagramPage.iNetConfIndex = App().iNetConfIndex;
-        App().DiagramPage.iGraphState = FirstStates(App().iNetConfIndex);
-    }
     panel = new DiagramPanel;
     drawing = std::make_unique<SteppedDrawing>(*panel, windowTitle());
     connect(drawing.get(), &SteppedDrawing::Placed, this, [this] { ShowAxes(); });
@@ -95,6 +58,11 @@ FormF8::FormF8(PageFrame& host, const PageEntry& entry) : Page(host, entry)
     BuildTabs();
     Body().addWidget(tabs, 1);
     Body().addLayout(BuildButtons());
+    wholeScreen = std::make_unique<WholeScreen>(*panel, [this] {
+        splitter->insertWidget(0, panel);
+        splitter->setStretchFactor(0, 1);
+        panel->Picture().setFocus();
+    });
     ConnectPicture();
     resized.setSingleShot(true);
     resized.setInterval(0);
@@ -177,7 +145,7 @@ QBoxLayout* FormF8::BuildButtons()
         AddKeys("mnuSavePicture", {}, [this] { SavePicture(drawing->Values(), Sheet(), panel->size()); }));
     pictureMenu->addAction(AddKeys("mnuCopyPicture", {QKeySequence::Copy},
                                    [this] { CopyPicture(drawing->Values(), Sheet(), panel->size()); }));
-    pictureMenu->addAction(AddKeys("mnuWholeScreen", {QKeySequence(Qt::Key_F11)}, [this] { ToggleWholeScreen(); }));
+    pictureMenu->addAction(AddKeys("mnuWholeScreen", {QKeySequence(Qt::Key_F11)}, [this] { ShowWholeScreen(); }));
     pictureMenu->actions().at(0)->setText(texts::diagramSave);
     pictureMenu->actions().at(1)->setText(texts::diagramCopy);
     pictureMenu->actions().at(2)->setText(texts::diagramWholeScreen);
@@ -227,7 +195,7 @@ void FormF8::ConnectPicture()
     box.setToolTip(PlainToolTip(hint.join(u'\n')));
     connect(&box, &DiagramBox::RectangleDrawn, this, [this](const DiagramCorners& corners) {
         Guarded([this, corners] {
-            DrawView(ViewOfRectangle(corners, App().iSetCount, bNegativeValues));
+            DrawView(ViewOfRectangle(corners, App().iSetCount, content.HasNegative()));
             AddToHistory();
         });
     });
@@ -266,17 +234,12 @@ void FormF8::Refresh()
 /// The page has no size yet; what it shows is drawn as soon as it has.
 void FormF8::ShowEvaluationPage()
 {
-    if (!App().bEvaluated) {
-        const QScopedValueRollback evaluating(isEvaluating, true);
-        RunGuarded(windowTitle(), EvaluateProject);
-        DropPendingInput(); // a second click on what led here would lead on
-    }
     {
         const QScopedValueRollback evaluating(isEvaluating, true);
-        RunGuarded(windowTitle(), [] { CallHook(Hook::ProvideSimulation); });
+        ProvideResults(windowTitle());
     }
-    secondMachineBox->setVisible(HasSimulatedSets());
-    ComputeScaleEnds();
+    secondMachineBox->setVisible(DiagramContent::HasSimulatedSets());
+    content.ComputeScaleEnds();
     FillLegend();
     QTimer::singleShot(0, this, [this] {
         panel->Picture().setFocus();
@@ -296,82 +259,35 @@ bool FormF8::StopWork()
     return wasDrawing;
 }
 
-void FormF8::ComputeScaleEnds()
-{
-    const EvaluationResults& results = App().MachineI.evaluation;
-    iGraphList = QuantitiesOfLayout();
-    GraphScaleEnds = ScaleEndsOf(results);
-    bNegativeValues = HasNegativeValues(results, iGraphList);
-    if (!HasSimulatedSets() || !App().DiagramPage.isSecondMachineShown)
-        return;
-    const EvaluationResults& simulated = App().MachineII.evaluation;
-    const DiagramScaleEnds ends = ScaleEndsOf(simulated);
-    for (std::size_t i = 0; i < ends.size(); ++i) // both have room
-        GraphScaleEnds.at(i) = std::max(GraphScaleEnds.at(i), ends.at(i));
-    bNegativeValues = bNegativeValues || HasNegativeValues(simulated, iGraphList);
-}
-
 void FormF8::ShowSecondMachine(bool isShown)
 {
     App().DiagramPage.isSecondMachineShown = isShown;
-    ComputeScaleEnds();
+    content.ComputeScaleEnds();
     FillLegend();
     ShowFullView();
 }
 
 void FormF8::FillLegend()
 {
-    iGraphList = QuantitiesOfLayout();
+    content.TakeList();
+    const std::vector<int>& quantities = content.GraphList();
     int& chosen = App().DiagramPage.quantity;
-    if (std::ranges::find(iGraphList, chosen) == iGraphList.end())
-        chosen = iGraphList.empty() ? -1 : iGraphList.front();
-    legend->Fill(iGraphList, GraphScaleEnds);
-    for (const int quantity : iGraphList)
-        legend->ShowState(quantity, App().DiagramPage.iGraphState.at(static_cast<std::size_t>(quantity)) == 1);
+    if (std::ranges::find(quantities, chosen) == quantities.end())
+        chosen = quantities.empty() ? -1 : quantities.front();
+    legend->Fill(quantities, content.ScaleEnds());
+    for (const int quantity : quantities)
+        legend->ShowState(quantity, DiagramContent::IsOn(quantity));
     legend->ShowChosen(chosen);
     if (pointSet)
         ShowPointInfo(*pointSet, 0);
-}
-
-DiagramCurve FormF8::CurveOf(int quantity) const
-{
-    DiagramStates alone{};
-    alone.at(static_cast<std::size_t>(quantity)) = 1;
-    return CurvesOf({&quantity, 1}, alone, GraphScaleEnds).front();
-}
-
-std::vector<DiagramCurve> FormF8::CurvesShown() const
-{
-    if (!App().DiagramPage.isSingle)
-        return CurvesOf(iGraphList, App().DiagramPage.iGraphState, GraphScaleEnds);
-    if (App().DiagramPage.quantity < 0)
-        return {};
-    return {CurveOf(App().DiagramPage.quantity)};
-}
-
-/// Of the curves that are drawn those that the second machine has too.
-std::vector<DiagramCurve> FormF8::CurvesOfSecondMachine() const
-{
-    constexpr std::array kSimulated{kU, kF, kP, kN, kM, kPmech, kEta, kWp, kWpPlus, kWpMinus};
-    std::vector<DiagramCurve> curves;
-    if (HasSimulatedSets() && App().DiagramPage.isSecondMachineShown)
-        std::ranges::copy_if(CurvesShown(), std::back_inserter(curves), [&](const DiagramCurve& curve) {
-            return std::ranges::find(kSimulated, curve.quantity) != kSimulated.end();
-        });
-    return curves;
-}
-
-DiagramView FormF8::WholeView() const
-{
-    return NormalisedView(FullView(App().iSetCount, bNegativeValues), App().iSetCount);
 }
 
 // Drawing.
 
 void FormF8::DrawDiagram(double x1, double x2, double y1, double y2)
 {
-    drawing->Begin(CurvesShown(), CurvesOfSecondMachine(), DiagramView{.x1 = x1, .x2 = x2, .y1 = y1, .y2 = y2},
-                   App().iSetCount);
+    drawing->Begin(content.CurvesShown(), content.CurvesOfSecondMachine(),
+                   DiagramView{.x1 = x1, .x2 = x2, .y1 = y1, .y2 = y2}, App().iSetCount);
     F8UndoRedoButtons();
 }
 
@@ -390,7 +306,7 @@ void FormF8::LockButtons(bool isLocking)
 void FormF8::ShowAxes()
 {
     view = drawing->InView()->Mapping().View();
-    panel->Picture().SetFullView(WholeView());
+    panel->Picture().SetFullView(content.WholeView());
     panel->ShowAxes(*drawing->InView());
     ShowValuesOfQuantity();
 }
@@ -400,7 +316,7 @@ void FormF8::ShowValuesOfQuantity()
 {
     const DiagramDrawing* shown = drawing->InView();
     if (shown && App().DiagramPage.quantity >= 0)
-        panel->ShowValues(shown->Grid(), shown->Mapping(), CurveOf(App().DiagramPage.quantity));
+        panel->ShowValues(shown->Grid(), shown->Mapping(), content.CurveOf(App().DiagramPage.quantity));
 }
 
 void FormF8::AddToHistory()
@@ -420,9 +336,9 @@ void FormF8::F8UndoRedoButtons()
 void FormF8::ShowFullView()
 {
     if (App().iSetCount != 1)
-        DrawView(WholeView());
+        DrawView(content.WholeView());
     else
-        view = WholeView();
+        view = content.WholeView();
     AddToHistory();
 }
 
@@ -441,7 +357,7 @@ void FormF8::ShowPointInfo(double x, double /*y*/)
     const auto set = static_cast<qint32>(std::lround(std::clamp<double>(x, 1, App().iSetCount)));
     std::vector<QString> texts;
     VisitPoints(set, set, [&](const ShownSet& shown) {
-        for (const int quantity : iGraphList)
+        for (const int quantity : content.GraphList())
             texts.push_back(PointText(shown.row, quantity));
     });
     if (texts.empty())
@@ -493,7 +409,7 @@ void FormF8::ChooseColour(int quantity)
     if (dialog.exec() != QDialog::Accepted)
         return;
     App().GraphColours->SetColour(quantity, ColourNumber(dialog.selectedColor()));
-    legend->ShowState(quantity, App().DiagramPage.iGraphState.at(static_cast<std::size_t>(quantity)) == 1);
+    legend->ShowState(quantity, DiagramContent::IsOn(quantity));
     Redraw();
 }
 
@@ -509,52 +425,26 @@ void FormF8::HideTable()
     legendSide->setVisible(App().DiagramPage.isLegendShown);
 }
 
-void FormF8::ToggleWholeScreen()
+void FormF8::ShowWholeScreen()
 {
-    if (wholeScreen) {
-        splitter->insertWidget(0, panel);
-        splitter->setStretchFactor(0, 1);
-        wholeScreen->hide();
-        wholeScreen.release()->deleteLater(); // it may be the one whose key is being answered
-    } else {
-        // A window of its own around the panel: what was a window once stays one for the window system.
-        wholeScreen = std::make_unique<QWidget>();
-        wholeScreen->setObjectName(QStringLiteral("WholeScreen"));
-        wholeScreen->setWindowTitle(windowTitle());
-        auto* all = new QVBoxLayout(wholeScreen.get());
-        all->setContentsMargins(0, 0, 0, 0);
-        all->addWidget(panel);
-        wholeScreen->installEventFilter(this);
-        wholeScreen->showFullScreen();
-    }
+    wholeScreen->Toggle(windowTitle());
     panel->Picture().setFocus();
-}
-
-/// Whoever closes the whole screen wants the page back.
-bool FormF8::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == wholeScreen.get() && event->type() == QEvent::Close) {
-        event->ignore();
-        ToggleWholeScreen();
-        return true;
-    }
-    return Page::eventFilter(watched, event);
 }
 
 void FormF8::Escape()
 {
-    if (!panel->Picture().DropRectangle() && wholeScreen)
-        ToggleWholeScreen();
+    if (!panel->Picture().DropRectangle() && wholeScreen->IsShown())
+        ShowWholeScreen();
 }
 
 DiagramSheet FormF8::Sheet() const
 {
     DiagramSheet sheet;
     sheet.view = view;
-    sheet.curves = CurvesShown();
-    sheet.overlay = {&drawing->SimulatedValues(), CurvesOfSecondMachine()};
+    sheet.curves = content.CurvesShown();
+    sheet.overlay = {&drawing->SimulatedValues(), content.CurvesOfSecondMachine()};
     if (App().DiagramPage.quantity >= 0)
-        sheet.axisCurve = CurveOf(App().DiagramPage.quantity);
+        sheet.axisCurve = content.CurveOf(App().DiagramPage.quantity);
     sheet.count = App().iSetCount;
     sheet.title = App().sProjectName;
     return sheet;

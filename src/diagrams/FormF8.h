@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/window/Page.h"
+#include "diagrams/DiagramContent.h"
 #include "diagrams/DiagramPicture.h"
 #include "diagrams/clsZoomUndo.h"
 
@@ -29,6 +30,7 @@ class DiagramLegend;
 class DiagramPanel;
 class FormH17;
 class SteppedDrawing;
+class WholeScreen;
 
 class FormF8 : public Page
 {
@@ -41,7 +43,6 @@ public:
     void Refresh() override;
     void Leave() override;
     bool StopWork() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildTabs();
@@ -53,14 +54,8 @@ private:
     void ConnectPicture();
 
     void ShowEvaluationPage();
-    void ComputeScaleEnds();
     void FillLegend();
-    /// The curves that are drawn: those that are on, or the chosen one alone.
-    std::vector<DiagramCurve> CurvesShown() const;
-    DiagramCurve CurveOf(int quantity) const;
-    std::vector<DiagramCurve> CurvesOfSecondMachine() const;
     void ShowSecondMachine(bool isShown);
-    DiagramView WholeView() const;
 
     /// Draws a view and shows it; the caller adds it to the history.
     void DrawDiagram(double x1, double x2, double y1, double y2);
@@ -81,7 +76,7 @@ private:
     void ChangeOrder();
     void Choose(int quantity);
     void HideTable();
-    void ToggleWholeScreen();
+    void ShowWholeScreen();
     void Escape();
 
     DiagramSheet Sheet() const;
@@ -97,11 +92,9 @@ private:
     QMenu* pictureMenu = nullptr;
     QCheckBox* secondMachineBox = nullptr;
     QPointer<FormH17> pointWindow;
-    std::unique_ptr<QWidget> wholeScreen; ///< around the panel while it is there
+    std::unique_ptr<WholeScreen> wholeScreen;
 
-    std::vector<int> iGraphList; ///< quantities of the legend, in its order
-    DiagramScaleEnds GraphScaleEnds{};
-    bool bNegativeValues = false;
+    DiagramContent content;
     clsZoomUndo history;
     DiagramView view; ///< of the picture
     std::optional<qint32> pointSet;

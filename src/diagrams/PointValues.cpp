@@ -12,9 +12,9 @@ namespace korvanel {
 
 QString PointText(const tValueRow& row, int quantity)
 {
-    constexpr double kThreeDecimals = 1000;
+    constexpr double kFactor = 1000; // three decimals
     const double value = QuantityValue(row, quantity) / DisplayDivisor(quantity);
-    return (FormatPrefixed(value, kThreeDecimals, true) + App().Symbols->Unit(quantity)).trimmed();
+    return (FormatPrefixed(value, kFactor, true) + App().Symbols->Unit(quantity)).trimmed();
 }
 
 bool VisitPoints(qint32 first, qint32 last, const std::function<void(const ShownSet&)>& visit)

@@ -215,12 +215,18 @@ void EditHistory::Clear()
     position = 0;
 }
 
-void EditHistory::RunSimulation()
+void EditHistory::Beside(const std::function<void()>& writing)
 {
-    const bool isUpToDate = HasSecondMachine() && IsUpToDate();
-    FormWhatHangsOnRows();
+    const bool isUpToDate = IsUpToDate();
+    writing();
     if (isUpToDate)
         TakeOwnSave();
+}
+
+void EditHistory::RunSimulation()
+{
+    if (HasSecondMachine())
+        Beside(FormWhatHangsOnRows);
 }
 
 bool EditHistory::Undo()

@@ -74,7 +74,10 @@ public:
     /// What has been written since then is this program's own: a save of the header, which changes no row.
     void TakeOwnSave();
 
-    /// Has the second machine, if there is one, run over the changed rows: its rows are written by this program too.
+    /// Runs something that writes the file beside the rows that are noted here, and takes that for this program's own:
+    /// it takes nothing away from what can be taken back.
+    void Beside(const std::function<void()>& writing);
+    /// Has the second machine, if there is one, run over the changed rows.
     void RunSimulation();
 
     bool CanUndo() const { return position > 0; }

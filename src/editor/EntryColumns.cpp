@@ -2,6 +2,7 @@
 
 #include "core/Common.h"
 #include "core/NetConfigurations.h"
+#include "core/Messages.h"
 #include "core/NumberText.h"
 
 #include <algorithm>
@@ -62,6 +63,16 @@ std::vector<const EntryColumn*> EntryColumns()
         if (const EntryColumn* column = EntryColumnOf(quantity, App().iNetConfIndex))
             columns.push_back(column);
     return columns;
+}
+
+std::optional<double> TypedValue(QString& text, const EntryColumn& column)
+{
+    const QString sign = text.trimmed();
+    if (column.IsSign() && (sign == u'-' || sign == u'+'))
+        return sign == u'-' ? -1 : 1;
+    if (!CheckNumberRange(text, column.minimum, column.maximum))
+        return std::nullopt;
+    return LocalNumber(text);
 }
 
 void Enter(tValueRow& row, const EntryColumn& column, double value)

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace korvanel {
@@ -36,6 +37,10 @@ const EntryColumn* EntryColumnOf(int quantity, int netConf);
 
 /// The columns of a net configuration that can be entered, in the order in which the grid shows them.
 std::vector<const EntryColumn*> EntryColumns();
+
+/// A typed text as a value of a column, "-" and "+" alone as a sign; none where it is no number in the limits, which is
+/// told. The text becomes the one that was understood.
+std::optional<double> TypedValue(QString& text, const EntryColumn& column);
 
 /// Puts an entry into a row. A zero counts as a positive sign.
 void Enter(tValueRow& row, const EntryColumn& column, double value);

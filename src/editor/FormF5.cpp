@@ -2,17 +2,13 @@
 
 #include "core/Colour.h"
 #include "core/Common.h"
-#include "core/Hooks.h"
 #include "core/Messages.h"
 #include "core/NumberText.h"
 #include "core/ProjectDb.h"
 #include "core/Shell.h"
 #include "core/clsSymbols.h"
-#include "core/texts/DefaultTexts.h"
 #include "core/texts/FormF5Texts.h"
 #include "core/window/DialogTable.h"
-#include "core/window/PlainLabel.h"
-#include "core/window/PlainToolTip.h"
 #include "data/FileManaging.h"
 #include "data/FormH15.h"
 #include "data/ValueTables.h"
@@ -21,8 +17,8 @@
 #include "editor/EntryColumns.h"
 #include "editor/OverviewDiagram.h"
 #include "editor/PastedRows.h"
+#include "editor/RecordingBar.h"
 #include "editor/RowOperations.h"
-#include "machine/Algorithms_ASM_Start.h"
 
 #include <QAction>
 #include <QApplication>
@@ -36,7 +32,6 @@
 #include <QTabWidget>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <utility>
 
@@ -50,18 +45,19 @@ constexpr double kMostInterval = 60;
 } // namespace
 
 FormF5::FormF5(PageFrame& host, const PageEntry& entry)
-    : Page(host, entry), grid(new EditorGrid), entryBar(new EntryBar), overview(new OverviewDiagram),
-      tabs(new QTabWidget), menu(new QMenu(this))
+    : Page(host, entry), grid(new EditorGrid), entryBar(new EntryBar), recordingBar(new RecordingBar),
+      overview(new OverviewDiagram), tabs(new QTabWidget), menu(new QMenu(this))
 {
     Body().setSpacing(5);
     Body().addWidget(grid);
     Body().addWidget(entryBar);
     Body().addLayout(BuildSetButtons());
-    Body().addLayout(BuildRecordingRow());
+    Body().addWidget(recordingBar);
+    ConnectRecordingBar();
     BuildOverview();
     Body().addWidget(tabs, 1);
     BuildMenu();
-    connect(grid, &EditorGrid::Moved, this, [this] { ShowCursor(); });
+    connect(grid, &EditorGrid::Moved, this, [this] { RunGuarded(windowTitle(), [this] { ShowCursor(); }); });
     connect(grid, &EditorGrid::EditWanted, this, [this](const QString& typed) { BeginEntry(typed); });
     connect(grid, &EditorGrid::MenuWanted, this, [this](QPoint at) {
         if (!QApplication::activeModalWidget())
@@ -118,46 +114,13 @@ QBoxLayout* FormF5::BuildSetButtons()
     return row;
 }
 
-QBoxLayout* FormF5::BuildRecordingRow()
+void FormF5::ConnectRecordingBar()
 {
-    constexpr int kNumberWidth = 60;
-    constexpr int kLongestInterval = 20;
-    auto* row = new QHBoxLayout;
-    auto* intervalLabel = new PlainLabel(texts::editorInterval);
-    intervalBox = new QLineEdit;
-    intervalBox->setObjectName(QStringLiteral("txtInterval"));
-    intervalBox->setMaxLength(kLongestInterval);
-    intervalBox->setFixedWidth(kNumberWidth);
-    intervalBox->setAlignment(Qt::AlignRight);
-    intervalLabel->setBuddy(intervalBox);
-    connect(intervalBox, &QLineEdit::editingFinished, this, [this] { Guarded([this] { TakeInterval(); }); });
-    row->addWidget(intervalLabel);
-    row->addWidget(intervalBox);
-    row->addSpacing(12);
-
-    auto* engineLabel = new PlainLabel(texts::editorMethod);
-    engineBox = new QComboBox;
-    engineBox->setObjectName(QStringLiteral("cboEngine"));
-    engineLabel->setBuddy(engineBox);
-    const std::array methods{texts::methodSpaceVector, texts::methodPowerBalance};
-    for (int method = 0; method < static_cast<int>(methods.size()); ++method)
-        if (IsMethodUsable(method))
-            engineBox->addItem(methods.at(static_cast<std::size_t>(method)), method);
-    connect(engineBox, &QComboBox::activated, this, [this] { Guarded([this] { ChooseMethod(); }); });
-    row->addWidget(engineLabel);
-    row->addWidget(engineBox);
-    auto* simulation =
-        AddButton(*row, QStringLiteral("cmdSimulation"), texts::editorSimulation, [this] { Simulate(); });
-    simulation->setEnabled(HasHook(Hook::RunSimulation));
-    for (QWidget* part : std::initializer_list<QWidget*>{engineLabel, engineBox, simulation})
-        part->setVisible(HasMachine(App().iNetConfIndex));
-
-    row->addStretch(1);
-    energiesLabel = new PlainLabel(texts::editorEnergiesOutdated);
-    energiesLabel->setObjectName(QStringLiteral("lblEnergies"));
-    energiesLabel->setToolTip(PlainToolTip(texts::editorEnergiesTip));
-    row->addWidget(energiesLabel);
-    return row;
+    connect(&recordingBar->IntervalBox(), &QLineEdit::editingFinished, this,
+            [this] { Guarded([this] { TakeInterval(); }); });
+    connect(&recordingBar->MethodBox(), &QComboBox::activated, this, [this] { Guarded([this] { ChooseMethod(); }); });
+    connect(&recordingBar->SimulationButton(), &QPushButton::clicked, this,
+            [this] { Guarded([this] { Simulate(); }); });
 }
 
 void FormF5::BuildOverview()
@@ -238,8 +201,8 @@ void FormF5::Leave()
 
 void FormF5::ShowAll()
 {
-    ShowInterval();
-    engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
+    recordingBar->ShowInterval(App().dInterval);
+    recordingBar->ShowMethod(App().iCalcMethod);
     {
         const QScopedValueRollback moving(isMoving, true); // until it stands where the block says
         grid->ShowAgain();
@@ -254,7 +217,7 @@ void FormF5::ShowStates()
     const bool isEditable = AreRowsEditable(App().iNetConfIndex);
     const bool hasSets = App().iSetCount > 0;
     newButton->setEnabled(isEditable && !hasSets);
-    intervalBox->setEnabled(isEditable);
+    recordingBar->SetIntervalEditable(isEditable);
     for (QWidget* part : forSets)
         part->setEnabled(isEditable && hasSets);
     for (QAction* action : editingActions)
@@ -264,7 +227,7 @@ void FormF5::ShowStates()
     const bool hasEnergies = IntegratesEnergy(App().iNetConfIndex);
     energiesAction->setVisible(hasEnergies);
     energiesAction->setEnabled(hasEnergies && hasSets);
-    energiesLabel->setVisible(App().bEnergiesOutdated && hasSets);
+    recordingBar->ShowEnergiesOutdated(App().bEnergiesOutdated && hasSets);
 }
 
 void FormF5::TakeMarks()
@@ -336,21 +299,6 @@ void FormF5::BeginEntry(const QString& typed)
         entryBar->Begin(typed);
 }
 
-namespace {
-
-/// The typed text as a value of a column; told where it is none.
-std::optional<double> ValueOf(QString& text, const EntryColumn& column)
-{
-    const QString sign = text.trimmed();
-    if (column.IsSign() && (sign == u'-' || sign == u'+'))
-        return sign == u'-' ? -1 : 1;
-    if (!CheckNumberRange(text, column.minimum, column.maximum))
-        return std::nullopt;
-    return LocalNumber(text);
-}
-
-} // namespace
-
 /// The value goes to the cell that it was shown for, wherever the cursor is by now.
 bool FormF5::ApplyEntry()
 {
@@ -358,7 +306,7 @@ bool FormF5::ApplyEntry()
     if (!column || App().iSetCount < 1)
         return true;
     QString text = entryBar->Text();
-    const std::optional<double> value = ValueOf(text, *column);
+    const std::optional<double> value = TypedValue(text, *column);
     entryBar->SetText(text);
     if (!value) {
         entryBar->LookAt();
@@ -395,9 +343,9 @@ bool FormF5::TakeInput(InputUse use)
 {
     if (!TakePendingEntry())
         return false;
-    if (HasPendingInterval()) {
+    if (recordingBar->HasPendingInterval()) {
         TakeInterval();
-        if (HasPendingInterval())
+        if (recordingBar->HasPendingInterval())
             return false;
     }
     if (use == InputUse::Saving) { // which wants the file for itself
@@ -410,53 +358,42 @@ bool FormF5::TakeInput(InputUse use)
 
 // The interval, the method, the simulation.
 
-void FormF5::ShowInterval()
-{
-    shownInterval = NumberText(App().dInterval);
-    intervalBox->setText(shownInterval);
-}
-
-bool FormF5::HasPendingInterval() const
-{
-    return intervalBox->isEnabled() && intervalBox->text() != shownInterval;
-}
-
 void FormF5::TakeInterval()
 {
-    if (!HasPendingInterval() || isWorking)
+    if (!recordingBar->HasPendingInterval() || isWorking)
         return;
-    QString text = intervalBox->text();
+    QString text = recordingBar->IntervalText();
     const std::optional<double> typed = LocalNumber(ToLocalDecimal(text));
     if (typed && *typed <= 0)
         text = QString::number(1);
     if (!CheckNumberRange(text, kLeastInterval, kMostInterval)) {
-        intervalBox->setFocus();
-        intervalBox->selectAll();
+        recordingBar->LookAtInterval();
         return;
     }
     const double interval = LocalNumber(text).value_or(App().dInterval);
-    ShowInterval(); // until the sets are made
+    recordingBar->ShowInterval(App().dInterval); // until the sets are made
     if (interval != App().dInterval)
         Operate([interval] { ResampleInterval(interval); });
 }
 
 void FormF5::ChooseMethod()
 {
-    const int method = engineBox->currentData().toInt();
+    const int method = recordingBar->Method();
     if (method != App().iCalcMethod)
         Operate([method] { ChangeMethod(method); });
-    engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
+    recordingBar->ShowMethod(App().iCalcMethod);
 }
 
 void FormF5::Simulate()
 {
     if (!TakePendingEntry())
         return;
-    if (!HasSecondMachine()) { // there is no second machine yet
-        App().TheShell->ShowDialog(kDialogSecondMachine);
+    overview->Stop();
+    if (!HasSecondMachine()) {
+        history.Beside([] { App().TheShell->ShowDialog(kDialogSecondMachine); });
+        ShowAll();
         return;
     }
-    overview->Stop();
     LockedAndBusy(
         [this] {
             const QScopedValueRollback working(isWorking, true);
@@ -505,15 +442,10 @@ void FormF5::Paste(bool isOver)
 {
     if (!TakePendingEntry())
         return;
-    const PastedRows pasted = ReadPastedRows(QApplication::clipboard()->text());
+    const PastedRows pasted = ReadPastedRows(QApplication::clipboard()->text(),
+                                             isOver ? std::optional<qint32>(grid->MarkedCount()) : std::nullopt);
     if (!pasted.complaint.isEmpty()) {
         ShowError(pasted.complaint);
-        return;
-    }
-    const auto rows = static_cast<qint32>(pasted.rows.size());
-    const qint32 marked = grid->MarkedCount();
-    if (isOver && rows != marked) {
-        ShowError(FillPlaceholders(texts::pasteOtherCount, {QString::number(rows), QString::number(marked)}));
         return;
     }
     const qint32 behind = std::min(grid->CursorSet(), App().iSetCount);

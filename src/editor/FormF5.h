@@ -9,10 +9,7 @@
 
 class QAction;
 class QBoxLayout;
-class QComboBox;
 class QKeySequence;
-class QLabel;
-class QLineEdit;
 class QMenu;
 class QPushButton;
 class QTabWidget;
@@ -22,6 +19,7 @@ namespace korvanel {
 class EditorGrid;
 class EntryBar;
 class OverviewDiagram;
+class RecordingBar;
 struct EntryColumn;
 struct PastedRows;
 
@@ -38,7 +36,7 @@ public:
 
 private:
     QBoxLayout* BuildSetButtons();
-    QBoxLayout* BuildRecordingRow();
+    void ConnectRecordingBar();
     void BuildOverview();
     void BuildMenu();
     QPushButton* AddButton(QBoxLayout& row, const QString& name, const QString& text,
@@ -60,8 +58,6 @@ private:
     bool ApplyEntry();
     bool TakePendingEntry();
     void TakeInterval();
-    bool HasPendingInterval() const;
-    void ShowInterval();
 
     void MakeNew();
     void MoveTo(qint32 set);
@@ -76,12 +72,10 @@ private:
     EditHistory history;
     EditorGrid* grid;
     EntryBar* entryBar;
+    RecordingBar* recordingBar;
     OverviewDiagram* overview;
     QTabWidget* tabs;
     QMenu* menu;
-    QLineEdit* intervalBox = nullptr;
-    QComboBox* engineBox = nullptr;
-    QLabel* energiesLabel = nullptr;
     QPushButton* newButton = nullptr;
     std::vector<QWidget*> forSets; ///< that want sets which can be edited
     QAction* undoAction = nullptr;
@@ -90,7 +84,6 @@ private:
     QAction* energiesAction = nullptr;
     qint32 shownSet = 0; ///< whose value stands in the box
     int shownColumn = 0;
-    QString shownInterval;
     bool isMoving = false;
     bool isWorking = false;
     bool isSaving = false; ///< the header, by this program; nobody else has written the file before

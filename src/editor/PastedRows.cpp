@@ -151,7 +151,7 @@ bool TakeLine(PastedRows& pasted, const Places& places, const QStringList& cells
 
 } // namespace
 
-PastedRows ReadPastedRows(const QString& text)
+PastedRows ReadPastedRows(const QString& text, std::optional<qint32> marked)
 {
     PastedRows pasted;
     const QStringList lines = LinesOf(text);
@@ -169,6 +169,9 @@ PastedRows ReadPastedRows(const QString& text)
     pasted.complaint = places.complaint;
     for (qsizetype i = begin; i < lines.size() && pasted.complaint.isEmpty(); ++i)
         TakeLine(pasted, places, lines[i].split(separator), i + 1);
+    const auto rows = static_cast<qint32>(pasted.rows.size());
+    if (pasted.complaint.isEmpty() && marked && rows != *marked)
+        pasted.complaint = FillPlaceholders(texts::pasteOtherCount, {QString::number(rows), QString::number(*marked)});
     return pasted;
 }
 

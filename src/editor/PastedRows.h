@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace korvanel {
@@ -30,8 +31,9 @@ struct PastedRows
 /// Reads a table of text: cells between tabs, or semicolons where there is no tab; numbers with a decimal comma or
 /// point. With a heading whose columns are named as in the grid those that can be entered are taken, by their names.
 /// Without, they are what can be entered in the order of the grid; the sign of the reactive power at the end may be
-/// missing. All cells are checked, as typed ones are.
-PastedRows ReadPastedRows(const QString& text);
+/// missing. All cells are checked, as typed ones are. Where they are for a number of marked sets, they have to be as
+/// many.
+PastedRows ReadPastedRows(const QString& text, std::optional<qint32> marked = std::nullopt);
 
 /// Puts the rows behind a set (0: in front of all) as new sets; what follows moves up and the times are renumbered.
 /// The new ones are marked as corrected, without energies and time stamp. False after a failure, which is told.

@@ -2,8 +2,8 @@
 
 #include "core/Common.h"
 #include "core/Hooks.h"
-#include "core/Messages.h"
 #include "core/ProjectDb.h"
+#include "core/ToldAccess.h"
 #include "core/texts/DefaultTexts.h"
 #include "data/PassOverSets.h"
 #include "data/ValueTables.h"
@@ -14,19 +14,11 @@ namespace korvanel {
 
 bool ToldChange(const std::function<void()>& work, bool hasOwnPass)
 {
-    bool isDone = true;
+    bool isDone = false;
     const auto guarded = [&] {
-        try {
-            WithDbErrors(work);
-        } catch (const DbLocked&) {
-            isDone = false;
+        isDone = ToldAccess(texts::cannotWriteFile, work);
+        if (!isDone)
             ++App().iFileErrors;
-            ShowFileInUse(App().sProjectPath);
-        } catch (const DbError& error) {
-            isDone = false;
-            ++App().iFileErrors;
-            ShowError(texts::cannotWriteFile + u'\n' + QString::fromUtf8(error.what()) + u'.');
-        }
     };
     if (hasOwnPass) {
         OpenDbGuarded();

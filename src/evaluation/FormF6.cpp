@@ -9,15 +9,14 @@
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/FormF6Texts.h"
 #include "core/texts/FormH15Texts.h"
-#include "core/window/PendingInput.h"
 #include "core/window/PlainLabel.h"
 #include "core/window/PlainToolTip.h"
 #include "data/FormH15.h"
 #include "data/SetList.h"
-#include "evaluation/Algorithms.h"
 #include "evaluation/FormH10.h"
 #include "evaluation/FormH9.h"
 #include "evaluation/OverviewSheet.h"
+#include "evaluation/ProvideResults.h"
 #include "evaluation/Rating.h"
 #include "evaluation/ResultGrid.h"
 #include "evaluation/SetJudges.h"
@@ -184,14 +183,9 @@ void FormF6::Leave()
 
 void FormF6::ShowEvaluationPage()
 {
-    if (!App().bEvaluated) {
-        const QScopedValueRollback evaluating(isEvaluating, true);
-        RunGuarded(windowTitle(), EvaluateProject);
-        DropPendingInput(); // a second click on what led here would lead on
-    }
     {
         const QScopedValueRollback evaluating(isEvaluating, true);
-        RunGuarded(windowTitle(), [] { CallHook(Hook::ProvideSimulation); });
+        ProvideResults(windowTitle());
     }
     ShowResults(App().ResultPage.firstSet);
 }

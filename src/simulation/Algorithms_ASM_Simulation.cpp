@@ -3,6 +3,7 @@
 #include "core/Common.h"
 #include "core/Messages.h"
 #include "core/ProjectDb.h"
+#include "core/ToldAccess.h"
 #include "core/texts/DefaultTexts.h"
 #include "data/ComputedQuantities.h"
 #include "data/PassOverSets.h"
@@ -20,7 +21,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <iterator>
 
 namespace korvanel {
@@ -28,20 +28,6 @@ namespace korvanel {
 namespace {
 
 constexpr std::size_t kPowerBalance = 1; ///< method whose letter simulated rows bear
-
-/// False after a failure of the file, which is told.
-bool Told(const QString& complaint, const std::function<void()>& work)
-{
-    try {
-        WithDbErrors(work);
-        return true;
-    } catch (const DbLocked&) {
-        ShowFileInUse(App().sProjectPath);
-    } catch (const DbError& error) {
-        ShowError(complaint + u'\n' + QString::fromUtf8(error.what()) + u'.');
-    }
-    return false;
-}
 
 void EmptyTable()
 {
@@ -126,7 +112,7 @@ bool RunSimulation()
     const bool isPrepared = PrepareMachine2();
     RefreshSetCount();
     App().lSimulationState = 0;
-    const bool isDone = Told(texts::cannotWriteFile, [isPrepared] {
+    const bool isDone = ToldAccess(texts::cannotWriteFile, [isPrepared] {
         PassOverSets([isPrepared] {
             DropRecordsets();
             DbTransaction transaction(ProjectDb());
@@ -147,7 +133,7 @@ bool EvaluateSimulation()
     PassConditions conditions = ConditionsOfProject();
     conditions.rated = RatedDataOf(WhichMachine::II);
     conditions.energy.isMachineValid = true; // or there would be no rows
-    const bool isDone = Told(texts::cannotReadFile, [&] {
+    const bool isDone = ToldAccess(texts::cannotReadFile, [&] {
         PassOverSets([&] {
             if (TableExists(QLatin1String(TableName(ValueTable::Simulated))))
                 App().MachineII.evaluation =
@@ -165,7 +151,7 @@ bool ProvideSimulation()
         return true;
     RefreshSetCount();
     bool isCurrent = false;
-    if (!Told(texts::cannotReadFile, [&] { isCurrent = HasRowsOfRecording(); }))
+    if (!ToldAccess(texts::cannotReadFile, [&] { isCurrent = HasRowsOfRecording(); }))
         return false;
     if (isCurrent ? PrepareMachine2() : RunSimulation())
         return EvaluateSimulation();
