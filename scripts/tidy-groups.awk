@@ -10,7 +10,7 @@
 # A using-declaration or a using-directive holds to the end of the file, so its source stays alone. All headers come
 # first, so that none is read behind the definitions of a source.
 
-BEGIN { FS = "\t"; most = 12 }
+BEGIN { FS = "\t"; most = 20 }
 
 FNR == 1 { input++ }
 input == 1 {

@@ -6,6 +6,7 @@
 #include "core/Paths.h"
 #include "core/texts/MainTexts.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QProcess>
