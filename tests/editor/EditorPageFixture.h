@@ -6,6 +6,7 @@
 #include "editor/OverviewDiagram.h"
 #include "support/ResultPageFixture.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
@@ -93,6 +94,14 @@ protected:
         Settle();
     }
     void MarkSets(qint32 first, qint32 count) { Grid().Mark(first, count); }
+    QAction& Entry(const char* name) { return *window.findChild<QAction*>(QLatin1String(name)); }
+    void Undo() { PressWithControl(Qt::Key_Z); }
+    void Redo() { PressWithControl(Qt::Key_Y); }
+    void PasteText(const QString& text)
+    {
+        QApplication::clipboard()->setText(text);
+        PressWithControl(Qt::Key_V);
+    }
     /// A value of a set, as the file has it.
     double Stored(const char* column, int set) const
     {
@@ -102,11 +111,19 @@ protected:
             .toDouble();
     }
     QString Currents() const { return Query("SELECT group_concat(CAST([I sum] AS INTEGER)) FROM SampledValues"); }
+    QString Voltages() const { return Query("SELECT group_concat(CAST([U sum] AS INTEGER)) FROM SampledValues"); }
     void TakePicture(const char* name)
     {
         const QByteArray target = qgetenv("KORVANEL_PICTURES");
         if (!target.isEmpty())
             window.grab().save(QString::fromLocal8Bit(target) + u'/' + QLatin1String(name) + QStringLiteral(".png"));
+    }
+
+private:
+    void PressWithControl(Qt::Key key)
+    {
+        Key(key, Qt::ControlModifier);
+        Settle();
     }
 };
 

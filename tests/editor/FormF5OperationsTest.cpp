@@ -1,37 +1,14 @@
-// Operations on the page of the editor: sets duplicated, deleted and interpolated, interval and method, what is taken
-// back and done again, the clipboard, the energies.
+// Operations on the page of the editor: sets duplicated, deleted and interpolated, interval and method, the energies,
+// the second machine.
 #include "EditorPageFixture.h"
 
 #include "machine/Algorithms_ASM_Start.h"
 #include "support/FullDisk.h"
 
-#include <QAction>
-
 namespace korvanel::test {
 namespace {
 
-class FormF5OperationsTest : public EditorPageTest
-{
-protected:
-    QAction& Entry(const char* name) { return *window.findChild<QAction*>(QLatin1String(name)); }
-    void Undo()
-    {
-        QTest::keyClick(&Values(), Qt::Key_Z, Qt::ControlModifier);
-        Settle();
-    }
-    void Redo()
-    {
-        QTest::keyClick(&Values(), Qt::Key_Y, Qt::ControlModifier);
-        Settle();
-    }
-    void PasteText(const QString& text)
-    {
-        QApplication::clipboard()->setText(text);
-        QTest::keyClick(&Values(), Qt::Key_V, Qt::ControlModifier);
-        Settle();
-    }
-    QString Voltages() const { return Query("SELECT group_concat(CAST([U sum] AS INTEGER)) FROM SampledValues"); }
-};
+using FormF5OperationsTest = EditorPageTest;
 
 TEST_F(FormF5OperationsTest, DuplicateMarkedSets)
 {
@@ -210,132 +187,6 @@ TEST_F(FormF5OperationsTest, OtherMethodEstimatesAllSetsAndMarksThem)
     EXPECT_EQ(Query("SELECT count(*) FROM SampledValues WHERE Edit=255"), "0");
 }
 
-TEST_F(FormF5OperationsTest, TenOperationsAndMoreAreTakenBackAndDoneAgain)
-{
-    EnterEditor(10);
-    QStringList states{Currents()};
-    for (int i = 0; i < 12; ++i) {
-        MarkSets(1 + i % 3, 1 + i % 2);
-        Press(i % 3 == 2 ? "cmdInsDel_1" : "cmdInsDel_0");
-        states << Currents();
-    }
-    for (int i = 11; i >= 0; --i) {
-        Undo();
-        EXPECT_EQ(Currents(), states[i]);
-    }
-    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
-    Undo();
-    EXPECT_EQ(Currents(), states[0]);
-    for (int i = 1; i <= 12; ++i) {
-        Redo();
-        EXPECT_EQ(Currents(), states[i]);
-    }
-    EXPECT_FALSE(Entry("mnuRedo").isEnabled());
-}
-
-TEST_F(FormF5OperationsTest, EntryIntervalPasteAndNewAreTakenBackToo)
-{
-    EnterEditor(0);
-    Press("cmdNew");
-    Enter(Box(), "231");
-    PasteText("100;1;50;60;1\n110;1;50;60;1\n");
-    Enter(Find<QLineEdit>("txtInterval"), "2");
-    EXPECT_EQ(Voltages(), "231,110");
-    Undo();
-    EXPECT_EQ(Voltages(), "231,100,110");
-    EXPECT_EQ(App().dInterval, 1);
-    EXPECT_EQ(Find<QLineEdit>("txtInterval").text(), "1");
-    Undo();
-    Undo();
-    EXPECT_EQ(Voltages(), "380");
-    Undo();
-    EXPECT_EQ(App().iSetCount, 0);
-    EXPECT_TRUE(IsEnabled("cmdNew"));
-    for (int i = 0; i < 4; ++i)
-        Redo();
-    EXPECT_EQ(Voltages(), "231,110");
-    EXPECT_EQ(App().dInterval, 2);
-}
-
-TEST_F(FormF5OperationsTest, NothingIsTakenBackOnceThePageWasLeft)
-{
-    EnterEditor(5);
-    Press("cmdInsDel_0");
-    EXPECT_TRUE(Entry("mnuUndo").isEnabled());
-    EnterAgain();
-    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
-    EXPECT_NE(App().RowHistory, nullptr);
-    window.UnloadPage();
-    QTRY_VERIFY(App().RowHistory == nullptr);
-}
-
-TEST_F(FormF5OperationsTest, CopiedRowsAreATableForSpreadsheets)
-{
-    EnterEditor(5);
-    MarkSets(2, 2);
-    QTest::keyClick(&Values(), Qt::Key_C, Qt::ControlModifier);
-    const QStringList lines = QApplication::clipboard()->text().split('\n');
-    ASSERT_EQ(lines.size(), 4);
-    EXPECT_TRUE(lines[0].startsWith("Satz\tU [V]\tI [A]\tf [Hz]\tPel [W]\tQ [var]"));
-    EXPECT_TRUE(lines[1].startsWith("2\t400\t2\t50\t10000\t7500"));
-    EXPECT_TRUE(lines[2].startsWith("3\t400\t3\t50"));
-    EXPECT_EQ(lines[3], "");
-}
-
-TEST_F(FormF5OperationsTest, PastedRowsBecomeSetsBehindTheCursor)
-{
-    EnterEditor(3);
-    MarkSets(2, 1);
-    PasteText("230,5\t10\t50\t1000\t-1\n231.5\t11\t50\t1100\t1\n");
-    EXPECT_EQ(Query("SELECT group_concat([U sum]) FROM SampledValues"), "400.0,400.0,230.5,231.5,400.0");
-    EXPECT_EQ(Query("SELECT group_concat(t) FROM SampledValues"), "0,1,2,3,4");
-    EXPECT_LT(Stored("[phi sum]", 3), 0);
-    EXPECT_GT(Stored("[phi sum]", 4), 0);
-    EXPECT_EQ(Grid().FirstMarked(), 3);
-    EXPECT_EQ(Grid().MarkedCount(), 2);
-    EXPECT_EQ(Shown()[1], "3*");
-}
-
-TEST_F(FormF5OperationsTest, PastedRowsOverTheMarkedSets)
-{
-    EnterEditor(4);
-    MarkSets(2, 2);
-    PasteText("100;1;50;50\n101;1;50;50");
-    EXPECT_EQ(Voltages(), "400,100,101,400");
-    EXPECT_EQ(App().iSetCount, 4);
-    shell.boxes.clear();
-    MarkSets(1, 3);
-    PasteText("100;1;50;50\n101;1;50;50");
-    ASSERT_EQ(shell.boxes.size(), 1u);
-    EXPECT_EQ(shell.boxes[0].text, "Die Zwischenablage enthält 2 Zeilen, markiert sind 3 Sätze.");
-    MarkSets(1, 1);
-    QApplication::clipboard()->setText("99;1;50;50");
-    Entry("mnuPasteOver").trigger();
-    Settle();
-    EXPECT_EQ(Voltages(), "99,100,101,400");
-}
-
-TEST_F(FormF5OperationsTest, CopiedRowsCanBePasted)
-{
-    EnterEditor(4);
-    MarkSets(1, 2);
-    QTest::keyClick(&Values(), Qt::Key_C, Qt::ControlModifier);
-    MarkSets(4, 1);
-    QTest::keyClick(&Values(), Qt::Key_V, Qt::ControlModifier);
-    Settle();
-    EXPECT_EQ(Currents(), "1,2,3,4,1,2");
-}
-
-TEST_F(FormF5OperationsTest, BadCellIsNamedAndNothingIsPasted)
-{
-    EnterEditor(2);
-    PasteText("230\t1\t50\t100\t1\n230\t1\t5o\t100\t1\n");
-    ASSERT_EQ(shell.boxes.size(), 1u);
-    EXPECT_EQ(shell.boxes[0].text, "Zeile 2, Spalte 3 (f [Hz]): '5o'\nDas ist keine Zahl.");
-    EXPECT_EQ(App().iSetCount, 2);
-    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
-}
-
 TEST_F(FormF5OperationsTest, EnergiesAreToldToBeOutdatedUntilTheyAreFormedAnew)
 {
     EnterEditor(4);
@@ -463,35 +314,6 @@ TEST_F(FormF5OperationsTest, ProjectIsSavedFromTheMenuWhileThePictureIsDrawn)
     EXPECT_FALSE(App().bProjectDirty);
     EXPECT_TRUE(shell.boxes.empty());
     Settle();
-}
-
-TEST_F(FormF5OperationsTest, SaveFromTheMenuLeavesWhatCanBeTakenBack)
-{
-    EnterEditor(5);
-    Press("cmdInsDel_1");
-    SaveProjectFromMenu();
-    Undo();
-    EXPECT_EQ(Currents(), "1,2,3,4,5");
-    Redo();
-    SaveProjectFromMenu();
-    Press("cmdInsDel_1");
-    Undo();
-    Undo();
-    EXPECT_EQ(Currents(), "1,2,3,4,5");
-    EXPECT_TRUE(shell.boxes.empty());
-}
-
-TEST_F(FormF5OperationsTest, SaveFromTheMenuDoesNotHideWhatAnotherProgramHasWritten)
-{
-    EnterEditor(5);
-    Press("cmdInsDel_1");
-    Execute("UPDATE SampledValues SET [f sum]=60 WHERE [Set]=4");
-    SaveProjectFromMenu();
-    Undo();
-    EXPECT_EQ(Currents(), "2,3,4,5");
-    ASSERT_EQ(shell.boxes.size(), 1u);
-    EXPECT_TRUE(shell.boxes[0].text.contains("Die Sätze wurden inzwischen an anderer Stelle geändert"));
-    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
 }
 
 TEST_F(FormF5OperationsTest, OperationsCanBePressedWhileThePictureIsDrawn)
