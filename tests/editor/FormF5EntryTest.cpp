@@ -1,6 +1,8 @@
 // Entering values on the page of the editor: double click and keys, limits, sign, steps, what is pending.
 #include "EditorPageFixture.h"
 
+#include "machine/Algorithms_ASM_Start.h"
+
 namespace korvanel::test {
 namespace {
 
@@ -235,6 +237,33 @@ TEST_F(FormF5EntryTest, PendingEntryThatCanNotBeTakenKeepsTheCursor)
     EXPECT_EQ(Grid().CursorSet(), 1);
     EXPECT_EQ(Box().text(), "viel");
     EXPECT_EQ(Find<QLabel>("lblEdit").text(), "Satz 1, U [V]:");
+}
+
+TEST_F(FormF5EntryTest, PendingEntryWithoutAFiniteEstimateIsToldAndNothingChanges)
+{
+    EnterEditor(5, 2);
+    App().MachineI.record = MotorWithNoLoadData();
+    BuildMachineModel();
+    Execute("UPDATE SampledValues SET [f sum]=1000 WHERE [Set]=1"); // with such a voltage beyond all powers
+    EnterAgain();
+    const auto row = [this] {
+        return Query("SELECT [U sum] || ' ' || [phi sum] || ' ' || Edit || ' ' || [S sum] || ' ' "
+                     "|| n || ' ' || M FROM SampledValues JOIN ComputedValues USING ([Set]) WHERE [Set]=1");
+    };
+    const QString before = row();
+    DoubleClick(0, kColumnOfU);
+    QTest::keyClicks(&Box(), "100000");
+    Key(Qt::Key_Down);
+    Settle();
+    ASSERT_EQ(shell.boxes.size(), 1u);
+    EXPECT_EQ(shell.boxes[0].text,
+              "Messgerät - Messwerteditor (Offline)\nDie Berechnung hat keine endliche Zahl ergeben.");
+    EXPECT_EQ(row(), before);
+    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
+    QTest::keyClick(&Box(), Qt::Key_Escape);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(shell.boxes.size(), 1u);
+    EXPECT_EQ(Grid().CursorSet(), App().iCurrentSet) << "the page goes on";
 }
 
 TEST_F(FormF5EntryTest, PendingEntryIsTakenWhenThePageIsLeft)

@@ -94,5 +94,43 @@ TEST_F(FormF5HistoryTest, SaveFromTheMenuDoesNotHideWhatAnotherProgramHasWritten
     EXPECT_FALSE(Entry("mnuUndo").isEnabled());
 }
 
+TEST_F(FormF5HistoryTest, ChoiceOfASecondMachineLeavesWhatCanBeTakenBack)
+{
+    SetHook(Hook::RunSimulation, [] { return true; });
+    EnterEditor(5, 2);
+    shell.dialogs[kDialogSecondMachine] = [this] {
+        Execute("CREATE TABLE SimulatedValues ([Set] INTEGER PRIMARY KEY)"); // it stores what the machine does
+        App().MachineII.record = KnownMachine();
+        App().bASMSim = true;
+        return true;
+    };
+    Press("cmdInsDel_1");
+    ASSERT_EQ(Currents(), "2,3,4,5");
+    Press("cmdSimulation");
+    ASSERT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE name='SimulatedValues'"), "1");
+    Undo();
+    EXPECT_EQ(Currents(), "1,2,3,4,5");
+    Redo();
+    EXPECT_EQ(Currents(), "2,3,4,5");
+    EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(FormF5HistoryTest, ChoiceOfASecondMachineDoesNotHideWhatAnotherProgramHasWritten)
+{
+    SetHook(Hook::RunSimulation, [] { return true; });
+    EnterEditor(5, 2);
+    shell.dialogs[kDialogSecondMachine] = [this] {
+        Execute("CREATE TABLE SimulatedValues ([Set] INTEGER PRIMARY KEY)");
+        return true;
+    };
+    Press("cmdInsDel_1");
+    Execute("UPDATE SampledValues SET [f sum]=60 WHERE [Set]=4");
+    Press("cmdSimulation");
+    Undo();
+    EXPECT_EQ(Currents(), "2,3,4,5");
+    ASSERT_EQ(shell.boxes.size(), 1u);
+    EXPECT_TRUE(shell.boxes[0].text.contains("Die Sätze wurden inzwischen an anderer Stelle geändert"));
+}
+
 } // namespace
 } // namespace korvanel::test
