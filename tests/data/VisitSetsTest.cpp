@@ -100,13 +100,9 @@ protected:
             rows[i].bEdit = i == 2 ? kCorrected : 0;
         }
         StoreRows(rows);
-        const ProjectDbScope scope;
-        CreateSimulatedTable();
-        OpenSimulatedRecordset();
-        for (qint32 set = 1; set <= 5; ++set) {
-            App().SimulatedRow.dP[kSum] = 100 * set;
-            ASSERT_TRUE(AppendSimulatedRow(set));
-        }
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            rows[i].dP[kSum] = 100 * static_cast<double>(i + 1);
+        StoreSimulated(rows);
     }
     QStringList Simulated(qint32 first, qint32 last)
     {

@@ -1,9 +1,6 @@
 // Curves of the second machine over those of the first: dashed, and otherwise the lines that they would be.
 #include "diagrams/RecordingFixture.h"
 
-#include "data/FileManaging.h"
-#include "data/ValueTables.h"
-
 #include <QPainter>
 
 namespace korvanel::test {
@@ -16,16 +13,7 @@ protected:
     void RecordBoth(int sets)
     {
         Record(RandomSets(sets, 3));
-        const ProjectDbScope scope;
-        CreateSimulatedTable();
-        DbTransaction transaction(ProjectDb());
-        OpenSimulatedRecordset();
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            App().SimulatedRow = rows[i];
-            ASSERT_TRUE(AppendSimulatedRow(static_cast<qint32>(i) + 1));
-        }
-        DropRecordsets();
-        transaction.Commit();
+        StoreSimulated(rows);
     }
     std::vector<DiagramCurve> CurveOfPower()
     {

@@ -1,6 +1,5 @@
 // The same pass over the sets of a second machine: their table as the source, and that machine's rating as the judge.
 #include "core/ProjectDb.h"
-#include "data/FileManaging.h"
 #include "evaluation/EvaluationPass.h"
 #include "support/Machines.h"
 #include "support/ProjectFixture.h"
@@ -29,19 +28,6 @@ protected:
             rows.push_back(row);
         }
         return rows;
-    }
-    void StoreSimulated(const std::vector<tValueRow>& rows)
-    {
-        const ProjectDbScope scope;
-        CreateSimulatedTable();
-        DbTransaction transaction(ProjectDb());
-        OpenSimulatedRecordset();
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            App().SimulatedRow = rows[i];
-            ASSERT_TRUE(AppendSimulatedRow(static_cast<qint32>(i) + 1));
-        }
-        DropRecordsets();
-        transaction.Commit();
     }
     static EvaluationResults Evaluate(SetSource source, const RatedData& rated)
     {

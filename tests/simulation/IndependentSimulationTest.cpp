@@ -3,8 +3,6 @@
 // given, and energies over the powers that are stored, in every bit. Larger tables of its making are compared too if
 // the environment names them in KORVANEL_SIMULATION_POINTS, _RECORDINGS and _EVALUATIONS.
 #include "core/Common.h"
-#include "data/FileManaging.h"
-#include "data/ValueTables.h"
 #include "evaluation/ExpectedEvaluation.h"
 #include "evaluation/RatedData.h"
 #include "machine/Algorithms_ASM_Start.h"

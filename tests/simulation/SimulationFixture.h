@@ -4,8 +4,6 @@
 #include "core/ProjectDb.h"
 #include "core/SettingsStore.h"
 #include "core/clsProgSettings.h"
-#include "data/FileManaging.h"
-#include "data/ValueTables.h"
 #include "support/Machines.h"
 #include "support/ProjectFixture.h"
 #include "support/StoredRows.h"
@@ -58,22 +56,6 @@ protected:
     }
 
     static std::vector<StoredSet> StoredSets() { return StoredSetsOf(App().sProjectPath); }
-
-    /// Puts rows into the table as if they had been simulated.
-    static void StoreSimulated(const std::vector<tValueRow>& rows)
-    {
-        const ProjectDbScope scope;
-        DropTable(QStringLiteral("SimulatedValues"));
-        CreateSimulatedTable();
-        DbTransaction transaction(ProjectDb());
-        OpenSimulatedRecordset();
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            App().SimulatedRow = rows[i];
-            EXPECT_TRUE(AppendSimulatedRow(static_cast<qint32>(i) + 1));
-        }
-        DropRecordsets();
-        transaction.Commit();
-    }
 
     clsProgSettings settings{QStringLiteral("/opt/korvanel")};
 };

@@ -1,4 +1,4 @@
-// Sets of a recording put into the open project as they are.
+// Sets of a recording, and those of a second machine, put into the open project as they are.
 #pragma once
 
 #include "core/Common.h"
@@ -23,6 +23,22 @@ inline void StoreRows(std::span<tValueRow> rows)
     }
     transaction.Commit();
     RefreshSetCount();
+}
+
+/// Stores rows as what a second machine did in sets 1 to n, in place of what was stored of one before.
+inline void StoreSimulated(std::span<tValueRow> rows)
+{
+    const ProjectDbScope scope;
+    DbTransaction transaction(ProjectDb());
+    DropTable(QStringLiteral("SimulatedValues"));
+    CreateSimulatedTable();
+    {
+        SimulatedRowWriter writer(ProjectDb());
+        qint32 set = 0;
+        for (tValueRow& row : rows)
+            writer.Put(++set, row);
+    }
+    transaction.Commit();
 }
 
 } // namespace korvanel::test
