@@ -24,8 +24,17 @@ protected:
         Execute(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "
                                "INSERT INTO ComputedValues SELECT i, 0, 230*i, 0, 0, 0, 0, 0 FROM n")
                     .arg(sets));
+        StartProgram();
+        OpenPage();
+    }
+    void StartProgram()
+    {
         program.Start();
         program.WaitForWindow("MainForm");
+    }
+    /// Opens the project, and the page over it.
+    void OpenPage()
+    {
         program.Trigger("mnuOpen");
         program.GivePath(App().sProjectPath);
         program.WaitForControl("FormF1");
@@ -107,13 +116,8 @@ TEST_F(EditorProgram, FortyThousandSetsAreScrolledAndCorrected)
 TEST_F(EditorProgram, LoadCycleMadeByHandIsThereAfterTheProjectWasOpenedAgain)
 {
     CreateProject(0);
-    program.Start();
-    program.WaitForWindow("MainForm");
-    program.Trigger("mnuOpen");
-    program.GivePath(App().sProjectPath);
-    program.WaitForControl("FormF1");
-    program.Trigger("mnuOfflineDevice");
-    program.WaitForControl("FormF5");
+    StartProgram();
+    OpenPage();
     Press("cmdNew");
     for (int i = 0; i < 4; ++i)
         Press("cmdInsDel_0");
@@ -135,11 +139,7 @@ TEST_F(EditorProgram, LoadCycleMadeByHandIsThereAfterTheProjectWasOpenedAgain)
     EXPECT_EQ(program.Text("txtInterval"), "5");
     program.Trigger("mnuClose");
     program.WaitForQuiet();
-    program.Trigger("mnuOpen");
-    program.GivePath(App().sProjectPath);
-    program.WaitForControl("FormF1");
-    program.Trigger("mnuOfflineDevice");
-    program.WaitForControl("FormF5");
+    OpenPage();
     EXPECT_EQ(program.Text("txtInterval"), "5");
     End();
 }
