@@ -1,6 +1,6 @@
 // Draws the first view of a recording on its page and prints the longest time, in milliseconds, for which the window
 // answered nothing.  diagram_bench PROJECT
-#include "Recording.h"
+#include "PageBench.h"
 
 #include "core/Common.h"
 #include "core/clsGraphColours.h"
@@ -16,8 +16,6 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -30,20 +28,12 @@ public:
     void ShowDatabase(const QString& /*name*/) override {}
 };
 
-} // namespace
-
-int main(int argc, char* argv[])
+/// Longest time in nanoseconds between two answers while the page draws; 0 if there are hardly any.
+qint64 LongestWithoutAnswer()
 {
     using namespace korvanel;
-    constexpr double kNanosecondsPerMillisecond = 1e6;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    if (argc != 2)
-        return EXIT_FAILURE;
-    bench::PrepareBlock();
     clsGraphColours colours(QStringLiteral("KORVANEL"));
     App().GraphColours = &colours;
-    bench::OpenForPage(QString::fromLocal8Bit(argv[1]));
     EvaluateProject();
 
     BareFrame frame;
@@ -72,6 +62,12 @@ int main(int argc, char* argv[])
     heartbeat.start();
     page.Refresh();
     QApplication::exec();
-    std::printf("%.2f\n", static_cast<double>(longest) / kNanosecondsPerMillisecond);
-    return answers > 2 ? EXIT_SUCCESS : EXIT_FAILURE;
+    return answers > 2 ? longest : 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    return korvanel::bench::MeasureOverProject(argc, argv, LongestWithoutAnswer);
 }

@@ -1,19 +1,16 @@
 // Shows places of a recording at random in the list of the sets and in the grid of the editor, painting included, and
 // prints the longest time in milliseconds.  list_bench PROJECT
-#include "Recording.h"
+#include "PageBench.h"
 
 #include "core/Common.h"
 #include "editor/EditorGrid.h"
 #include "evaluation/SetJudges.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QPixmap>
 #include <QScrollBar>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <random>
 
 namespace {
@@ -47,17 +44,12 @@ qint64 LongestOf(korvanel::SetGrid& grid)
 int main(int argc, char* argv[])
 {
     using namespace korvanel;
-    constexpr double kNanosecondsPerMillisecond = 1e6;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    if (argc != 2)
-        return EXIT_FAILURE;
-    bench::PrepareBlock();
-    bench::OpenForPage(QString::fromLocal8Bit(argv[1]));
-    SetList list(JudgeBy(RatingMode::MachineI));
-    EditorGrid grid;
-    const qint64 ofList = LongestOf(list);
-    const qint64 ofEditor = LongestOf(grid);
-    std::printf("%.2f\n", static_cast<double>(std::max(ofList, ofEditor)) / kNanosecondsPerMillisecond);
-    return App().iSetCount == bench::Sets() && ofList > 0 && ofEditor > 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    return bench::MeasureOverProject(argc, argv, [] {
+        SetList list(JudgeBy(RatingMode::MachineI));
+        EditorGrid grid;
+        const qint64 ofList = LongestOf(list);
+        const qint64 ofEditor = LongestOf(grid);
+        const bool areMeasured = App().iSetCount == bench::Sets() && ofList > 0 && ofEditor > 0;
+        return areMeasured ? std::max(ofList, ofEditor) : 0;
+    });
 }
