@@ -1,24 +1,20 @@
 // The operations of the editor that touch all sets, against bare loops that run the same statements.
+#include "CopiedProject.h"
 #include "EditingMemory.h"
 #include "Recording.h"
 
 #include "core/Common.h"
-#include "data/ValueTables.h"
 #include "editor/RowOperations.h"
-#include "project/ProjectStore.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <QFile>
-
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
+#include <cstdlib>
 #include <numbers>
 #include <string>
-
-#include <unistd.h>
 
 namespace korvanel::bench {
 namespace {
@@ -28,57 +24,6 @@ constexpr const char* kTables[] = {"SampledValues", "ComputedValues"};
 int SetInTheFrontThird()
 {
     return Sets() / 4;
-}
-
-/// A fresh copy of the large project, on the disk already, so that no operation waits for it.
-QString FreshCopy(const char* name)
-{
-    QString path = ScratchPath(QLatin1String(name));
-    QFile::remove(path);
-    QFile::copy(LargeProject(), path);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite) || fsync(file.handle()) != 0)
-        std::abort();
-    return path;
-}
-
-/// One run of an operation of the program.
-void RunProgram(benchmark::State& state, const std::function<bool()>& operation)
-{
-    for (auto _ : state) {
-        state.PauseTiming();
-        const QString path = FreshCopy("edit-program.MDB");
-        OpenProject(path);
-        PrepareMachine();
-        RefreshSetCount();
-        App().iCurrentSet = SetInTheFrontThird();
-        App().lMarkedSets = kMarkedSets;
-        state.ResumeTiming();
-        if (!operation())
-            state.SkipWithError("rows could not be changed");
-        state.PauseTiming();
-        QFile::remove(path);
-        state.ResumeTiming();
-    }
-}
-
-/// The same without the program.
-void RunBare(benchmark::State& state, const std::function<void(BareDatabase&)>& operation)
-{
-    for (auto _ : state) {
-        state.PauseTiming();
-        const QString path = FreshCopy("edit-bare.MDB");
-        state.ResumeTiming();
-        {
-            BareDatabase db(path);
-            db.Execute("BEGIN IMMEDIATE");
-            operation(db);
-            db.Execute("COMMIT");
-        }
-        state.PauseTiming();
-        QFile::remove(path);
-        state.ResumeTiming();
-    }
 }
 
 void Step(sqlite3_stmt* statement)
@@ -132,7 +77,7 @@ void RenumberBare(BareDatabase& db)
 
 void Duplicate_Bare(benchmark::State& state)
 {
-    RunBare(state, [](BareDatabase& db) {
+    RunBareOnCopies(state, [](BareDatabase& db) {
         const int first = SetInTheFrontThird();
         MoveBare(db, first, Sets(), kMarkedSets);
         const std::string by = std::to_string(kMarkedSets);
@@ -152,12 +97,13 @@ void Duplicate_Bare(benchmark::State& state)
 
 void Duplicate_Program(benchmark::State& state)
 {
-    RunProgram(state, [] { return InsertSets(App().iCurrentSet) && App().iSetCount == Sets() + kMarkedSets; });
+    RunOnCopies(state, PrepareEdit,
+                [] { return InsertSets(App().iCurrentSet) && App().iSetCount == Sets() + kMarkedSets; });
 }
 
 void Delete_Bare(benchmark::State& state)
 {
-    RunBare(state, [](BareDatabase& db) {
+    RunBareOnCopies(state, [](BareDatabase& db) {
         const int first = SetInTheFrontThird();
         const std::string where =
             " WHERE [Set] BETWEEN " + std::to_string(first) + " AND " + std::to_string(first + kMarkedSets - 1);
@@ -170,17 +116,18 @@ void Delete_Bare(benchmark::State& state)
 
 void Delete_Program(benchmark::State& state)
 {
-    RunProgram(state, [] { return DeleteSets(App().iCurrentSet) && App().iSetCount == Sets() - kMarkedSets; });
+    RunOnCopies(state, PrepareEdit,
+                [] { return DeleteSets(App().iCurrentSet) && App().iSetCount == Sets() - kMarkedSets; });
 }
 
 void Renumber_Bare(benchmark::State& state)
 {
-    RunBare(state, RenumberBare);
+    RunBareOnCopies(state, RenumberBare);
 }
 
 void Renumber_Program(benchmark::State& state)
 {
-    RunProgram(state, RenumberTime);
+    RunOnCopies(state, PrepareEdit, RenumberTime);
 }
 
 /// What is read of a set, in the order of the columns of `Temp`.
@@ -237,7 +184,7 @@ void WriteSet(sqlite3_stmt* sampled, sqlite3_stmt* computed, int number, const B
 
 void Resample_Bare(benchmark::State& state)
 {
-    RunBare(state, [](BareDatabase& db) {
+    RunBareOnCopies(state, [](BareDatabase& db) {
         db.Execute("CREATE TABLE Temp AS SELECT SampledValues.[Set] AS SampledValues_Set, ComputedValues.[Set] AS "
                    "ComputedValues_Set, [Time], [U sum], [I sum], [f sum], [P sum], [phi sum], [t], [Edit], [Q sum], "
                    "[S sum], [cosphi sum], [Wp], [Wp+], [Wp-], [Wq], [n], [M], [Pmech], [eta], [Method] FROM "
@@ -280,16 +227,10 @@ void Resample_Bare(benchmark::State& state)
 
 void Resample_Program(benchmark::State& state)
 {
-    RunProgram(state, [] {
+    RunOnCopies(state, PrepareEdit, [] {
         return ResampleInterval(kOtherInterval) &&
                App().iSetCount == (Sets() - 1) / static_cast<int>(kOtherInterval) + 1;
     });
-}
-
-/// A run takes seconds, and a third as many of them tell enough.
-void OneRunEach(benchmark::internal::Benchmark* edited)
-{
-    edited->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(1)->Repetitions(3);
 }
 
 BENCHMARK(Duplicate_Bare)->Apply(OneRunEach);

@@ -25,8 +25,6 @@ bool CopyOpenProject()
     return !App().bFileError;
 }
 
-namespace {
-
 void PrepareEdit()
 {
     PrepareMachine();
@@ -34,6 +32,8 @@ void PrepareEdit()
     App().iCurrentSet = App().iSetCount / 4;
     App().lMarkedSets = kMarkedSets;
 }
+
+namespace {
 
 bool EditCopy(const std::function<bool()>& operation)
 {

@@ -9,6 +9,8 @@ inline constexpr double kOtherInterval = 3; ///< seconds; the recordings have on
 
 /// Makes a copy of the open project the open one.
 bool CopyOpenProject();
+/// Makes the open project ready for an operation: `kMarkedSets` sets from the front third on are marked.
+void PrepareEdit();
 
 // Without a history, as recordings that are too long for one are edited.
 bool DuplicateSets();

@@ -1,5 +1,6 @@
 // A second machine over a million sets, against bare loops: one that walks the sets and stores as many rows as the
 // simulation does, and one that walks the sets with those rows.
+#include "CopiedProject.h"
 #include "Recording.h"
 #include "Simulating.h"
 
@@ -12,11 +13,8 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <QFile>
-
+#include <cstdlib>
 #include <numbers>
-
-#include <unistd.h>
 
 namespace korvanel::bench {
 
@@ -37,18 +35,6 @@ bool SimulateOpenProject()
 }
 
 namespace {
-
-/// A copy of the large project, on the disk already.
-QString CopyOfLargeProject(const char* name)
-{
-    QString path = ScratchPath(QLatin1String(name));
-    QFile::remove(path);
-    QFile::copy(LargeProject(), path);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite) || fsync(file.handle()) != 0)
-        std::abort();
-    return path;
-}
 
 constexpr const char* kCreateSimulated =
     "DROP TABLE IF EXISTS SimulatedValues; CREATE TABLE SimulatedValues ([Set] INTEGER PRIMARY KEY, [U sum] REAL, "
@@ -93,51 +79,29 @@ void StoreBareRow(sqlite3_stmt* insert, sqlite3_stmt* read, double& energy)
 
 void Simulate_Bare(benchmark::State& state)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        const QString path = CopyOfLargeProject("simulate-bare.MDB");
-        state.ResumeTiming();
-        {
-            BareDatabase db(path);
-            db.Execute("BEGIN IMMEDIATE");
-            db.Execute(kCreateSimulated);
-            sqlite3_stmt* read = db.Prepare(
-                "SELECT SampledValues.[Set], [U sum], [f sum], [M], [t] FROM SampledValues INNER JOIN ComputedValues "
-                "ON SampledValues.[Set] = ComputedValues.[Set] ORDER BY SampledValues.[Set]");
-            sqlite3_stmt* insert = db.Prepare("INSERT INTO SimulatedValues VALUES (?,?,?,?,?,?,?,?,?,?,?,?)");
-            double energy = 0;
-            while (sqlite3_step(read) == SQLITE_ROW)
-                StoreBareRow(insert, read, energy);
-            sqlite3_finalize(read);
-            db.Execute("COMMIT");
-        }
-        state.PauseTiming();
-        QFile::remove(path);
-        state.ResumeTiming();
-    }
+    RunBareOnCopies(state, [](BareDatabase& db) {
+        db.Execute(kCreateSimulated);
+        sqlite3_stmt* read = db.Prepare(
+            "SELECT SampledValues.[Set], [U sum], [f sum], [M], [t] FROM SampledValues INNER JOIN ComputedValues "
+            "ON SampledValues.[Set] = ComputedValues.[Set] ORDER BY SampledValues.[Set]");
+        sqlite3_stmt* insert = db.Prepare("INSERT INTO SimulatedValues VALUES (?,?,?,?,?,?,?,?,?,?,?,?)");
+        double energy = 0;
+        while (sqlite3_step(read) == SQLITE_ROW)
+            StoreBareRow(insert, read, energy);
+        sqlite3_finalize(read);
+    });
 }
 
 void Simulate_Program(benchmark::State& state)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        const QString path = CopyOfLargeProject("simulate-program.MDB");
-        OpenProject(path);
-        PrepareSecondMachine();
-        state.ResumeTiming();
-        if (!RunSimulation())
-            state.SkipWithError("rows could not be stored");
-        state.PauseTiming();
-        QFile::remove(path);
-        state.ResumeTiming();
-    }
+    RunOnCopies(state, PrepareSecondMachine, RunSimulation);
 }
 
 /// A project of `Sets()` sets with their simulated rows, made on first use.
 const QString& SimulatedProject()
 {
     static const QString project = [] {
-        const QString path = CopyOfLargeProject("simulated.MDB");
+        const QString path = FreshCopy("simulated.MDB");
         OpenProject(path);
         if (!SimulateOpenProject())
             std::abort();
@@ -179,12 +143,6 @@ void EvaluateSimulation_Program(benchmark::State& state)
     for (auto _ : state)
         if (!EvaluateSimulation() || App().MachineII.evaluation.lSets != Sets())
             state.SkipWithError("sets are missing");
-}
-
-/// A run takes seconds, and a third as many of them tell enough.
-void OneRunEach(benchmark::internal::Benchmark* simulated)
-{
-    simulated->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(1)->Repetitions(3);
 }
 
 BENCHMARK(Simulate_Bare)->Apply(OneRunEach);
