@@ -18,7 +18,6 @@
 #include "core/texts/DefaultTexts.h"
 #include "core/window/DialogTable.h"
 #include "core/window/FormH2.h"
-#include "core/window/FormLater.h"
 #include "core/window/Help.h"
 #include "core/window/MainMenu.h"
 #include "core/window/MainWindow.h"
@@ -39,6 +38,7 @@
 #include "motors/FormH8.h"
 #include "motors/MotorDatabase.h"
 #include "output/Export.h"
+#include "output/FormF9.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
 #include "project/ProjectStore.h"
@@ -84,8 +84,6 @@ void SetHooks()
 
 void RegisterPages(MainWindow& window)
 {
-    for (const PageEntry& entry : Pages())
-        window.RegisterPage(entry.number, BuildPage<FormLater>);
     window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
     window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
     window.RegisterPage(kPageDevice, BuildPage<FormF3>);
@@ -93,6 +91,7 @@ void RegisterPages(MainWindow& window)
     window.RegisterPage(kPageEditor, BuildPage<FormF5>);
     window.RegisterPage(kPageResultTable, BuildPage<FormF6>);
     window.RegisterPage(kPageResultGraph, BuildPage<FormF8>);
+    window.RegisterPage(kPagePrint, BuildPage<FormF9>);
     window.RegisterPage(kPageMachine, BuildPage<FormF10>);
 }
 

@@ -77,6 +77,7 @@ struct ApplicationBlock
     QString sVersion;
     QString sDialogPreset; ///< name that stands in the open dialog before the user types one
     QString sPrinter;      ///< printer in use
+    bool isReportToFile = false; ///< reports go into a file and not to that printer
 
     QChar DecimalChar = u',';
     QChar OtherDecimalChar = u'.';
@@ -172,6 +173,7 @@ struct ApplicationBlock
     std::array<double, 6> ScaleEnds{};
     std::array<double, 2> dTrigger{};
     std::array<qint32, 16> PrintIt{};
+    QDateTime dtPrinted; ///< when the report was begun that is printed, or was printed last
     std::array<qint32, 2> Export{};
     bool bEnergiesOutdated = false; ///< sets were edited after the energies in them were formed
 

@@ -10,12 +10,14 @@
 #include "core/texts/FormF5Texts.h"
 #include "core/texts/FormF6Texts.h"
 #include "core/texts/FormF8Texts.h"
+#include "core/texts/FormF9Texts.h"
 #include "core/texts/FormH10Texts.h"
 #include "core/texts/FormH11Texts.h"
 #include "core/texts/FormH12Texts.h"
 #include "core/texts/FormH13Texts.h"
 #include "core/texts/FormH14Texts.h"
 #include "core/texts/FormH15Texts.h"
+#include "core/texts/FormH16Texts.h"
 #include "core/texts/FormH17Texts.h"
 #include "core/texts/FormH3Texts.h"
 #include "core/texts/FormH5Texts.h"
@@ -41,12 +43,14 @@ namespace texts {
 #include "core/texts/FormF5Texts.inc"
 #include "core/texts/FormF6Texts.inc"
 #include "core/texts/FormF8Texts.inc"
+#include "core/texts/FormF9Texts.inc"
 #include "core/texts/FormH10Texts.inc"
 #include "core/texts/FormH11Texts.inc"
 #include "core/texts/FormH12Texts.inc"
 #include "core/texts/FormH13Texts.inc"
 #include "core/texts/FormH14Texts.inc"
 #include "core/texts/FormH15Texts.inc"
+#include "core/texts/FormH16Texts.inc"
 #include "core/texts/FormH17Texts.inc"
 #include "core/texts/FormH3Texts.inc"
 #include "core/texts/FormH5Texts.inc"
@@ -99,6 +103,9 @@ constexpr TextLine kFormF6[] = {
 constexpr TextLine kFormF8[] = {
 #include "core/texts/FormF8Texts.inc"
 };
+constexpr TextLine kFormF9[] = {
+#include "core/texts/FormF9Texts.inc"
+};
 constexpr TextLine kFormF10[] = {
 #include "core/texts/FormF10Texts.inc"
 };
@@ -135,6 +142,9 @@ constexpr TextLine kFormH14[] = {
 constexpr TextLine kFormH15[] = {
 #include "core/texts/FormH15Texts.inc"
 };
+constexpr TextLine kFormH16[] = {
+#include "core/texts/FormH16Texts.inc"
+};
 constexpr TextLine kFormH17[] = {
 #include "core/texts/FormH17Texts.inc"
 };
@@ -153,6 +163,7 @@ constexpr TextSection kSections[] = {
     {"FORMF5", kFormF5},
     {"FORMF6", kFormF6},
     {"FORMF8", kFormF8},
+    {"FORMF9", kFormF9},
     {"FORMF10", kFormF10},
     {"FORMH3", kFormH3},
     {"FORMH5", kFormH5},
@@ -165,6 +176,7 @@ constexpr TextSection kSections[] = {
     {"FORMH13", kFormH13},
     {"FORMH14", kFormH14},
     {"FORMH15", kFormH15},
+    {"FORMH16", kFormH16},
     {"FORMH17", kFormH17},
 };
 

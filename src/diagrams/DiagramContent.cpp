@@ -53,6 +53,9 @@ void DiagramContent::TakeList()
 {
     iGraphList.clear();
     std::ranges::copy_if(App().ColumnLayout, std::back_inserter(iGraphList), [](qint16 column) { return column >= 0; });
+    int& chosen = App().DiagramPage.quantity;
+    if (std::ranges::find(iGraphList, chosen) == iGraphList.end())
+        chosen = iGraphList.empty() ? -1 : iGraphList.front();
 }
 
 void DiagramContent::ComputeScaleEnds()
@@ -82,24 +85,32 @@ DiagramCurve DiagramContent::CurveOf(int quantity) const
     return CurvesOf({&quantity, 1}, alone, GraphScaleEnds).front();
 }
 
-std::vector<DiagramCurve> DiagramContent::CurvesShown() const
+std::vector<DiagramCurve> DiagramContent::CurvesOn() const
 {
-    if (!App().DiagramPage.isSingle)
-        return CurvesOf(iGraphList, App().DiagramPage.iGraphState, GraphScaleEnds);
+    return CurvesOf(iGraphList, App().DiagramPage.iGraphState, GraphScaleEnds);
+}
+
+std::vector<DiagramCurve> DiagramContent::ChosenCurve() const
+{
     if (App().DiagramPage.quantity < 0)
         return {};
     return {CurveOf(App().DiagramPage.quantity)};
 }
 
-std::vector<DiagramCurve> DiagramContent::CurvesOfSecondMachine() const
+std::vector<DiagramCurve> DiagramContent::CurvesShown() const
+{
+    return App().DiagramPage.isSingle ? ChosenCurve() : CurvesOn();
+}
+
+std::vector<DiagramCurve> DiagramContent::CurvesOfSecondMachine(const std::vector<DiagramCurve>& curves)
 {
     constexpr std::array kSimulated{kU, kF, kP, kN, kM, kPmech, kEta, kWp, kWpPlus, kWpMinus};
-    std::vector<DiagramCurve> curves;
+    std::vector<DiagramCurve> simulated;
     if (IsSecondMachineShown())
-        std::ranges::copy_if(CurvesShown(), std::back_inserter(curves), [&](const DiagramCurve& curve) {
+        std::ranges::copy_if(curves, std::back_inserter(simulated), [&](const DiagramCurve& curve) {
             return std::ranges::find(kSimulated, curve.quantity) != kSimulated.end();
         });
-    return curves;
+    return simulated;
 }
 
 } // namespace korvanel

@@ -14,7 +14,7 @@ public:
     /// Begins with the curves that a net configuration starts with, if the block has a choice for another one.
     DiagramContent();
 
-    /// Takes the quantities of the column layout again.
+    /// Takes the quantities of the column layout again; the chosen one is always among them.
     void TakeList();
     /// Full scales by the results in hand, with room for both machines where both are shown.
     void ComputeScaleEnds();
@@ -25,10 +25,14 @@ public:
     /// All sets, over the height that the values need.
     DiagramView WholeView() const;
 
-    /// The curves that are drawn: those that are on, or the chosen one alone.
+    /// The curves that are on.
+    std::vector<DiagramCurve> CurvesOn() const;
+    /// The one that is chosen, if there is one.
+    std::vector<DiagramCurve> ChosenCurve() const;
+    /// Those of the two that the page draws.
     std::vector<DiagramCurve> CurvesShown() const;
-    /// Of these the ones that the second machine has too; none where it isn't shown.
-    std::vector<DiagramCurve> CurvesOfSecondMachine() const;
+    /// Of some curves the ones that the second machine has too; none where it isn't shown.
+    static std::vector<DiagramCurve> CurvesOfSecondMachine(const std::vector<DiagramCurve>& curves);
     DiagramCurve CurveOf(int quantity) const;
 
     /// Whether the second machine has gone through the sets.

@@ -271,13 +271,10 @@ void FormF8::FillLegend()
 {
     content.TakeList();
     const std::vector<int>& quantities = content.GraphList();
-    int& chosen = App().DiagramPage.quantity;
-    if (std::ranges::find(quantities, chosen) == quantities.end())
-        chosen = quantities.empty() ? -1 : quantities.front();
     legend->Fill(quantities, content.ScaleEnds());
     for (const int quantity : quantities)
         legend->ShowState(quantity, DiagramContent::IsOn(quantity));
-    legend->ShowChosen(chosen);
+    legend->ShowChosen(App().DiagramPage.quantity);
     if (pointSet)
         ShowPointInfo(*pointSet, 0);
 }
@@ -286,7 +283,7 @@ void FormF8::FillLegend()
 
 void FormF8::DrawDiagram(double x1, double x2, double y1, double y2)
 {
-    drawing->Begin(content.CurvesShown(), content.CurvesOfSecondMachine(),
+    drawing->Begin(content.CurvesShown(), DiagramContent::CurvesOfSecondMachine(content.CurvesShown()),
                    DiagramView{.x1 = x1, .x2 = x2, .y1 = y1, .y2 = y2}, App().iSetCount);
     F8UndoRedoButtons();
 }
@@ -442,7 +439,7 @@ DiagramSheet FormF8::Sheet() const
     DiagramSheet sheet;
     sheet.view = view;
     sheet.curves = content.CurvesShown();
-    sheet.overlay = {&drawing->SimulatedValues(), content.CurvesOfSecondMachine()};
+    sheet.overlay = {&drawing->SimulatedValues(), DiagramContent::CurvesOfSecondMachine(content.CurvesShown())};
     if (App().DiagramPage.quantity >= 0)
         sheet.axisCurve = content.CurveOf(App().DiagramPage.quantity);
     sheet.count = App().iSetCount;

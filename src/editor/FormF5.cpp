@@ -258,7 +258,12 @@ void FormF5::ShowCursor()
     if (isMoving)
         return;
     const QScopedValueRollback moving(isMoving, true);
-    if (entryBar->HasPendingText() && !ApplyEntry()) {
+    bool isTaken = true;
+    if (entryBar->HasPendingText()) {
+        isTaken = false; // nor after a failure, which is told
+        RunGuarded(windowTitle(), [&] { isTaken = ApplyEntry(); });
+    }
+    if (!isTaken) {
         grid->ReturnTo(shownSet, shownColumn);
         entryBar->LookAt();
         return;

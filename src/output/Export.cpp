@@ -19,6 +19,7 @@
 #include "evaluation/WinManaging2.h"
 #include "output/ExportItems.h"
 #include "output/ExportText.h"
+#include "output/OwnFiles.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -144,11 +145,12 @@ void WriteSets(ExportText& text)
     });
 }
 
-void WriteItem(ExportText& text, TextRef label, const QString& value, TextRef unit)
+template <typename Item>
+void WriteItem(ExportText& text, const Item& item, const QString& value)
 {
-    text.AddText(TextOf(label));
-    text.AddText(value);
-    text.EndLine(unit ? TextOf(unit) : QString());
+    text.AddText(TextOf(item.label));
+    text.AddText(item.isTyped ? TypedFieldText(value) : value);
+    text.EndLine(item.unit ? TextOf(item.unit) : QString());
 }
 
 void WriteCells(ExportText& text, const QStringList& cells)
@@ -167,17 +169,6 @@ void WriteTable(ExportText& text, const ResultTable& table)
         else
             WriteCells(text, row.cells);
     }
-}
-
-/// Whether the program keeps its own data in a file, or the database engine what it needs after a crash.
-bool IsOwnFile(const QString& path)
-{
-    const QFileInfo file(path);
-    for (const QString& own : {App().sProjectPath, App().sMotorDbPath})
-        if ((file.exists() && file == QFileInfo(own)) ||
-            file.absoluteFilePath() == QFileInfo(own).absoluteFilePath() + QStringLiteral("-journal"))
-            return true;
-    return false;
 }
 
 const QString kSpreadsheet = QStringLiteral(".xls");
@@ -208,11 +199,11 @@ void ExportEvaluation(const QString& path)
     text.EndLine();
     text.EndLine();
     for (const ExportItem& item : ProjectItems())
-        WriteItem(text, item.label, item.value(), item.unit);
+        WriteItem(text, item, item.value());
     const bool hasMachine = HasMachine(App().iNetConfIndex);
     if (hasMachine)
         for (const MachineItem& item : MachineItems())
-            WriteItem(text, item.label, item.value(App().MachineI.record), item.unit);
+            WriteItem(text, item, item.value(App().MachineI.record));
     WriteTable(text, ExtremTable(App().MachineI));
     WriteTable(text, EnergyTable(App().MachineI));
     if (hasMachine)

@@ -7,7 +7,6 @@
 #include "core/texts/FormF10Texts.h"
 #include "core/texts/PrintExportTexts.h"
 #include "instruments/Catalogue.h"
-#include "output/ExportText.h"
 
 #include <optional>
 #include <type_traits>
@@ -31,7 +30,7 @@ QString OfBlock()
     const auto& value = App().*Field;
     using Value = std::remove_cvref_t<decltype(value)>;
     if constexpr (std::is_same_v<Value, QString>)
-        return TypedFieldText(value);
+        return value;
     else if constexpr (std::is_same_v<Value, QDateTime>)
         return TextOfMoment(value);
     else
@@ -45,9 +44,9 @@ QString OfMachine(const MachineRecord& machine)
     const auto& value = machine.*Field;
     using Value = std::remove_cvref_t<decltype(value)>;
     if constexpr (std::is_same_v<Value, QString>)
-        return TypedFieldText(value);
+        return value;
     else if constexpr (std::is_same_v<Value, std::optional<QString>>)
-        return TypedFieldText(value.value_or(QString()));
+        return value.value_or(QString());
     else
         return value ? NumberText(*value / Divisor) : QString();
 }
@@ -78,20 +77,20 @@ QString Friction(const MachineRecord& machine)
 }
 
 constexpr ExportItem kProjectItems[] = {
-    {&texts::exportProjectName, OfBlock<&A::sProjectName>},
-    {&texts::exportCompany, OfBlock<&A::sCompany>},
-    {&texts::exportEditor, OfBlock<&A::sEditor>},
-    {&texts::exportDescription, OfBlock<&A::sDescription>},
+    {&texts::exportProjectName, OfBlock<&A::sProjectName>, nullptr, true},
+    {&texts::exportCompany, OfBlock<&A::sCompany>, nullptr, true},
+    {&texts::exportEditor, OfBlock<&A::sEditor>, nullptr, true},
+    {&texts::exportDescription, OfBlock<&A::sDescription>, nullptr, true},
     {&texts::exportCreated, OfBlock<&A::dtProjectCreated>},
     {&texts::exportSaved, OfBlock<&A::dtProjectSaved>},
-    {&texts::exportDevice, OfBlock<&A::sDevice>},
-    {&texts::exportDeviceId, OfBlock<&A::sDeviceId>},
+    {&texts::exportDevice, OfBlock<&A::sDevice>, nullptr, true},
+    {&texts::exportDeviceId, OfBlock<&A::sDeviceId>, nullptr, true},
     {&texts::exportNetConfiguration, [] { return TextOf(NetConfigurationOf(App().iNetConfIndex).heading); }},
     {&texts::exportVoltageTransformer, Transformer<0>, &texts::exportUnitVolt},
     {&texts::exportCurrentTransformer, Transformer<1>, &texts::exportUnitAmpere},
     {&texts::exportBegin, OfBlock<&A::dtMeasurementBegin>},
     {&texts::exportEnd, OfBlock<&A::dtMeasurementEnd>},
-    {&texts::exportTerm, OfBlock<&A::sMeasurementTerm>},
+    {&texts::exportTerm, OfBlock<&A::sMeasurementTerm>, nullptr, true},
     {&texts::exportInterval, OfBlock<&A::dInterval>},
     {&texts::exportSets, OfBlock<&A::iSetCount>},
     {&texts::exportCorrectedSets, [] { return NumberText(App().MachineI.evaluation.lCorrectedRows); }},
@@ -105,7 +104,7 @@ constexpr ExportItem kProjectItems[] = {
 
 constexpr MachineItem kMachineItems[] = {
     {&texts::exportMachineKind, MachineKind},
-    {&texts::exportMachineRemark, OfMachine<&R::Hersteller>},
+    {&texts::exportMachineRemark, OfMachine<&R::Hersteller>, nullptr, true},
     {&texts::exportPmech, OfMachine<&R::Pmech, kPerKilo>, &texts::exportUnitKilowatt},
     {&texts::exportU, OfMachine<&R::U>, &texts::exportUnitVolt},
     {&texts::exportI, OfMachine<&R::I>, &texts::exportUnitAmpere},
@@ -119,11 +118,11 @@ constexpr MachineItem kMachineItems[] = {
     {&texts::exportIo, OfMachine<&R::Io>, &texts::exportUnitAmpere},
     {&texts::exportFo, OfMachine<&R::fo>, &texts::exportUnitHertz},
     {&texts::exportPolePairs, PolePairs},
-    {&texts::exportConnection, OfMachine<&R::Schaltungsart>},
+    {&texts::exportConnection, OfMachine<&R::Schaltungsart>, nullptr, true},
     {&texts::exportResistance, OfMachine<&R::Rs>, &texts::exportUnitOhm},
     {&texts::exportStallRatio, OfMachine<&R::Mkipp_Mn>},
     {&texts::exportThermalTime, OfMachine<&R::Tth, kSecondsPerMinute>, &texts::exportUnitMinute},
-    {&texts::exportInsulation, OfMachine<&R::I_CL>},
+    {&texts::exportInsulation, OfMachine<&R::I_CL>, nullptr, true},
     {&texts::exportMass, OfMachine<&R::Masse>, &texts::exportUnitKilogram},
     {&texts::exportFriction, Friction},
 };

@@ -9,7 +9,7 @@
 #include "core/clsGraphColours.h"
 #include "core/window/DialogTable.h"
 #include "core/window/FormH2.h"
-#include "core/window/FormLater.h"
+
 #include "core/window/MainMenu.h"
 #include "core/window/MainWindow.h"
 #include "core/window/Page.h"
@@ -26,6 +26,7 @@
 #include "simulation/FormH12.h"
 #include "simulation/FormH13.h"
 #include "simulation/FormH14.h"
+#include "support/EmptyPage.h"
 #include "support/MotorDbFixture.h"
 #include "support/ScriptedPort.h"
 
@@ -80,7 +81,7 @@ protected:
     void RegisterForms()
     {
         for (const PageEntry& entry : Pages())
-            window.RegisterPage(entry.number, BuildPage<FormLater>);
+            window.RegisterPage(entry.number, BuildPage<EmptyPage>);
         window.RegisterPage(kPageGeneralData, BuildPage<FormF1>);
         window.RegisterPage(kPageNetConfiguration, BuildPage<FormF2>);
         window.RegisterPage(kPageDevice, BuildPage<FormF3>);

@@ -1,0 +1,98 @@
+// A report on its way out: into a file, or by a spool to a printer. Either everything goes out or nothing: a report
+// that is stopped or fails leaves no half file and no job.
+#pragma once
+
+#include "output/Report.h"
+
+#include <QString>
+
+#include <functional>
+#include <stdexcept>
+#include <vector>
+
+class QPagedPaintDevice;
+class QTemporaryFile;
+
+namespace korvanel {
+
+/// Is told the share of the pages that are drawn, 0 to 1; false stops the report.
+using ReportProgress = std::function<bool(double share)>;
+
+/// The user has stopped a report.
+class ReportStopped : public std::runtime_error
+{
+public:
+    ReportStopped() : std::runtime_error("stopped") {}
+};
+
+/// A report can't be put out; the text is for the user.
+class ReportFailed : public std::runtime_error
+{
+public:
+    explicit ReportFailed(const QString& message) : std::runtime_error(message.toStdString()) {}
+};
+
+/// Where a report goes.
+class ReportOutput
+{
+public:
+    virtual ~ReportOutput() = default;
+    /// Whether it is a printer of the system.
+    virtual bool IsPrinter() const = 0;
+    /// Puts a report out. Throws ReportStopped, ReportFailed and DbError, with nothing put out.
+    virtual void Put(const Report& report, const ReportProgress& progress) = 0;
+};
+
+/// A4 upright over the whole paper.
+void SetReportPaper(QPagedPaintDevice& device);
+
+/// The title of the document.
+QString ReportTitle();
+
+/// The pages of a report, kept in a temporary file until the last one is drawn, since a printer can't be called off.
+class ReportSpool
+{
+public:
+    /// Draws all pages. Throws as `ReportOutput::Put`.
+    ReportSpool(const Report& report, const ReportProgress& progress);
+    ReportSpool(const ReportSpool&) = delete;
+    ReportSpool& operator=(const ReportSpool&) = delete;
+    ~ReportSpool();
+
+    /// Draws them on a device. Throws ReportFailed.
+    void DrawOn(QPagedPaintDevice& device);
+
+private:
+    void Keep(const QByteArray& page);
+
+    std::unique_ptr<QTemporaryFile> file;
+    std::vector<qint64> lengths; ///< of the pages
+};
+
+/// A PDF file: searchable text, title and author. An existing one is replaced when the last page is written.
+class PdfOutput : public ReportOutput
+{
+public:
+    explicit PdfOutput(QString toPath) : path(std::move(toPath)) {}
+    bool IsPrinter() const override { return false; }
+    void Put(const Report& report, const ReportProgress& progress) override;
+
+private:
+    QString path;
+};
+
+/// How a report is accompanied.
+struct ReportWatch
+{
+    ReportProgress progress = {};
+    std::function<void()> atEnd = {}; ///< before anything is told
+};
+
+/// Puts a report out, and tells what has become of it if it isn't done. False then, and on a printer of the system that
+/// has no default printer, where nothing happens.
+bool PutReport(const Report& report, ReportOutput& output, const ReportWatch& watch = {});
+
+/// The report of the project, with what is switched on in it.
+bool PrintReport(ReportOutput& output, const ReportWatch& watch = {});
+
+} // namespace korvanel

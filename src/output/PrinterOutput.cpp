@@ -1,0 +1,53 @@
+#include "output/PrinterOutput.h"
+
+#include "core/NumberText.h"
+#include "core/Printers.h"
+#include "core/texts/PrintExportTexts.h"
+
+#include <QLibrary>
+#include <QPrinter>
+
+namespace korvanel {
+
+namespace {
+
+/// What the print service of the system has to complain of about the job that was just handed over. The toolkit doesn't
+/// tell it; where there is no such service nothing is known.
+QString ServiceComplaint()
+{
+    constexpr int kLastSuccess = 0xFF;
+    constexpr int kVersion = 2;
+    QLibrary cups(QStringLiteral("cups"), kVersion);
+    using Code = int (*)();
+    using Text = const char* (*)();
+    const auto code = reinterpret_cast<Code>(cups.resolve("cupsLastError"));
+    const auto text = reinterpret_cast<Text>(cups.resolve("cupsLastErrorString"));
+    if (code == nullptr || text == nullptr || code() <= kLastSuccess)
+        return {};
+    return QString::fromUtf8(text());
+}
+
+} // namespace
+
+bool ChoosePrinter(QPrinter& printer, const QString& name)
+{
+    if (!SelectPrinter(name))
+        return false;
+    printer.setPrinterName(name);
+    return printer.printerName() == name;
+}
+
+void PrinterOutput::Put(const Report& report, const ReportProgress& progress)
+{
+    ReportSpool spool(report, progress);
+    if (!ChoosePrinter(printer, name)) // it may have gone while the pages were drawn
+        throw ReportFailed(FillPlaceholders(texts::reportPrinterGone, {name}));
+    printer.setDocName(ReportTitle());
+    printer.setFullPage(true);
+    SetReportPaper(printer);
+    spool.DrawOn(printer);
+    if (const QString complaint = ServiceComplaint(); !complaint.isEmpty())
+        throw ReportFailed(FillPlaceholders(texts::reportJobFailed, {name}) + u'\n' + complaint);
+}
+
+} // namespace korvanel

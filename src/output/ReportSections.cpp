@@ -1,0 +1,199 @@
+#include "output/ReportSections.h"
+
+#include "core/Common.h"
+#include "core/LocalFormats.h"
+#include "core/NetConfigurations.h"
+#include "core/NumberText.h"
+#include "core/clsProgSettings.h"
+#include "core/texts/FormH10Texts.h"
+#include "core/texts/PrintExportTexts.h"
+#include "evaluation/WinManaging2.h"
+#include "motors/ModelListing.h"
+#include "output/ExportItems.h"
+#include "output/ExportText.h"
+#include "simulation/WinManaging3.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace korvanel {
+
+namespace {
+
+/// What of the project's items tells of the recording rather than of the project.
+constexpr std::size_t kFirstOfMeasurement = 6;
+constexpr int kMachineColumns = 2;
+
+QString ValueWithUnit(const QString& value, TextRef unit)
+{
+    return value.isEmpty() || unit == nullptr ? value : value + u' ' + TextOf(unit);
+}
+
+std::vector<ReportItem> ItemsOfProject(std::size_t first, std::size_t count)
+{
+    std::vector<ReportItem> items;
+    for (const ExportItem& item : ProjectItems().subspan(first, count))
+        items.push_back({TextOf(item.label), ValueWithUnit(item.value(), item.unit)});
+    return items;
+}
+
+void AddProject(ReportFlow& flow)
+{
+    constexpr int kLinesOfText = 8; // of the description
+    flow.AddHeading(texts::reportProjectBlock);
+    flow.AddItems(ItemsOfProject(0, kFirstOfMeasurement), 1, kLinesOfText);
+    flow.AddHeading(texts::reportMeasurementBlock);
+    flow.AddItems(ItemsOfProject(kFirstOfMeasurement, ProjectItems().size() - kFirstOfMeasurement), kMachineColumns);
+}
+
+void AddMachine(ReportFlow& flow)
+{
+    std::vector<ReportItem> items;
+    for (const MachineItem& item : MachineItems())
+        items.push_back({TextOf(item.label), ValueWithUnit(item.value(App().MachineI.record), item.unit)});
+    flow.AddHeading(texts::reportMachine);
+    flow.AddItems(items, kMachineColumns);
+    QStringList lines = ModelListing(App().MachineI.status, App().MachineI.model);
+    const auto isRule = [](const QString& line) {
+        return std::none_of(line.begin(), line.end(), [](QChar character) { return character.isLetterOrNumber(); });
+    };
+    lines.removeIf(isRule);
+    if (lines.isEmpty())
+        return;
+    flow.AddHeading(texts::reportMachineModel);
+    flow.AddLines(lines, kMachineColumns);
+}
+
+/// Both machines with their items side by side, and how their sets are rated.
+ResultTable BothMachines()
+{
+    ResultTable table{.heads = {texts::reportQuantity, {}, texts::reportMachineI, texts::reportMachineII}, .rows = {}};
+    const auto add = [&table](const QString& name, const QString& first, const QString& second) {
+        table.rows.push_back({.kind = ResultRowKind::Values, .cells = {name, {}, first, second}});
+    };
+    for (const MachineItem& item : MachineItems())
+        add(TextOf(item.label), ValueWithUnit(item.value(App().MachineI.record), item.unit),
+            ValueWithUnit(item.value(App().MachineII.record), item.unit));
+    table.rows.push_back({.kind = ResultRowKind::Heading, .cells = {texts::reportClasses}});
+    const QStringList first = ClassesText(App().MachineI.evaluation).split(u'\n');
+    const QStringList second = ClassesText(App().MachineII.evaluation).split(u'\n');
+    for (qsizetype i = 0; i < first.size(); ++i) // class, a tab, its count and share
+        add(first[i].section(u'\t', 0, 0), first[i].section(u'\t', 1), second.value(i).section(u'\t', 1));
+    return table;
+}
+
+void AddWindow(ReportFlow& flow, const EvaluationResults& results)
+{
+    flow.AddLines({FillPlaceholders(texts::reportWindow, {results.sWindow})});
+}
+
+} // namespace
+
+ReportRun OverviewPages(const ReportFonts& fonts, bool hasOverview, bool hasMachine)
+{
+    ReportFlow flow(fonts);
+    flow.AddTitle(hasOverview ? texts::reportOverview : texts::reportMachine);
+    if (hasOverview)
+        AddProject(flow);
+    if (hasMachine)
+        AddMachine(flow);
+    return flow.Run(hasOverview ? kReportOverview : kReportMachine);
+}
+
+ReportRun BothOverviewPages(const ReportFonts& fonts)
+{
+    ReportFlow flow(fonts);
+    flow.AddTitle(texts::reportBothOverview);
+    AddProject(flow);
+    flow.AddGap(2);
+    flow.AddTable(BothMachines());
+    return flow.Run(kReportBothOverview);
+}
+
+ReportRun ExtremePages(const ReportFonts& fonts)
+{
+    ReportFlow flow(fonts);
+    flow.AddTitle(texts::reportExtremes);
+    AddWindow(flow, App().MachineI.evaluation);
+    flow.AddTable(ExtremTable(App().MachineI));
+    return flow.Run(kReportExtremes);
+}
+
+ReportRun EnergyPages(const ReportFonts& fonts)
+{
+    constexpr double kThousandths = 1000;
+    const clsProgSettings& settings = *App().ProgSettings;
+    const QString& currency = settings.UsedCurrency();
+    std::vector<ReportItem> prices;
+    std::size_t index = 0;
+    for (const QString& label :
+         {texts::optionsDrawnEnergy, texts::optionsDeliveredEnergy, texts::optionsReactiveEnergy})
+        prices.push_back({label, RoundValue(settings.EnergyCosts(index++), kThousandths) + u' ' + currency});
+    prices.push_back({texts::optionsCycles, QString::number(settings.Cycles())});
+    ReportFlow flow(fonts);
+    flow.AddTitle(texts::reportEnergy);
+    flow.AddItems(prices, kMachineColumns);
+    flow.AddGap(2);
+    flow.AddTable(EnergyTable(App().MachineI));
+    flow.AddLines({GapsText(App().MachineI.evaluation)});
+    return flow.Run(kReportEnergy);
+}
+
+ReportRun UtilisationPages(const ReportFonts& fonts)
+{
+    ReportFlow flow(fonts);
+    flow.AddTitle(texts::reportUtilisation);
+    AddWindow(flow, App().MachineI.evaluation);
+    flow.AddTable(UtilisationTable(App().MachineI));
+    return flow.Run(kReportUtilisation);
+}
+
+ReportRun BothUtilisationPages(const ReportFonts& fonts)
+{
+    ReportFlow flow(fonts);
+    flow.AddTitle(texts::reportBothUtilisation);
+    AddWindow(flow, App().MachineI.evaluation);
+    flow.AddHeading(texts::reportEnergy);
+    flow.AddTable(ComparedEnergyTable(App().MachineI, App().MachineII));
+    flow.AddHeading(texts::reportUtilisation);
+    flow.AddTable(ComparedUtilisationTable(App().MachineI, App().MachineII));
+    return flow.Run(kReportBothUtilisation);
+}
+
+void PrintPageHead(ReportSurface& surface)
+{
+    constexpr QRectF kBox(20, 15, 170, 23);
+    constexpr double kTitleRight = 135;
+    constexpr double kProgramLeft = 155;
+    constexpr double kTextLeft = 22;
+    constexpr double kFirstLine = 22.5;
+    const QColor fill(215, 215, 215);
+    const ReportFonts& fonts = surface.Fonts();
+    surface.FillBox(kBox, fill);
+    const QString title = texts::reportTitle.toUpper();
+    surface.PutText(kTitleRight - fonts.title.Width(title), kBox.top(), title, fonts.title);
+    surface.PutText(kProgramLeft, kBox.top(), texts::reportProgram, fonts.title);
+    const QString lines[] = {
+        FillPlaceholders(texts::reportHeadProject, {FieldText(App().sProjectName)}),
+        FillPlaceholders(texts::reportHeadEditor, {FieldText(App().sEditor), FieldText(App().sCompany)}),
+        FillPlaceholders(texts::reportHeadPrinted, {DateTimeText(App().dtPrinted), FileNameOf(App().sProjectPath),
+                                                    QString::number(App().iSetCount)}),
+    };
+    double y = kFirstLine;
+    for (const QString& line : lines) {
+        surface.PutText(kTextLeft, y, CutText(line, kBox.right() - 1 - kTextLeft, fonts.text), fonts.text);
+        y += fonts.text.LineHeight() + 0.8;
+    }
+}
+
+void PrintPageFoot(ReportSurface& surface, int page, int pageCount)
+{
+    constexpr double kTop = 283;
+    const ReportFonts& fonts = surface.Fonts();
+    surface.DrawLine(kBodyLeft, kTop - 1, kBodyRight, kTop - 1, 0.1);
+    surface.FitText(kBodyLeft, kBodyRight, kTop,
+                    FillPlaceholders(texts::reportFoot, {QString::number(page), QString::number(pageCount)}),
+                    fonts.small, Qt::AlignRight);
+}
+
+} // namespace korvanel
