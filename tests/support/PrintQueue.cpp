@@ -13,6 +13,7 @@
 #include <csignal>
 
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -104,6 +105,21 @@ QByteArray ReadText(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// The server's socket has its name a moment before anybody answers there.
+bool IsAnswered(const QString& socket)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const QByteArray path = socket.toLocal8Bit();
+    if (static_cast<std::size_t>(path.size()) >= sizeof(address.sun_path))
+        throw std::runtime_error("Too long for a socket: " + path.toStdString());
+    std::copy(path.begin(), path.end(), address.sun_path);
+    const int line = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool isAnswered = connect(line, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    close(line);
+    return isAnswered;
+}
+
 /// The library of the toolkit's printing keeps the name of the server from its first call on.
 void PrintAt(const QString& socket)
 {
@@ -188,7 +204,7 @@ void PrintQueue::StartServer()
     server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     server.start("/usr/sbin/cupsd", QStringList{"-f"} + configuration);
     const QDeadlineTimer limit(kStartLimitMs);
-    while (!QFile::exists(Socket())) {
+    while (!IsAnswered(Socket())) {
         if (server.waitForFinished(kLookAgainMs) || server.state() == QProcess::NotRunning || limit.hasExpired()) {
             // It says what it doesn't like of its configuration only if asked.
             QProcess check;
