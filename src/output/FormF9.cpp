@@ -240,6 +240,12 @@ void FormF9::Refresh()
     changed.start();
 }
 
+/// Nothing is shown any more.
+void FormF9::Leave()
+{
+    changed.stop();
+}
+
 /// Results that a section shows are formed first, as on the pages that show them.
 void FormF9::ShowReport()
 {

@@ -25,6 +25,7 @@ class FormF9 : public Page
 public:
     FormF9(PageFrame& host, const PageEntry& entry);
     void Refresh() override;
+    void Leave() override;
     bool TakeInput(InputUse use) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

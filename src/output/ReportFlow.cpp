@@ -12,7 +12,14 @@ namespace {
 
 constexpr double kBodyWidth = kBodyRight - kBodyLeft;
 constexpr double kColumnGap = 5;
-constexpr double kRowGap = 0.7; ///< between the lines of items
+constexpr double kRowGap = 0.4; ///< between the lines of items
+
+/// Whether a label is put into one line, were it condensed a little.
+bool FitsOneLine(const QString& label, double width, const ReportFont& font)
+{
+    constexpr double kCondensed = 0.85;
+    return font.Width(label) * kCondensed <= width;
+}
 
 /// Where column `index` of `count` begins.
 double ColumnLeft(int index, int count)
@@ -56,26 +63,30 @@ void ReportFlow::AddGap(double height)
 
 void ReportFlow::AddItems(const std::vector<ReportItem>& items, int columns, int mostLines)
 {
-    const double labelWidth = columns == 1 ? 50 : 38;
+    const double labelWidth = columns == 1 ? 50 : 44;
     const double valueWidth = ColumnWidth(columns) - labelWidth;
     const auto rows = (static_cast<int>(items.size()) + columns - 1) / columns;
     for (int row = 0; row < rows; ++row) {
         std::vector<std::pair<int, ReportItem>> beside; // with their columns
         qsizetype most = 1;
+        const double mostHeight = mostLines * fonts.text.LineHeight();
         for (int column = 0; column < columns; ++column) {
             const auto place = static_cast<std::size_t>(column * rows + row);
             if (place >= items.size())
                 continue;
             beside.emplace_back(column, items[place]);
-            most = std::max(
-                most,
-                LinesInBox(items[place].value, valueWidth, mostLines * fonts.text.LineHeight(), fonts.text).size());
+            most = std::max(most, LinesInBox(items[place].value, valueWidth, mostHeight, fonts.text).size());
+            if (!FitsOneLine(items[place].label, labelWidth - 1, fonts.text))
+                most = std::max(most, LinesInBox(items[place].label, labelWidth - 1, mostHeight, fonts.text).size());
         }
         const double height = static_cast<double>(most) * fonts.text.LineHeight();
         Add({.height = height + kRowGap, .draw = [=](ReportSurface& surface, double y) {
                  for (const auto& [column, item] : beside) {
                      const double left = ColumnLeft(column, columns);
-                     surface.FitText(left, left + labelWidth - 1, y, item.label, surface.Fonts().text);
+                     if (FitsOneLine(item.label, labelWidth - 1, surface.Fonts().text))
+                         surface.FitText(left, left + labelWidth - 1, y, item.label, surface.Fonts().text);
+                     else
+                         surface.PrintText(QRectF(left, y, labelWidth - 1, height), item.label, surface.Fonts().text);
                      surface.PrintText(QRectF(left + labelWidth, y, valueWidth, height), item.value,
                                        surface.Fonts().text);
                  }
@@ -87,11 +98,11 @@ void ReportFlow::AddLines(const QStringList& texts, int columns)
 {
     const auto rows = (texts.size() + columns - 1) / columns;
     for (qsizetype row = 0; row < rows; ++row)
-        Add({.height = fonts.text.LineHeight() + kRowGap, .draw = [=](ReportSurface& surface, double y) {
+        Add({.height = fonts.table.LineHeight() + kRowGap, .draw = [=](ReportSurface& surface, double y) {
                  for (int column = 0; column < columns; ++column) {
                      const double left = ColumnLeft(column, columns);
                      surface.FitText(left, left + ColumnWidth(columns), y, texts.value(column * rows + row),
-                                     surface.Fonts().text);
+                                     surface.Fonts().table);
                  }
              }});
 }

@@ -15,42 +15,50 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace korvanel {
 
 namespace {
 
-/// What of the project's items tells of the recording rather than of the project.
+// What of the project's items tells of the recording: the instrument and the net first, which have long names.
 constexpr std::size_t kFirstOfMeasurement = 6;
+constexpr std::size_t kFirstOfNumbers = 9;
 constexpr int kMachineColumns = 2;
 
-QString ValueWithUnit(const QString& value, TextRef unit)
+/// A value of an item; of a number no more digits than its reader can use.
+template <typename Item>
+QString ValueOf(const Item& item, const QString& value)
 {
-    return value.isEmpty() || unit == nullptr ? value : value + u' ' + TextOf(unit);
+    double factor = 1000;
+    const std::optional<double> number = item.isTyped ? std::nullopt : LocalNumber(value);
+    const QString shown = number ? RoundSignificant(*number, factor) : value;
+    return shown.isEmpty() || item.unit == nullptr ? shown : shown + u' ' + TextOf(item.unit);
 }
 
 std::vector<ReportItem> ItemsOfProject(std::size_t first, std::size_t count)
 {
     std::vector<ReportItem> items;
     for (const ExportItem& item : ProjectItems().subspan(first, count))
-        items.push_back({TextOf(item.label), ValueWithUnit(item.value(), item.unit)});
+        items.push_back({TextOf(item.label), ValueOf(item, item.value())});
     return items;
 }
 
 void AddProject(ReportFlow& flow)
 {
-    constexpr int kLinesOfText = 8; // of the description
+    constexpr int kLinesOfText = 6; // of the description
     flow.AddHeading(texts::reportProjectBlock);
     flow.AddItems(ItemsOfProject(0, kFirstOfMeasurement), 1, kLinesOfText);
     flow.AddHeading(texts::reportMeasurementBlock);
-    flow.AddItems(ItemsOfProject(kFirstOfMeasurement, ProjectItems().size() - kFirstOfMeasurement), kMachineColumns);
+    flow.AddItems(ItemsOfProject(kFirstOfMeasurement, kFirstOfNumbers - kFirstOfMeasurement));
+    flow.AddItems(ItemsOfProject(kFirstOfNumbers, ProjectItems().size() - kFirstOfNumbers), kMachineColumns, 3);
 }
 
 void AddMachine(ReportFlow& flow)
 {
     std::vector<ReportItem> items;
     for (const MachineItem& item : MachineItems())
-        items.push_back({TextOf(item.label), ValueWithUnit(item.value(App().MachineI.record), item.unit)});
+        items.push_back({TextOf(item.label), ValueOf(item, item.value(App().MachineI.record))});
     flow.AddHeading(texts::reportMachine);
     flow.AddItems(items, kMachineColumns);
     QStringList lines = ModelListing(App().MachineI.status, App().MachineI.model);
@@ -61,7 +69,8 @@ void AddMachine(ReportFlow& flow)
     if (lines.isEmpty())
         return;
     flow.AddHeading(texts::reportMachineModel);
-    flow.AddLines(lines, kMachineColumns);
+    constexpr int kLineColumns = 3;
+    flow.AddLines(lines, kLineColumns);
 }
 
 /// Both machines with their items side by side, and how their sets are rated.
@@ -72,8 +81,8 @@ ResultTable BothMachines()
         table.rows.push_back({.kind = ResultRowKind::Values, .cells = {name, {}, first, second}});
     };
     for (const MachineItem& item : MachineItems())
-        add(TextOf(item.label), ValueWithUnit(item.value(App().MachineI.record), item.unit),
-            ValueWithUnit(item.value(App().MachineII.record), item.unit));
+        add(TextOf(item.label), ValueOf(item, item.value(App().MachineI.record)),
+            ValueOf(item, item.value(App().MachineII.record)));
     table.rows.push_back({.kind = ResultRowKind::Heading, .cells = {texts::reportClasses}});
     const QStringList first = ClassesText(App().MachineI.evaluation).split(u'\n');
     const QStringList second = ClassesText(App().MachineII.evaluation).split(u'\n');

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
 
 namespace korvanel {
 
@@ -36,34 +37,76 @@ struct SetGeometry
     {}
 };
 
-/// The columns of a table in groups that each fit into the width, about equally many in each.
-std::vector<std::vector<int>> Blocks(const std::vector<int>& columns)
+struct SetColumn
 {
-    constexpr auto kMost = static_cast<std::size_t>((kBodyRight - kBodyLeft - kSetWidth - kTimeWidth) / kLeastColumn);
-    const std::size_t count = (columns.size() + kMost - 1) / kMost;
-    std::vector<std::vector<int>> blocks;
-    for (std::size_t i = 0; i < count; ++i)
-        blocks.emplace_back(columns.begin() + static_cast<std::ptrdiff_t>(i * columns.size() / count),
-                            columns.begin() + static_cast<std::ptrdiff_t>((i + 1) * columns.size() / count));
+    int column = 0;
+    double left = 0; ///< on the page
+    double width = 0;
+    bool isKnown = true; ///< the sets of the source hold it
+};
+using Block = std::vector<SetColumn>; ///< columns that stand side by side on a page
+
+constexpr double kRoom = kBodyRight - kBodyLeft - kSetWidth - kTimeWidth;
+
+double WidthOf(const Block& block)
+{
+    return std::accumulate(block.begin(), block.end(), 0.0,
+                           [](double sum, const SetColumn& column) { return sum + column.width; });
+}
+
+/// Puts columns side by side as long as they fit and are not more than `most`.
+std::vector<Block> FilledBlocks(const Block& columns, std::size_t most)
+{
+    std::vector<Block> blocks;
+    for (const SetColumn& column : columns) {
+        if (blocks.empty() || blocks.back().size() == most || WidthOf(blocks.back()) + column.width > kRoom)
+            blocks.emplace_back();
+        blocks.back().push_back(column);
+    }
+    return blocks;
+}
+
+/// The columns of a table, about equally many on each page, with their places.
+std::vector<Block> Blocks(const SetTable& table, const ReportFonts& fonts)
+{
+    Block columns;
+    for (const int column : table.columns)
+        columns.push_back({.column = column,
+                           .width = std::max(kLeastColumn, fonts.tableHead.Width(ColumnHeading(column)) + 2 * kPadding),
+                           .isKnown = HasColumn(table.source, column)});
+    std::vector<Block> blocks = FilledBlocks(columns, columns.size());
+    if (blocks.empty())
+        return blocks;
+    const std::size_t even = (columns.size() + blocks.size() - 1) / blocks.size();
+    if (std::vector<Block> evenly = FilledBlocks(columns, even); evenly.size() == blocks.size())
+        blocks = std::move(evenly);
+    for (Block& block : blocks) {
+        const double share = (kRoom - WidthOf(block)) / static_cast<double>(block.size());
+        double left = kBodyLeft + kSetWidth + kTimeWidth;
+        for (SetColumn& column : block) {
+            column.left = left;
+            column.width += share;
+            left += column.width;
+        }
+    }
     return blocks;
 }
 
 class SetPageDrawing
 {
 public:
-    SetPageDrawing(const SetTable& ofTable, const std::vector<int>& ofBlock, ReportSurface& onSurface)
-        : table(ofTable), columns(ofBlock), surface(onSurface), geometry(onSurface.Fonts()),
-          width((kBodyRight - kBodyLeft - kSetWidth - kTimeWidth) / static_cast<double>(ofBlock.size()))
+    SetPageDrawing(const Block& ofBlock, ReportSurface& onSurface)
+        : columns(ofBlock), surface(onSurface), geometry(onSurface.Fonts())
     {}
 
-    void DrawHead()
+    void DrawHead(const QString& title)
     {
         const ReportFont& font = surface.Fonts().tableHead;
-        DrawSectionTitle(surface, kBodyTop, table.title);
+        DrawSectionTitle(surface, kBodyTop, title);
         PutCell(kBodyLeft, kSetWidth, geometry.headTop, texts::headSet, font);
         PutCell(kBodyLeft + kSetWidth, kTimeWidth, geometry.headTop, ColumnHeading(kColumnTime), font);
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            PutCell(Left(i), width, geometry.headTop, ColumnHeading(columns[i]), font);
+        for (const SetColumn& column : columns)
+            PutCell(column.left, column.width, geometry.headTop, ColumnHeading(column.column), font);
         surface.DrawLine(kBodyLeft, geometry.rowsTop - 0.5, kBodyRight, geometry.rowsTop - 0.5);
     }
 
@@ -76,9 +119,9 @@ public:
         const QString mark = row.bEdit != 0 ? texts::reportCorrectedMark : QString();
         PutCell(kBodyLeft, kSetWidth, y, mark + QString::number(reader.Set()), font);
         PutCell(kBodyLeft + kSetWidth, kTimeWidth, y, SetText(row, {}, kColumnTime), font);
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            PutCell(Left(i), width, y,
-                    HasColumn(table.source, columns[i]) ? SetText(row, {}, columns[i]) : texts::reportNoValue, font);
+        for (const SetColumn& column : columns)
+            PutCell(column.left, column.width, y,
+                    column.isKnown ? SetText(row, {}, column.column) : texts::reportNoValue, font);
         if ((place + 1) % kRowsBetweenLines == 0) {
             const double line = y + geometry.rowHeight - 0.1;
             surface.DrawLine(kBodyLeft, line, kBodyRight, line, 0.1, kLightLine);
@@ -86,27 +129,20 @@ public:
     }
 
 private:
-    double Left(std::size_t column) const
-    {
-        return kBodyLeft + kSetWidth + kTimeWidth + static_cast<double>(column) * width;
-    }
     void PutCell(double left, double cellWidth, double y, const QString& text, const ReportFont& font)
     {
         surface.FitText(left + kPadding, left + cellWidth - kPadding, y, text, font, Qt::AlignRight);
     }
 
-    const SetTable& table;
-    const std::vector<int>& columns;
+    const Block& columns;
     ReportSurface& surface;
     SetGeometry geometry;
-    double width;
 };
 
-void DrawSetPage(const SetTable& table, const std::vector<int>& block, qint32 firstSet, qint32 lastSet,
-                 ReportSurface& surface)
+void DrawSetPage(const SetTable& table, const Block& block, qint32 firstSet, qint32 lastSet, ReportSurface& surface)
 {
-    SetPageDrawing page(table, block, surface);
-    page.DrawHead();
+    SetPageDrawing page(block, surface);
+    page.DrawHead(table.title);
     const ProjectDbScope scope;
     WithDbErrors([&] {
         SetReader reader(ProjectDb(), App().iNetConfIndex, SetRange::Between, table.source);
@@ -120,8 +156,10 @@ void DrawSetPage(const SetTable& table, const std::vector<int>& block, qint32 fi
 
 bool HasColumn(SetSource source, int column)
 {
-    if (source != SetSource::Simulated || column < 0)
+    if (column < 0)
         return true;
+    if (source != SetSource::Simulated)
+        return std::ranges::binary_search(StoredQuantities(App().iNetConfIndex), column);
     return std::ranges::any_of(ValueColumns(), [column](const ValueColumn& stored) {
         return stored.quantity == column && stored.simulatedPosition > 0;
     });
@@ -129,7 +167,7 @@ bool HasColumn(SetSource source, int column)
 
 ReportRun SetPages(int section, const SetTable& table, const ReportFonts& fonts)
 {
-    const auto blocks = std::make_shared<std::vector<std::vector<int>>>(Blocks(table.columns));
+    const auto blocks = std::make_shared<std::vector<Block>>(Blocks(table, fonts));
     const int rows = SetGeometry(fonts).rows;
     const qint64 sets = std::max<qint64>(0, static_cast<qint64>(table.lastSet) - table.firstSet + 1);
     const auto blockCount = static_cast<int>(blocks->size());

@@ -21,7 +21,7 @@ struct SetTable
 /// The pages of a table, none without columns or sets.
 ReportRun SetPages(int section, const SetTable& table, const ReportFonts& fonts);
 
-/// Whether the sets of a source hold a column: of the second machine some aren't known.
+/// Whether the sets of a source hold a column in the net configuration: of the second machine some aren't known.
 bool HasColumn(SetSource source, int column);
 
 } // namespace korvanel

@@ -92,10 +92,11 @@ void ReportSurface::PutText(double x, double y, const QString& text, const Repor
     painter.drawText(QPointF(x, y + font.Ascent()) * kUnitsPerMillimetre, text);
 }
 
-void ReportSurface::FitText(double left, double right, double y, const QString& text, const ReportFont& font,
+void ReportSurface::FitText(double left, double right, double y, const QString& whole, const ReportFont& font,
                             Qt::AlignmentFlag side, const QColor& colour)
 {
     constexpr double kNarrowest = 0.7;
+    const QString text = whole.endsWith(u' ') ? whole.trimmed() : whole; // a number without a unit
     const double room = right - left;
     const double width = font.Width(text);
     if (width <= room) {
@@ -141,9 +142,7 @@ void ReportSurface::DrawInBox(const QRectF& box, double elementsPerMillimetre,
     painter.save();
     painter.translate(box.topLeft() * kUnitsPerMillimetre);
     painter.scale(kUnitsPerMillimetre / elementsPerMillimetre, kUnitsPerMillimetre / elementsPerMillimetre);
-    QFont font = painter.font();
-    font.setKerning(true);
-    painter.setFont(font);
+    painter.setFont(fonts.text.Font());
     draw(painter, (box.size() * elementsPerMillimetre).toSize());
     painter.restore();
     inUse = nullptr;

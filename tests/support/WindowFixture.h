@@ -46,6 +46,16 @@ public:
     {
         return script.dialogs.contains(number) ? script.ShowDialog(number) : MainWindow::ShowDialog(number);
     }
+    /// Those of the system where a test wants them.
+    bool hasSystemPrinters = false;
+    QStringList PrinterNames() override
+    {
+        return hasSystemPrinters ? MainWindow::PrinterNames() : script.PrinterNames();
+    }
+    QString DefaultPrinterName() override
+    {
+        return hasSystemPrinters ? MainWindow::DefaultPrinterName() : script.DefaultPrinterName();
+    }
 
 private:
     RecordingShell& script;
