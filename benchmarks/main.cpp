@@ -236,6 +236,42 @@ bool PrintLongest(const char* program, const char* what, double limit)
     return isGood;
 }
 
+/// What the program of the reports prints, as numbers.
+std::vector<double> ReportFigures(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QString::fromLocal8Bit(KORVANEL_REPORT_BENCH), arguments);
+    process.waitForFinished(-1);
+    std::vector<double> figures;
+    for (const QByteArray& figure : process.readAllStandardOutput().simplified().split(' '))
+        figures.push_back(figure.toDouble());
+    return figures;
+}
+
+bool PrintReports()
+{
+    constexpr double kMostTimes = 2;
+    constexpr double kMostMilliseconds = 100;
+    constexpr double kMostMegabytes = 16;
+    const std::vector<double> times = ReportFigures({LargeProject()});
+    if (times.size() != 4)
+        return false;
+    const auto print = [](const char* what, double figure, const char* unit, double limit) {
+        const bool isGood = figure > 0 && figure <= limit;
+        std::printf("%-46s %6.2f%s (at most %.0f)%s\n", what, figure, unit, limit, isGood ? "" : "  TOO MUCH");
+        return isGood;
+    };
+    bool isGood = print("report of 10000 sets as a file / bare texts", times[0] / times[2], "", kMostTimes * tolerance);
+    isGood &= print("the same for a printer, by the spool", times[1] / times[2], "", kMostTimes * tolerance);
+    isGood &= print("preview of all sets: longest of 60 pages", times[3], " ms", kMostMilliseconds * tolerance);
+    const double few = ReportFigures({LargeProject(), QStringLiteral("100")}).front();
+    const double many = ReportFigures({LargeProject(), QStringLiteral("10000")}).front();
+    const bool isLittle = few > 0 && many > 0 && many - few < kMostMegabytes;
+    std::printf("%-46s %6.1f MB (below %.0f; %.1f and %.1f)%s\n", "report of 10000 sets: memory over that of 100",
+                many - few, kMostMegabytes, few, many, isLittle ? "" : "  TOO MUCH");
+    return isGood && isLittle;
+}
+
 bool PrintMemory()
 {
     bool isGood = true;
@@ -312,6 +348,7 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "start to shown window / empty window", "Start_Program", "Start_Bare", 1.5);
     isGood &= PrintLongest(KORVANEL_LIST_BENCH, "show any place of the sets, longest of 200", 50);
     isGood &= PrintLongest(KORVANEL_DIAGRAM_BENCH, "draw all sets: longest time without an answer", 20 * tolerance);
+    isGood &= PrintReports();
     isGood &= PrintMemory();
     return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
 }

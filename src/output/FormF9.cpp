@@ -280,6 +280,8 @@ void FormF9::ShowPagesOfSections(const Report& report)
                 text = texts::printNoColumn;
             else if (const int pages = report.PagesOf(section); pages > 0)
                 text = QString::number(pages);
+            else if (grid->item(row, 0)->checkState() == Qt::Checked)
+                text = texts::printReplaced; // the machine beside the overview, the first machine beside the second
             grid->item(row, 1)->setText(text);
         }
     }

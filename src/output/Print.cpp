@@ -13,41 +13,9 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPicture>
 #include <QScopeGuard>
-#include <QTemporaryFile>
 
 namespace korvanel {
-
-namespace {
-
-/// A painter's units for the pages of a device.
-void ScaleToUnits(QPainter& painter, const QPaintDevice& device)
-{
-    constexpr double kMillimetresPerInch = 25.4;
-    painter.scale(device.logicalDpiX() / kMillimetresPerInch / kUnitsPerMillimetre,
-                  device.logicalDpiY() / kMillimetresPerInch / kUnitsPerMillimetre);
-}
-
-/// Draws the pages one by one; `place` makes room for a page and hands its painter over.
-void DrawPages(const Report& report, const ReportProgress& progress,
-               const std::function<void(int page, const std::function<void(QPainter&)>& draw)>& place)
-{
-    constexpr int kMilliseconds = 30;
-    const auto goOn = [&](double pages) {
-        if (progress && !progress(pages / report.PageCount()))
-            throw ReportStopped();
-    };
-    for (int page = 1; page <= report.PageCount(); ++page) {
-        goOn(page - 1);
-        while (!report.Prepare(page, kMilliseconds))
-            goOn(page - 1);
-        place(page, [&](QPainter& painter) { report.DrawPage(painter, page); });
-    }
-    goOn(report.PageCount());
-}
-
-} // namespace
 
 void SetReportPaper(QPagedPaintDevice& device)
 {
@@ -61,45 +29,27 @@ QString ReportTitle()
     return texts::reportTitle + QStringLiteral(" - ") + App().sProjectName;
 }
 
-ReportSpool::ReportSpool(const Report& report, const ReportProgress& progress)
-    : file(std::make_unique<QTemporaryFile>())
+void ScaleToUnits(QPainter& painter, const QPaintDevice& device)
 {
-    if (!file->open())
-        throw ReportFailed(texts::reportSpoolFailed + u'\n' + file->errorString());
-    DrawPages(report, progress, [this](int /*page*/, const std::function<void(QPainter&)>& draw) {
-        QPicture picture;
-        QPainter painter(&picture);
-        draw(painter);
-        painter.end();
-        Keep(QByteArray::fromRawData(picture.data(), static_cast<qsizetype>(picture.size())));
-    });
+    constexpr double kMillimetresPerInch = 25.4;
+    painter.scale(device.logicalDpiX() / kMillimetresPerInch / kUnitsPerMillimetre,
+                  device.logicalDpiY() / kMillimetresPerInch / kUnitsPerMillimetre);
 }
 
-ReportSpool::~ReportSpool() = default;
-
-void ReportSpool::Keep(const QByteArray& page)
+void DrawPages(const Report& report, const ReportProgress& progress, const std::function<void(int page)>& draw)
 {
-    if (file->write(page) != page.size() || !file->flush())
-        throw ReportFailed(texts::reportSpoolFailed + u'\n' + file->errorString());
-    lengths.push_back(page.size());
-}
-
-void ReportSpool::DrawOn(QPagedPaintDevice& device)
-{
-    QPainter painter;
-    file->seek(0);
-    for (std::size_t page = 0; page < lengths.size(); ++page) {
-        QPicture picture;
-        const QByteArray data = file->read(lengths[page]);
-        picture.setData(data.constData(), static_cast<uint>(data.size()));
-        if (page == 0 ? !painter.begin(&device) : !device.newPage())
-            throw ReportFailed(texts::reportSpoolFailed);
-        painter.save();
-        ScaleToUnits(painter, device);
-        painter.drawPicture(0, 0, picture);
-        painter.restore();
+    constexpr int kMilliseconds = 30;
+    const auto goOn = [&](double pages) {
+        if (progress && !progress(pages / report.PageCount()))
+            throw ReportStopped();
+    };
+    for (int page = 1; page <= report.PageCount(); ++page) {
+        goOn(page - 1);
+        while (!report.Prepare(page, kMilliseconds))
+            goOn(page - 1);
+        draw(page);
     }
-    painter.end();
+    goOn(report.PageCount());
 }
 
 void PdfOutput::Put(const Report& report, const ReportProgress& progress)
@@ -110,12 +60,13 @@ void PdfOutput::Put(const Report& report, const ReportProgress& progress)
     writer.setCreator(App().sProgramTitle + App().sVersion);
     SetReportPaper(writer);
     QPainter painter;
-    DrawPages(report, progress, [&](int page, const std::function<void(QPainter&)>& draw) {
+    DrawPages(report, progress, [&](int page) {
         if (page == 1 ? !painter.begin(&writer) : !writer.newPage())
             throw ReportFailed(texts::reportNoFile + u'\n' + path);
         painter.save();
         ScaleToUnits(painter, writer);
-        draw(painter);
+        PainterPaper paper(painter, report.Fonts());
+        report.DrawPage(paper, page);
         painter.restore();
         file.RequireWritten();
     });

@@ -8,10 +8,10 @@
 
 #include <functional>
 #include <stdexcept>
-#include <vector>
 
 class QPagedPaintDevice;
-class QTemporaryFile;
+class QPaintDevice;
+class QPainter;
 
 namespace korvanel {
 
@@ -49,25 +49,12 @@ void SetReportPaper(QPagedPaintDevice& device);
 /// The title of the document.
 QString ReportTitle();
 
-/// The pages of a report, kept in a temporary file until the last one is drawn, since a printer can't be called off.
-class ReportSpool
-{
-public:
-    /// Draws all pages. Throws as `ReportOutput::Put`.
-    ReportSpool(const Report& report, const ReportProgress& progress);
-    ReportSpool(const ReportSpool&) = delete;
-    ReportSpool& operator=(const ReportSpool&) = delete;
-    ~ReportSpool();
+/// A painter's units for the pages of a device.
+void ScaleToUnits(QPainter& painter, const QPaintDevice& device);
 
-    /// Draws them on a device. Throws ReportFailed.
-    void DrawOn(QPagedPaintDevice& device);
-
-private:
-    void Keep(const QByteArray& page);
-
-    std::unique_ptr<QTemporaryFile> file;
-    std::vector<qint64> lengths; ///< of the pages
-};
+/// Has the pages drawn one by one, 1 to the last, each when what it waits for is done. Throws ReportStopped, and what
+/// the drawing throws.
+void DrawPages(const Report& report, const ReportProgress& progress, const std::function<void(int page)>& draw);
 
 /// A PDF file: searchable text, title and author. An existing one is replaced when the last page is written.
 class PdfOutput : public ReportOutput

@@ -3,6 +3,7 @@
 #include "core/NumberText.h"
 #include "core/Printers.h"
 #include "core/texts/PrintExportTexts.h"
+#include "output/ReportSpool.h"
 
 #include <QLibrary>
 #include <QPrinter>

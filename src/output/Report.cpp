@@ -45,10 +45,10 @@ bool Report::Prepare(int page, int milliseconds) const
     return !run.prepare || run.prepare(milliseconds);
 }
 
-void Report::DrawPage(QPainter& painter, int page) const
+void Report::DrawPage(ReportPaper& paper, int page) const
 {
     const auto [run, pageOfRun] = Find(page);
-    ReportSurface surface(painter, *fonts);
+    ReportSurface surface(paper, *fonts);
     PrintPageHead(surface);
     run->draw(surface, pageOfRun);
     PrintPageFoot(surface, page, pageCount);

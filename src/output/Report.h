@@ -11,8 +11,6 @@
 #include <utility>
 #include <vector>
 
-class QPainter;
-
 namespace korvanel {
 
 /// A4 upright, mm.
@@ -42,9 +40,8 @@ public:
     /// Does for a page, from 1 on, what its drawing would have to wait for, for about so many milliseconds; true when
     /// nothing is left. Throws DbError.
     bool Prepare(int page, int milliseconds) const;
-    /// Draws a page onto a painter whose unit is a hundredth of a millimetre from the corner of the paper. Throws
-    /// DbError.
-    void DrawPage(QPainter& painter, int page) const;
+    /// Draws a page. Throws DbError.
+    void DrawPage(ReportPaper& paper, int page) const;
 
 private:
     std::pair<const ReportRun*, int> Find(int page) const;

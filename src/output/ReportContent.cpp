@@ -61,11 +61,8 @@ bool BelongsTo(int section, int column)
 
 std::vector<int> ColumnsOfBoth()
 {
-    std::vector<int> columns;
-    std::ranges::copy_if(kOfBoth, std::back_inserter(columns), IsSwitchedOn);
-    for (const int column : App().ColumnLayout)
-        if (IsSwitchedOn(column) && std::ranges::find(columns, column) == columns.end())
-            columns.push_back(column);
+    std::vector<int> columns = ColumnsOfBothMachines();
+    std::erase_if(columns, [](int column) { return !IsSwitchedOn(column); });
     return columns;
 }
 
@@ -102,6 +99,16 @@ QString TitleOfSets(int section)
 std::span<const int> ReportSections(int netConf)
 {
     return kSections.at(static_cast<std::size_t>(netConf));
+}
+
+std::vector<int> ColumnsOfBothMachines()
+{
+    std::vector<int> columns(std::begin(kOfBoth), std::end(kOfBoth));
+    for (const int column : App().ColumnLayout) // what else a second machine has
+        if (column >= 0 && HasColumn(SetSource::Simulated, column) &&
+            std::ranges::find(columns, column) == columns.end())
+            columns.push_back(column);
+    return columns;
 }
 
 std::vector<int> ReportColumns(int section)

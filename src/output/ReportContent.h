@@ -38,6 +38,9 @@ std::span<const int> ReportSections(int netConf);
 /// Empty for a section without such a table.
 std::vector<int> ReportColumns(int section);
 
+/// The columns that the tables of both machines can have, whatever is switched on.
+std::vector<int> ColumnsOfBothMachines();
+
 /// First and last of the sets that the tables show: what is chosen, within the recording and in ascending order.
 struct ReportSets
 {

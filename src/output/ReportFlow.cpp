@@ -58,7 +58,7 @@ void ReportFlow::AddHeading(const QString& text)
 
 void ReportFlow::AddGap(double height)
 {
-    Add({.height = height, .draw = [](ReportSurface&, double) {}});
+    Add({.height = height, .draw = {}});
 }
 
 void ReportFlow::AddItems(const std::vector<ReportItem>& items, int columns, int mostLines)
@@ -135,6 +135,10 @@ ReportRun ReportFlow::Run(int section)
     std::vector<std::vector<Place>> pages(1);
     double y = kBodyTop;
     for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (!lines[i].draw) { // at the end of a page it separates nothing
+            y += lines[i].height;
+            continue;
+        }
         if (y + HeightWithNext(i) > kBodyBottom && !pages.back().empty()) {
             pages.emplace_back();
             y = kBodyTop;

@@ -62,7 +62,7 @@ private:
     struct Line
     {
         double height;
-        std::function<void(ReportSurface& surface, double y)> draw;
+        std::function<void(ReportSurface& surface, double y)> draw; ///< none of a gap
         bool staysWithNext = false;
         std::optional<std::size_t> repeated = {}; ///< line that stands above this one on a new page
     };

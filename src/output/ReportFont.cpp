@@ -22,9 +22,9 @@ QFont FontOfSize(double points, bool isBold)
 
 } // namespace
 
-ReportFont::ReportFont(double points, bool isBold)
-    : font(FontOfSize(points, isBold)), metrics(font), lineHeight(metrics.height() / kUnitsPerMillimetre),
-      ascent(metrics.ascent() / kUnitsPerMillimetre)
+ReportFont::ReportFont(int ofReport, double points, bool isBold)
+    : number(ofReport), font(FontOfSize(points, isBold)), metrics(font),
+      lineHeight(metrics.height() / kUnitsPerMillimetre), ascent(metrics.ascent() / kUnitsPerMillimetre)
 {
     for (std::size_t code = 0; code < advances.size(); ++code)
         advances.at(code) = metrics.horizontalAdvance(QChar(static_cast<char16_t>(code))) / kUnitsPerMillimetre;
@@ -54,11 +54,12 @@ qsizetype ReportFont::Fitting(QStringView text, double width) const
     if (fitting == text.size())
         return fitting;
     // Of other scripts the neighbours decide on the shape. No character is narrower than nothing, so that a text with
-    // more of them isn't narrower; a stretch is looked at that is surely too long.
-    constexpr qsizetype kStretch = 64;
+    // more of them isn't narrower; a stretch is looked at that is surely too long. It doubles, since many characters
+    // without a width make a long one.
+    qsizetype stretch = 64;
     qsizetype tooMany = fitting + 1;
-    while (tooMany < text.size() && Width(text.first(tooMany)) <= width)
-        tooMany = std::min(text.size(), tooMany + kStretch);
+    for (; tooMany < text.size() && Width(text.first(tooMany)) <= width; stretch *= 2)
+        tooMany = std::min(text.size(), tooMany + stretch);
     if (Width(text.first(tooMany)) <= width)
         return tooMany;
     qsizetype low = fitting;
@@ -67,6 +68,14 @@ qsizetype ReportFont::Fitting(QStringView text, double width) const
         (Width(text.first(middle)) <= width ? low : high) = middle;
     }
     return low > 0 && low < text.size() && text[low].isLowSurrogate() ? low - 1 : low;
+}
+
+const ReportFont& ReportFonts::ByNumber(int number) const
+{
+    for (const ReportFont* font : {&title, &heading, &bold, &table, &tableHead, &small})
+        if (font->Number() == number)
+            return *font;
+    return text;
 }
 
 } // namespace korvanel

@@ -16,7 +16,10 @@ inline constexpr double kUnitsPerMillimetre = 100;
 class ReportFont
 {
 public:
-    explicit ReportFont(double points, bool isBold = false);
+    /// `number` is its own among the fonts of a report.
+    ReportFont(int ofReport, double points, bool isBold = false);
+
+    int Number() const { return number; }
 
     /// For a painter that counts in hundredths of a millimetre.
     const QFont& Font() const { return font; }
@@ -28,6 +31,7 @@ public:
     qsizetype Fitting(QStringView text, double width) const;
 
 private:
+    int number;
     QFont font;
     QFontMetricsF metrics;
     double lineHeight;
@@ -38,13 +42,16 @@ private:
 /// The sizes of a report.
 struct ReportFonts
 {
-    ReportFont title{15, true};
-    ReportFont heading{11, true};
-    ReportFont text{9};
-    ReportFont bold{9, true};
-    ReportFont table{8};
-    ReportFont tableHead{8, true};
-    ReportFont small{7};
+    ReportFont title{0, 15, true};
+    ReportFont heading{1, 11, true};
+    ReportFont text{2, 9};
+    ReportFont bold{3, 9, true};
+    ReportFont table{4, 8};
+    ReportFont tableHead{5, 8, true};
+    ReportFont small{6, 7};
+
+    /// The font of a number; the one for texts for a number that none has.
+    const ReportFont& ByNumber(int number) const;
 };
 
 } // namespace korvanel

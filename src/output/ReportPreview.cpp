@@ -100,6 +100,15 @@ void ReportPreview::ShowPage(int page)
         static_cast<int>(std::min<qint64>(static_cast<qint64>(page - 1) * PageStep(), verticalScrollBar()->maximum())));
 }
 
+bool ReportPreview::IsDrawn() const
+{
+    const auto [first, last] = PagesInView();
+    for (int page = first; page <= last; ++page)
+        if (!drawn.contains(page))
+            return false;
+    return true;
+}
+
 void ReportPreview::Zoom(int steps)
 {
     const int page = PageInView();
@@ -144,7 +153,8 @@ QPixmap ReportPreview::Drawn(int page) const
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     const double scale = PageSize().width() / kPaper.width() / kUnitsPerMillimetre;
     painter.scale(scale, scale);
-    report->DrawPage(painter, page);
+    PainterPaper paper(painter, report->Fonts());
+    report->DrawPage(paper, page);
     return pixmap;
 }
 

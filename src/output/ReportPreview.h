@@ -26,6 +26,8 @@ public:
     int PageInView() const;
     int PageCount() const { return report ? report->PageCount() : 0; }
     void ShowPage(int page);
+    /// Whether all pages in view are drawn.
+    bool IsDrawn() const;
     /// Larger by a step, or smaller where it is negative; the smallest size fits the width.
     void Zoom(int steps);
 

@@ -81,8 +81,9 @@ ResultTable BothMachines()
         table.rows.push_back({.kind = ResultRowKind::Values, .cells = {name, {}, first, second}});
     };
     for (const MachineItem& item : MachineItems())
-        add(TextOf(item.label), ValueOf(item, item.value(App().MachineI.record)),
-            ValueOf(item, item.value(App().MachineII.record)));
+        if (item.label != &texts::exportMachineRemark) // it is as long as its writer liked
+            add(TextOf(item.label), ValueOf(item, item.value(App().MachineI.record)),
+                ValueOf(item, item.value(App().MachineII.record)));
     table.rows.push_back({.kind = ResultRowKind::Heading, .cells = {texts::reportClasses}});
     const QStringList first = ClassesText(App().MachineI.evaluation).split(u'\n');
     const QStringList second = ClassesText(App().MachineII.evaluation).split(u'\n');
@@ -114,7 +115,9 @@ ReportRun BothOverviewPages(const ReportFonts& fonts)
     ReportFlow flow(fonts);
     flow.AddTitle(texts::reportBothOverview);
     AddProject(flow);
-    flow.AddGap(2);
+    flow.AddItems({{texts::reportMachineI + u':', App().MachineI.record.Hersteller},
+                   {texts::reportMachineII + u':', App().MachineII.record.Hersteller}});
+    flow.AddGap(1);
     flow.AddTable(BothMachines());
     return flow.Run(kReportBothOverview);
 }

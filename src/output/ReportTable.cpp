@@ -41,9 +41,10 @@ void ReportTable::MakeRoom(const ReportFonts& fonts)
         width += 2 * kCellPadding;
     const double needed = std::accumulate(widths.begin(), widths.end(), 0.0);
     const double there = tableRight - tableLeft;
-    if (needed > there) { // everything is condensed alike
-        for (double& width : widths)
-            width *= there / needed;
+    if (needed > there) { // the names keep their room, the values are condensed alike
+        const auto values = widths.begin() + static_cast<std::ptrdiff_t>(std::min(kNames, widths.size()));
+        const double ofValues = std::accumulate(values, widths.end(), 0.0);
+        std::for_each(values, widths.end(), [&](double& width) { width *= (there - needed + ofValues) / ofValues; });
         return;
     }
     const std::size_t sharing = widths.size() > kNames ? widths.size() - kNames : 0;

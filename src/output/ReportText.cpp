@@ -81,15 +81,56 @@ QString CutText(const QString& text, double width, const ReportFont& font)
     return whole.left(font.Fitting(whole, width - font.Width(kEllipsis))) + kEllipsis;
 }
 
-void ReportSurface::PutText(double x, double y, const QString& text, const ReportFont& font, const QColor& colour)
+void PainterPaper::Use(const ReportFont& font, QRgb colour)
 {
     if (inUse != &font) {
         painter.setFont(font.Font());
         inUse = &font;
     }
-    if (painter.pen().color() != colour)
-        painter.setPen(colour);
-    painter.drawText(QPointF(x, y + font.Ascent()) * kUnitsPerMillimetre, text);
+    if (painter.pen().color().rgb() != colour)
+        painter.setPen(QColor(colour));
+}
+
+void PainterPaper::PutText(QPointF place, const QString& text, const ReportFont& font, QRgb colour, double share)
+{
+    Use(font, colour);
+    const QPointF base = QPointF(place.x(), place.y() + font.Ascent()) * kUnitsPerMillimetre;
+    if (share == 1) {
+        painter.drawText(base, text);
+        return;
+    }
+    const QTransform former = painter.transform();
+    painter.translate(base);
+    painter.scale(share, 1);
+    painter.drawText(QPointF(), text);
+    painter.setTransform(former);
+}
+
+void PainterPaper::FillBox(const QRectF& box, QRgb colour)
+{
+    painter.fillRect(QRectF(box.topLeft() * kUnitsPerMillimetre, box.size() * kUnitsPerMillimetre), QColor(colour));
+}
+
+void PainterPaper::DrawLine(const QLineF& line, double width, QRgb colour)
+{
+    painter.setPen(QPen(QColor(colour), width * kUnitsPerMillimetre));
+    painter.drawLine(line.p1() * kUnitsPerMillimetre, line.p2() * kUnitsPerMillimetre);
+}
+
+void PainterPaper::DrawInBox(const QRectF& box, double elementsPerMillimetre, const BoxDrawing& draw)
+{
+    painter.save();
+    painter.translate(box.topLeft() * kUnitsPerMillimetre);
+    painter.scale(kUnitsPerMillimetre / elementsPerMillimetre, kUnitsPerMillimetre / elementsPerMillimetre);
+    painter.setFont(fonts.text.Font());
+    draw(painter, (box.size() * elementsPerMillimetre).toSize());
+    painter.restore();
+    inUse = nullptr;
+}
+
+void ReportSurface::PutText(double x, double y, const QString& text, const ReportFont& font)
+{
+    paper.PutText({x, y}, text, font, QColor(Qt::black).rgb(), 1);
 }
 
 void ReportSurface::FitText(double left, double right, double y, const QString& whole, const ReportFont& font,
@@ -103,17 +144,11 @@ void ReportSurface::FitText(double left, double right, double y, const QString& 
         const double x = side == Qt::AlignRight     ? right - width
                          : side == Qt::AlignHCenter ? left + (room - width) / 2
                                                     : left;
-        PutText(x, y, text, font, colour);
+        paper.PutText({x, y}, text, font, colour.rgb(), 1);
         return;
     }
     const QString shown = CutText(text, room / kNarrowest, font);
-    const double share = room / std::max(room, font.Width(shown));
-    painter.save();
-    painter.translate(left * kUnitsPerMillimetre, 0);
-    painter.scale(share, 1);
-    PutText(0, y, shown, font, colour);
-    painter.restore();
-    inUse = nullptr;
+    paper.PutText({left, y}, shown, font, colour.rgb(), room / std::max(room, font.Width(shown)));
 }
 
 void ReportSurface::PrintText(const QRectF& box, const QString& text, const ReportFont& font)
@@ -127,25 +162,12 @@ void ReportSurface::PrintText(const QRectF& box, const QString& text, const Repo
 
 void ReportSurface::FillBox(const QRectF& box, const QColor& colour)
 {
-    painter.fillRect(QRectF(box.topLeft() * kUnitsPerMillimetre, box.size() * kUnitsPerMillimetre), colour);
+    paper.FillBox(box, colour.rgb());
 }
 
 void ReportSurface::DrawLine(double x1, double y1, double x2, double y2, double width, const QColor& colour)
 {
-    painter.setPen(QPen(colour, width * kUnitsPerMillimetre));
-    painter.drawLine(QPointF(x1, y1) * kUnitsPerMillimetre, QPointF(x2, y2) * kUnitsPerMillimetre);
-}
-
-void ReportSurface::DrawInBox(const QRectF& box, double elementsPerMillimetre,
-                              const std::function<void(QPainter& painter, QSize elements)>& draw)
-{
-    painter.save();
-    painter.translate(box.topLeft() * kUnitsPerMillimetre);
-    painter.scale(kUnitsPerMillimetre / elementsPerMillimetre, kUnitsPerMillimetre / elementsPerMillimetre);
-    painter.setFont(fonts.text.Font());
-    draw(painter, (box.size() * elementsPerMillimetre).toSize());
-    painter.restore();
-    inUse = nullptr;
+    paper.DrawLine({x1, y1, x2, y2}, width, colour.rgb());
 }
 
 } // namespace korvanel

@@ -5,6 +5,7 @@
 #include "output/ReportFont.h"
 
 #include <QColor>
+#include <QLineF>
 #include <QRectF>
 #include <QString>
 #include <QStringList>
@@ -26,16 +27,49 @@ QStringList LinesInBox(const QString& text, double width, double height, const R
 /// The text, cut to a width with "..." at its end where it is longer.
 QString CutText(const QString& text, double width, const ReportFont& font);
 
-/// A page of the report as something to draw on. The painter counts in hundredths of a millimetre from the corner of
-/// the paper.
+/// Draws on a painter whose units are elements, of which there are so many.
+using BoxDrawing = std::function<void(QPainter& painter, QSize elements)>;
+
+/// What a report puts on a page, piece by piece.
+class ReportPaper
+{
+public:
+    virtual ~ReportPaper() = default;
+    /// One line with its upper left corner at a place, condensed to a share of its width.
+    virtual void PutText(QPointF place, const QString& text, const ReportFont& font, QRgb colour, double share) = 0;
+    virtual void FillBox(const QRectF& box, QRgb colour) = 0;
+    virtual void DrawLine(const QLineF& line, double width, QRgb colour) = 0;
+    /// Something of its own in a box, as so many elements a millimetre.
+    virtual void DrawInBox(const QRectF& box, double elementsPerMillimetre, const BoxDrawing& draw) = 0;
+};
+
+/// A page on a painter that counts in hundredths of a millimetre from the corner of the paper.
+class PainterPaper : public ReportPaper
+{
+public:
+    PainterPaper(QPainter& ofPage, const ReportFonts& ofReport) : painter(ofPage), fonts(ofReport) {}
+    void PutText(QPointF place, const QString& text, const ReportFont& font, QRgb colour, double share) override;
+    void FillBox(const QRectF& box, QRgb colour) override;
+    void DrawLine(const QLineF& line, double width, QRgb colour) override;
+    void DrawInBox(const QRectF& box, double elementsPerMillimetre, const BoxDrawing& draw) override;
+
+private:
+    void Use(const ReportFont& font, QRgb colour);
+
+    QPainter& painter;
+    const ReportFonts& fonts;
+    const ReportFont* inUse = nullptr; ///< the font that the painter has
+};
+
+/// A page as sections write on it.
 class ReportSurface
 {
 public:
-    ReportSurface(QPainter& ofPage, const ReportFonts& ofReport) : painter(ofPage), fonts(ofReport) {}
+    ReportSurface(ReportPaper& onPaper, const ReportFonts& ofReport) : paper(onPaper), fonts(ofReport) {}
 
     const ReportFonts& Fonts() const { return fonts; }
     /// One line with its upper left corner at a place.
-    void PutText(double x, double y, const QString& text, const ReportFont& font, const QColor& colour = Qt::black);
+    void PutText(double x, double y, const QString& text, const ReportFont& font);
     /// One line between two places: condensed where it is a little too wide, cut with "..." where it is far too wide.
     void FitText(double left, double right, double y, const QString& text, const ReportFont& font,
                  Qt::AlignmentFlag side = Qt::AlignLeft, const QColor& colour = Qt::black);
@@ -43,14 +77,14 @@ public:
     void PrintText(const QRectF& box, const QString& text, const ReportFont& font);
     void FillBox(const QRectF& box, const QColor& colour);
     void DrawLine(double x1, double y1, double x2, double y2, double width = 0.15, const QColor& colour = Qt::black);
-    /// Something of its own in a box, as so many elements a millimetre.
-    void DrawInBox(const QRectF& box, double elementsPerMillimetre,
-                   const std::function<void(QPainter& painter, QSize elements)>& draw);
+    void DrawInBox(const QRectF& box, double elementsPerMillimetre, const BoxDrawing& draw)
+    {
+        paper.DrawInBox(box, elementsPerMillimetre, draw);
+    }
 
 private:
-    QPainter& painter;
+    ReportPaper& paper;
     const ReportFonts& fonts;
-    const ReportFont* inUse = nullptr; ///< the one that the painter has
 };
 
 } // namespace korvanel

@@ -1,7 +1,7 @@
 // Shows the program at work: starts it with private settings and a simulated instrument on its first port, presses its
 // real buttons from New to STOP, and leaves the project file, the instrument's log of what it sent and a picture of
-// each page and the exported text. What was stored is compared with what was sent, and what was exported with what was
-// stored; a difference makes the demo fail.
+// each page, the exported text and the report. What was stored is compared with what was sent, and what was exported
+// with what was stored; a difference makes the demo fail.
 //   korvanel_demo [--seconds N] [--out DIR] [--family NAME]
 #include "demo/Comparison.h"
 #include "demo/DemoInstrument.h"
@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QProcess>
 #include <QSettings>
 #include <QTextStream>
 #include <QThread>
@@ -51,6 +52,7 @@ public:
         ConfigureInstrument();
         Record();
         WalkPages();
+        PrintReport();
         BuildLoadCycle();
         driver.Trigger(QStringLiteral("mnuEnd"));
         if (driver.WaitForEnd() != EXIT_SUCCESS)
@@ -293,6 +295,30 @@ private:
         }
     }
 
+    /// The report as a file, and its pages as pictures.
+    void PrintReport()
+    {
+        const QString file = folder.filePath(QStringLiteral("Pumpe 3.pdf"));
+        QFile::remove(file);
+        driver.Trigger(QStringLiteral("mnuResPrint"));
+        driver.WaitForControl(QStringLiteral("FormF9"));
+        driver.Choose(QStringLiteral("cboPrinters"), QStringLiteral("PDF-Datei"));
+        QThread::msleep(kPictureMs);
+        Picture(QStringLiteral("9-drucken"));
+        driver.Trigger(QStringLiteral("cmdPrint"));
+        driver.GivePath(file);
+        constexpr unsigned long kPollMs = 50;
+        for (QElapsedTimer waiting = Started(); !QFile::exists(file) && waiting.elapsed() < kLongestPrintMs;)
+            QThread::msleep(kPollMs); // it appears when its last page is written
+        for (const QString& old : folder.entryList({QStringLiteral("9-bericht-*.png")}))
+            folder.remove(old);
+        const int result = QProcess::execute(QStringLiteral("pdftoppm"),
+                                             {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("70"), file,
+                                              folder.filePath(QStringLiteral("9-bericht"))});
+        if (result != EXIT_SUCCESS || folder.entryList({QStringLiteral("9-bericht-*.png")}).isEmpty())
+            throw DriverError("the report has no pages");
+    }
+
     /// A load cycle of a saw, entered by hand: idle, cut, idle.
     void BuildLoadCycle()
     {
@@ -329,10 +355,10 @@ private:
         }
         FindSet(5);
         QThread::msleep(kPictureMs);
-        Picture(QStringLiteral("9-editor"));
+        Picture(QStringLiteral("5-editor"));
         driver.Trigger(QStringLiteral("mnuResTable"));
         driver.WaitForControl(QStringLiteral("FormF6"));
-        Picture(QStringLiteral("9-lastspiel-auswertung"));
+        Picture(QStringLiteral("6-lastspiel-auswertung"));
     }
 
     void FindSet(int set)
@@ -377,6 +403,14 @@ private:
         driver.WaitUntilEnabled(QStringLiteral("cmdExcel")); // the page is locked meanwhile
     }
 
+    static QElapsedTimer Started()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        return timer;
+    }
+
+    static constexpr qint64 kLongestPrintMs = 30'000;
     static constexpr int kPictureMs = 500; // until the picture of all sets is drawn
 
     QDir folder;
