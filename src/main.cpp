@@ -39,6 +39,7 @@
 #include "motors/MotorDatabase.h"
 #include "output/Export.h"
 #include "output/FormF9.h"
+#include "output/FormH16.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
 #include "project/ProjectStore.h"
@@ -107,6 +108,7 @@ void RegisterDialogs(MainWindow& window)
     window.RegisterDialog(kDialogSecondMachine, BuildDialog<FormH12>);
     window.RegisterDialog(kDialogComparison, BuildDialog<FormH13>);
     window.RegisterDialog(kDialogSimulationResults, BuildDialog<FormH14>);
+    window.RegisterDialog(kDialogPrintMachines, BuildDialog<FormH16>);
 }
 
 void ConnectPageEntries(MainWindow& window)

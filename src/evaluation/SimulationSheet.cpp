@@ -39,7 +39,7 @@ SimulationSheet::SimulationSheet(std::function<void(const std::function<void()>&
                                              {"cmdInfo", texts::simulationInfo, kDialogMachineInfo}})
         forMachine.push_back(AddButton(*buttons, name, text, dialog));
     buttons->addStretch(1);
-    AddButton(*buttons, "cmdPrint", texts::simulationPrint, 0)->setEnabled(false); // there are no reports yet
+    forMachine.push_back(AddButton(*buttons, "cmdPrint", texts::simulationPrint, kDialogPrintMachines));
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

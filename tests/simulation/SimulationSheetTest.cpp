@@ -66,7 +66,8 @@ TEST_F(SimulationSheetTest, EnteringThePageRunsTheSecondMachineWhereItsRowsAreMi
     EXPECT_EQ(Cell("flxSimul", 4, 0), "5");
     EXPECT_EQ(Cell("flxSimul", 0, 2), "400");
     EXPECT_EQ(Cell("flxSimul", 0, 6), "60") << "the torque is that of the measured machine";
-    EXPECT_TRUE(Find<QPushButton>("cmdCompare").isEnabled());
+    for (const char* name : {"cmdChoice", "cmdCompare", "cmdEvaluation", "cmdInfo", "cmdPrint"})
+        EXPECT_TRUE(Find<QPushButton>(name).isEnabled()) << name;
     if (const QByteArray target = qgetenv("KORVANEL_PICTURES"); !target.isEmpty())
         window.grab().save(QString::fromLocal8Bit(target) + "/zweite-maschine.png");
 }
@@ -95,6 +96,25 @@ TEST_F(SimulationSheetTest, AcceptedChoiceShowsTheNewRows)
     Find<QPushButton>("cmdChoice").click();
     EXPECT_EQ(Cell("flxSimul", 0, 0), "1");
     EXPECT_NE(Label("lblSecondMachine"), "Keine zweite Maschine ausgewählt");
+}
+
+TEST_F(SimulationSheetTest, EachButtonOpensItsDialog)
+{
+    OpenProjectOf(2);
+    StoreNumbered(5);
+    ChooseMachine();
+    EnterTab();
+    const std::pair<const char*, int> cases[] = {{"cmdChoice", kDialogSecondMachine},
+                                                 {"cmdCompare", kDialogComparison},
+                                                 {"cmdEvaluation", kDialogSimulationResults},
+                                                 {"cmdInfo", kDialogMachineInfo},
+                                                 {"cmdPrint", kDialogPrintMachines}};
+    for (const auto& [name, number] : cases) {
+        shell.dialogs[number] = [] { return false; };
+        shell.calls.clear();
+        Find<QPushButton>(name).click();
+        EXPECT_TRUE(shell.calls.contains(QStringLiteral("ShowDialog %1").arg(FindDialog(number)->name))) << name;
+    }
 }
 
 TEST_F(SimulationSheetTest, CorrectedSetsBearTheirStar)

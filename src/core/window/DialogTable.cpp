@@ -12,6 +12,7 @@ constexpr DialogEntry kDialogs[] = {
     {.number = kDialogWiring, .name = "FormH7"},         {.number = kDialogMachineInfo, .name = "FormH8"},
     {.number = kDialogMotorDatabase, .name = "FormH11"}, {.number = kDialogSecondMachine, .name = "FormH12"},
     {.number = kDialogComparison, .name = "FormH13"},    {.number = kDialogSimulationResults, .name = "FormH14"},
+    {.number = kDialogPrintMachines, .name = "FormH16"},
 };
 
 } // namespace

@@ -16,6 +16,7 @@ enum DialogNumber
     kDialogSecondMachine = 12,
     kDialogComparison = 13,
     kDialogSimulationResults = 14,
+    kDialogPrintMachines = 16,
 };
 
 struct DialogEntry

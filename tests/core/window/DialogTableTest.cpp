@@ -18,8 +18,9 @@ class DialogTableTest : public BlockTest
 
 TEST_F(DialogTableTest, Dialogs_HaveTheirNames)
 {
-    const std::pair<int, const char*> cases[] = {{2, "FormH2"},   {5, "FormH5"},   {7, "FormH7"},   {8, "FormH8"},
-                                                 {11, "FormH11"}, {12, "FormH12"}, {13, "FormH13"}, {14, "FormH14"}};
+    const std::pair<int, const char*> cases[] = {{2, "FormH2"},   {5, "FormH5"},   {7, "FormH7"},
+                                                 {8, "FormH8"},   {11, "FormH11"}, {12, "FormH12"},
+                                                 {13, "FormH13"}, {14, "FormH14"}, {16, "FormH16"}};
     for (const auto& [number, name] : cases) {
         const DialogEntry* dialog = FindDialog(number);
         ASSERT_NE(dialog, nullptr) << number;
