@@ -74,7 +74,8 @@ TEST_F(SecondMachineProgram, ChosenMachineRunsOverTheSetsAndStaysWithTheProject)
     EnterTab();
     WaitForRows();
     EXPECT_TRUE(program.Text("lblSecondMachine").startsWith("15 kW"));
-    for (const auto& [button, dialog] : {std::pair{"cmdCompare", "FormH13"}, {"cmdEvaluation", "FormH14"}}) {
+    for (const auto& [button, dialog] :
+         {std::pair{"cmdCompare", "FormH13"}, {"cmdEvaluation", "FormH14"}, {"cmdPrint", "FormH16"}}) {
         program.Trigger(button);
         program.WaitForControl(dialog);
         program.Trigger("cmdOK");
