@@ -249,6 +249,8 @@ void FormF9::Leave()
 /// Results that a section shows are formed first, as on the pages that show them.
 void FormF9::ShowReport()
 {
+    if (isEvaluating) // what was changed meanwhile is shown at its end
+        return;
     if (ReportShowsResults()) {
         const QScopedValueRollback evaluating(isEvaluating, true);
         ProvideResults(windowTitle());
@@ -323,7 +325,7 @@ bool FormF9::eventFilter(QObject* watched, QEvent* event)
 
 void FormF9::Print()
 {
-    if (!range->Take())
+    if (isEvaluating || !range->Take())
         return;
     if (const std::unique_ptr<ReportOutput> output = printers->AskOutput())
         LockedAndBusy([&] { RunPrint(*this, *output, ReportOfProject); }, [this] { ShowReport(); });

@@ -51,7 +51,7 @@ Report ReportOfBothMachines()
 {
     Report report;
     for (const SectionOfBoth& line : kSectionsOfBoth)
-        if (IsPrinted(line.section) && (line.section != kReportSecondMachineSets || HasRowsOfSecondMachine()))
+        if (IsPrinted(line.section))
             PrintSection(report, line.section);
     return report;
 }

@@ -1,7 +1,7 @@
 #include "output/PdfFile.h"
 
 #include "core/texts/PrintExportTexts.h"
-#include "output/Print.h"
+#include "output/ReportFailures.h"
 
 #include <QRegularExpression>
 

@@ -63,11 +63,13 @@ void PdfOutput::Put(const Report& report, const ReportProgress& progress)
     DrawPages(report, progress, [&](int page) {
         if (page == 1 ? !painter.begin(&writer) : !writer.newPage())
             throw ReportFailed(texts::reportNoFile + u'\n' + path);
-        painter.save();
-        ScaleToUnits(painter, writer);
-        PainterPaper paper(painter, report.Fonts());
-        report.DrawPage(paper, page);
-        painter.restore();
+        {
+            painter.save();
+            const auto restored = qScopeGuard([&painter] { painter.restore(); });
+            ScaleToUnits(painter, writer);
+            PainterPaper paper(painter, report.Fonts());
+            report.DrawPage(paper, page);
+        }
         file.RequireWritten();
     });
     painter.end();

@@ -10,6 +10,7 @@
 #include "output/Print.h"
 
 #include <QProgressDialog>
+#include <QPushButton>
 
 namespace korvanel {
 
@@ -25,7 +26,10 @@ bool RunPrint(QWidget& parent, ReportOutput& output, Report (*make)())
     cursor.Show();
     App().dtPrinted = PresentMoment();
     const Report report = make();
-    QProgressDialog dialog(texts::printProgress, texts::buttonCancel, 0, kSteps, parent.window());
+    QProgressDialog dialog(texts::printProgress, {}, 0, kSteps, parent.window());
+    auto* stop = new QPushButton(texts::buttonCancel);
+    stop->setObjectName(QStringLiteral("cmdAbort"));
+    dialog.setCancelButton(stop);
     dialog.setObjectName(QStringLiteral("dlgPrinting"));
     dialog.setWindowTitle(parent.windowTitle());
     dialog.setWindowModality(Qt::ApplicationModal);

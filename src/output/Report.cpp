@@ -1,6 +1,6 @@
 #include "output/Report.h"
 
-#include "output/ReportSections.h"
+#include "output/ReportPageHead.h"
 
 #include <stdexcept>
 

@@ -2,8 +2,7 @@
 // What it shows are the results in hand and the sets of the file; it computes nothing.
 #pragma once
 
-#include "diagrams/SetValues.h"
-#include "output/ReportFlow.h"
+#include "output/ReportRun.h"
 
 #include <QSizeF>
 
@@ -15,13 +14,6 @@ namespace korvanel {
 
 /// A4 upright, mm.
 inline constexpr QSizeF kPaper(210, 297);
-
-/// What diagrams are drawn from.
-struct DiagramSources
-{
-    std::shared_ptr<SetValues> measured;
-    std::shared_ptr<SetValues> simulated; ///< of the second machine
-};
 
 class Report
 {

@@ -188,7 +188,8 @@ void AddSets(Report& report)
 bool ReportShowsResults()
 {
     const auto showsResults = [](int section) {
-        return IsOn(section) && (section < kReportMachineSets || section > kReportPhase3) && section != kReportSets;
+        return IsOn(section) && section != kReportSets && section != kReportMachineSets &&
+               (section < kReportRegisters || section > kReportPhase3);
     };
     return std::ranges::any_of(ReportSections(App().iNetConfIndex), showsResults);
 }
@@ -218,6 +219,8 @@ void PrintSection(Report& report, int section)
         AddTable(report, section, {.title = texts::reportMachineSetsI, .columns = ColumnsOfBoth()});
         return;
     case kReportSecondMachineSets:
+        if (App().MachineII.evaluation.lSets == 0) // what the file may hold then are rows of another machine
+            return;
         AddTable(report, section,
                  {.title = texts::reportMachineSetsII, .columns = ColumnsOfBoth(), .source = SetSource::Simulated});
         return;

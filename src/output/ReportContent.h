@@ -11,26 +11,6 @@
 
 namespace korvanel {
 
-/// The sections by their index in `PrintIt`.
-enum ReportSection
-{
-    kReportOverview = 0,
-    kReportExtremes = 1,
-    kReportEnergy = 2,
-    kReportSets = 3,
-    kReportUtilisation = 4,
-    kReportMachineSets = 5,
-    kReportSecondMachineSets = 6,
-    kReportRegisters = 7,
-    kReportPhase1 = 8,
-    kReportPhase3 = 10,
-    kReportAllCurves = 11,
-    kReportOneCurve = 12,
-    kReportMachine = 13,
-    kReportBothOverview = 14,
-    kReportBothUtilisation = 15,
-};
-
 /// The sections that a net configuration can have, in the order of their pages; none where nothing is reported.
 std::span<const int> ReportSections(int netConf);
 
@@ -49,7 +29,7 @@ struct ReportSets
 };
 ReportSets SetsOfReport();
 
-/// Whether a section is switched on that shows results of the evaluation; the tables of sets don't.
+/// Whether a section is switched on that shows results of the evaluation; the tables of the measured sets don't.
 bool ReportShowsResults();
 
 /// The report of the project, by `PrintIt`; without pages where nothing is switched on.

@@ -2,6 +2,7 @@
 #include "core/texts/PrintExportTexts.h"
 #include "diagrams/DiagramContent.h"
 #include "diagrams/DiagramPicture.h"
+#include "output/ReportFlow.h"
 #include "output/ReportSections.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "evaluation/WinManaging2.h"
-#include "output/ReportText.h"
+#include "output/ReportRun.h"
 
 #include <functional>
 #include <optional>
@@ -16,18 +16,6 @@ inline constexpr double kBodyLeft = 20;
 inline constexpr double kBodyRight = 190;
 inline constexpr double kBodyTop = 43;
 inline constexpr double kBodyBottom = 279;
-
-/// Pages of a report that follow each other. A page is drawn by its number and needs none of the others.
-struct ReportRun
-{
-    int section = 0; ///< of `PrintIt`
-    int pages = 0;
-    /// Draws a page, from 0 on, between head and foot. Throws DbError.
-    std::function<void(ReportSurface& surface, int page)> draw;
-    /// Does what a drawing would have to wait for, for about so many milliseconds; true when nothing is left. Throws
-    /// DbError. None: there is nothing.
-    std::function<bool(int milliseconds)> prepare = {};
-};
 
 /// A label and what stands behind it.
 struct ReportItem

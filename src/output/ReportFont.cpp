@@ -8,6 +8,7 @@ namespace korvanel {
 namespace {
 
 constexpr double kMillimetresPerPoint = 25.4 / 72;
+constexpr double kLinesPerSize = 1.2; ///< whatever font the system has in place of the wanted one, pages break alike
 
 QFont FontOfSize(double points, bool isBold)
 {
@@ -24,7 +25,7 @@ QFont FontOfSize(double points, bool isBold)
 
 ReportFont::ReportFont(int ofReport, double points, bool isBold)
     : number(ofReport), font(FontOfSize(points, isBold)), metrics(font),
-      lineHeight(metrics.height() / kUnitsPerMillimetre), ascent(metrics.ascent() / kUnitsPerMillimetre)
+      lineHeight(kLinesPerSize * points * kMillimetresPerPoint), ascent(metrics.ascent() / kUnitsPerMillimetre)
 {
     for (std::size_t code = 0; code < advances.size(); ++code)
         advances.at(code) = metrics.horizontalAdvance(QChar(static_cast<char16_t>(code))) / kUnitsPerMillimetre;

@@ -2,7 +2,7 @@
 // which order, is told elsewhere.
 #pragma once
 
-#include "output/Report.h"
+#include "output/ReportRun.h"
 
 namespace korvanel {
 
@@ -18,9 +18,5 @@ ReportRun BothUtilisationPages(const ReportFonts& fonts);
 /// The diagrams of the page of the diagrams, each if it is wanted: the curves that are on, and the chosen one. None for
 /// a recording of less than two sets.
 ReportRun DiagramPages(const DiagramSources& sources, bool hasAllCurves, bool hasOneCurve);
-
-/// The head of each page: a grey box with the title, the project below it and the program's name; and the foot.
-void PrintPageHead(ReportSurface& surface);
-void PrintPageFoot(ReportSurface& surface, int page, int pageCount);
 
 } // namespace korvanel

@@ -102,8 +102,12 @@ private:
         const auto box = Next<QRectF>();
         const auto elementsPerMillimetre = Next<double>();
         const auto picture = Next<QPicture>();
-        paper.DrawInBox(box, elementsPerMillimetre,
-                        [&picture](QPainter& painter, QSize) { painter.drawPicture(0, 0, picture); });
+        paper.DrawInBox(box, elementsPerMillimetre, [&picture](QPainter& painter, QSize) {
+            const QPaintDevice& device = *painter.device(); // a picture is scaled by its resolution over the screen's
+            painter.scale(static_cast<double>(picture.logicalDpiX()) / device.logicalDpiX(),
+                          static_cast<double>(picture.logicalDpiY()) / device.logicalDpiY());
+            painter.drawPicture(0, 0, picture);
+        });
     }
 
     QDataStream stream;
