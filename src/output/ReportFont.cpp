@@ -17,6 +17,9 @@ QFont FontOfSize(double points, bool isBold)
     font.setPixelSize(static_cast<int>(std::lround(points * kMillimetresPerPoint * kUnitsPerMillimetre)));
     font.setBold(isBold);
     font.setKerning(false); // a number is as wide as its digits
+    // Letters that are put together are not found by who looks for a word. A space between them prevents it, though it
+    // is the usual one.
+    font.setLetterSpacing(QFont::PercentageSpacing, 100);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }

@@ -128,15 +128,31 @@ ReportSpool::ReportSpool(const Report& ofReport, const ReportProgress& progress)
         report.DrawPage(paper, page);
         Keep(content);
     });
+    TryRoom();
 }
 
 ReportSpool::~ReportSpool() = default;
 
+void ReportSpool::Write(const QByteArray& block)
+{
+    if (file->write(block) != block.size() || !file->flush())
+        throw ReportFailed(texts::reportSpoolFailed + u'\n' + file->errorString());
+}
+
 void ReportSpool::Keep(const QByteArray& page)
 {
-    if (file->write(page) != page.size() || !file->flush())
-        throw ReportFailed(texts::reportSpoolFailed + u'\n' + file->errorString());
+    Write(page);
     lengths.push_back(page.size());
+}
+
+void ReportSpool::TryRoom()
+{
+    constexpr qint64 kFonts = 2'000'000; // of the document, beside its pages
+    const qint64 pages = file->size();
+    const QByteArray block(65'536, '\0');
+    for (qint64 tried = 0; tried < pages + kFonts; tried += block.size())
+        Write(block);
+    file->resize(pages);
 }
 
 void ReportSpool::DrawOn(QPagedPaintDevice& device)

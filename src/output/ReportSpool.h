@@ -26,7 +26,11 @@ public:
     void DrawOn(QPagedPaintDevice& device);
 
 private:
+    void Write(const QByteArray& block);
     void Keep(const QByteArray& page);
+    /// The toolkit makes the document of a printer in a file of its own, and hands over what has found room there. So
+    /// it is tried before whether there is enough.
+    void TryRoom();
 
     const Report& report;
     std::unique_ptr<QTemporaryFile> file;
