@@ -32,7 +32,7 @@ struct SetGeometry
     int rows = 0; ///< on a page
 
     explicit SetGeometry(const ReportFonts& fonts)
-        : rowsTop(headTop + fonts.tableHead.LineHeight() + 1.2), rowHeight(fonts.table.LineHeight() + 0.35),
+        : rowsTop(headTop + fonts.tableHead.LineHeight() + 1.2), rowHeight(fonts.table.LineHeight() + 0.3),
           rows(static_cast<int>((kBodyBottom - rowsTop) / rowHeight))
     {}
 };

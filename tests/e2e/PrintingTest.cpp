@@ -96,8 +96,8 @@ TEST_F(PrintingProgram, QueueAndFile_GetTheSameReport)
             ::testing::HasSubstr("Seite " + std::to_string(page + 1) + " von " + std::to_string(file.pages.size())));
     }
     QStringList expected;
-    for (const int first : {1, 1, 60, 60, 119, 119}) // two blocks of columns with the same sets
-        for (int set = first; set < first + 59 && set <= 150; ++set)
+    for (const int first : {1, 1, 61, 61, 121, 121}) // two blocks of columns with the same sets
+        for (int set = first; set < first + 60 && set <= 150; ++set)
             expected << QString::number(set);
     EXPECT_EQ(SetsOf(printed).join(u' '), expected.join(u' '));
 
