@@ -7,6 +7,7 @@
 #include "core/ToldAccess.h"
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/PrintExportTexts.h"
+#include "output/ExportText.h"
 #include "output/PdfFile.h"
 #include "output/ReportContent.h"
 
@@ -26,7 +27,7 @@ void SetReportPaper(QPagedPaintDevice& device)
 
 QString ReportTitle()
 {
-    return texts::reportTitle + QStringLiteral(" - ") + App().sProjectName;
+    return texts::reportTitle + QStringLiteral(" - ") + FieldText(App().sProjectName);
 }
 
 void ScaleToUnits(QPainter& painter, const QPaintDevice& device)
@@ -73,7 +74,7 @@ void PdfOutput::Put(const Report& report, const ReportProgress& progress)
         file.RequireWritten();
     });
     painter.end();
-    file.Finish({.title = ReportTitle(), .author = App().sEditor, .creator = writer.creator()});
+    file.Finish({.title = ReportTitle(), .author = FieldText(App().sEditor), .creator = writer.creator()});
 }
 
 bool PutReport(const Report& report, ReportOutput& output, const ReportWatch& watch)

@@ -28,6 +28,16 @@ QString ServiceComplaint()
     return QString::fromUtf8(text());
 }
 
+/// What the job is called: the service refuses one with a name of more bytes.
+QString JobName()
+{
+    constexpr qsizetype kMostBytes = 255;
+    QString name = ReportTitle().left(kMostBytes);
+    while (name.toUtf8().size() > kMostBytes || (!name.isEmpty() && name.back().isHighSurrogate()))
+        name.chop(1);
+    return name;
+}
+
 } // namespace
 
 bool ChoosePrinter(QPrinter& printer, const QString& name)
@@ -43,7 +53,7 @@ void PrinterOutput::Put(const Report& report, const ReportProgress& progress)
     ReportSpool spool(report, progress);
     if (!ChoosePrinter(printer, name)) // it may have gone while the pages were drawn
         throw ReportFailed(FillPlaceholders(texts::reportPrinterGone, {name}));
-    printer.setDocName(ReportTitle());
+    printer.setDocName(JobName());
     printer.setFullPage(true);
     SetReportPaper(printer);
     spool.DrawOn(printer);

@@ -185,6 +185,26 @@ TEST_F(PrintedReportTest, ReportOfOnePrinterThenTheOther_GoesWhereItIsChosen)
     EXPECT_EQ(queue.Jobs().size(), 3U);
 }
 
+TEST_F(PrintedReportTest, ProjectsOfStrangeNames_ArePrintedLikeAnyOther)
+{
+    OpenReportProject(0, 10);
+    App().PrintIt.fill(0);
+    App().PrintIt[kReportOverview] = 1;
+    constexpr int kLongestName = 32'767;
+    int jobs = 0;
+    for (const QString& name : {QString(kLongestName, u'ä'), QString(kLongestName, u'漢'), QString("a\nb\tc\x01\x7f"),
+                                QString(), QString("-d")}) {
+        App().sProjectName = name;
+        ASSERT_TRUE(PrintOn(kDefaultQueue)) << shell.BoxTexts().join("").toStdString();
+        ++jobs;
+    }
+    queue.WaitForPrinted(kDefaultQueue, jobs);
+    ASSERT_EQ(queue.Jobs().size(), 5U);
+    EXPECT_TRUE(queue.Jobs()[1].title.startsWith("Projektauswertung - 漢漢"));
+    EXPECT_EQ(queue.Jobs()[2].title.trimmed(), "Projektauswertung - a b c");
+    EXPECT_EQ(queue.Jobs()[4].title, "Projektauswertung - -d");
+}
+
 TEST_F(PrintedReportTest, ReportThatIsStopped_MakesNoJob_WheneverItIs)
 {
     OpenReportProject(2, 70);
