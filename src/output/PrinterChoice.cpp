@@ -134,7 +134,7 @@ void PrinterChoice::SetUp()
     QPrintDialog dialog(printer.get(), this);
     dialog.setObjectName(QStringLiteral("dlgPrinter"));
     dialog.setOptions(QAbstractPrintDialog::PrintCollateCopies);
-    dialog.setWindowTitle(texts::printPrinter);
+    dialog.setWindowTitle(QString(setupButton->text()).remove(u'&'));
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) // nothing is printed here
         if (QPushButton* ok = buttons->button(QDialogButtonBox::Ok))
             ok->setText(texts::buttonOk);

@@ -21,7 +21,7 @@ Qt::AlignmentFlag SideOf(std::size_t column)
 } // namespace
 
 ReportTable::ReportTable(const ResultTable& ofResults, double left, double right, const ReportFonts& fonts)
-    : results(ofResults), tableLeft(left), tableRight(right), rowHeight(fonts.table.LineHeight() + 1)
+    : results(ofResults), tableLeft(left), tableRight(right), rowHeight(fonts.table.LineHeight() + 0.6)
 {
     MakeRoom(fonts);
 }
