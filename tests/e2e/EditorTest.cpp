@@ -16,14 +16,7 @@ protected:
     void OpenEditor(int sets)
     {
         CreateProject(0);
-        Execute(
-            QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "
-                           "INSERT INTO SampledValues ([Set], [U sum], [I sum], [f sum], [P sum], [phi sum], t, Edit) "
-                           "SELECT i, 230, i, 50, 100, 10, i-1, 0 FROM n")
-                .arg(sets));
-        Execute(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "
-                               "INSERT INTO ComputedValues SELECT i, 0, 230*i, 0, 0, 0, 0, 0 FROM n")
-                    .arg(sets));
+        StoreNumbered(sets);
         StartProgram();
         OpenPage();
     }

@@ -51,6 +51,19 @@ protected:
         SQLite::Database db(App().sProjectPath.toStdString(), SQLite::OPEN_READWRITE);
         db.exec(sql.toStdString());
     }
+
+    /// A recording of so many sets in the net configuration 0, whose currents are their numbers.
+    void StoreNumbered(int sets) const
+    {
+        Execute(
+            QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "
+                           "INSERT INTO SampledValues ([Set], [U sum], [I sum], [f sum], [P sum], [phi sum], t, Edit) "
+                           "SELECT i, 230, i, 50, 100, 10, i-1, 0 FROM n")
+                .arg(sets));
+        Execute(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) "
+                               "INSERT INTO ComputedValues SELECT i, 0, 230*i, 0, 0, 0, 0, 0 FROM n")
+                    .arg(sets));
+    }
 };
 
 } // namespace korvanel::test
