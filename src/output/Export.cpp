@@ -17,9 +17,9 @@
 #include "data/SetReader.h"
 #include "evaluation/Rating.h"
 #include "evaluation/WinManaging2.h"
-#include "output/ExportItems.h"
 #include "output/ExportText.h"
 #include "output/OwnFiles.h"
+#include "output/ProjectItems.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -198,7 +198,7 @@ void ExportEvaluation(const QString& path)
     WriteSets(text);
     text.EndLine();
     text.EndLine();
-    for (const ExportItem& item : ProjectItems())
+    for (const ProjectItem& item : ProjectItems())
         WriteItem(text, item, item.value());
     const bool hasMachine = HasMachine(App().iNetConfIndex);
     if (hasMachine)

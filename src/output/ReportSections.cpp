@@ -8,7 +8,7 @@
 #include "core/texts/PrintExportTexts.h"
 #include "evaluation/WinManaging2.h"
 #include "motors/ModelListing.h"
-#include "output/ExportItems.h"
+#include "output/ProjectItems.h"
 #include "output/ReportFlow.h"
 #include "simulation/WinManaging3.h"
 
@@ -38,7 +38,7 @@ QString ValueOf(const Item& item, const QString& value)
 std::vector<ReportItem> ItemsOfProject(std::size_t first, std::size_t count)
 {
     std::vector<ReportItem> items;
-    for (const ExportItem& item : ProjectItems().subspan(first, count))
+    for (const ProjectItem& item : ProjectItems().subspan(first, count))
         items.push_back({TextOf(item.label), ValueOf(item, item.value())});
     return items;
 }

@@ -1,4 +1,4 @@
-#include "output/ExportItems.h"
+#include "output/ProjectItems.h"
 
 #include "core/Common.h"
 #include "core/LocalFormats.h"
@@ -76,7 +76,7 @@ QString Friction(const MachineRecord& machine)
     return machine.Mreib ? texts::machineFrictionZero : QString();
 }
 
-constexpr ExportItem kProjectItems[] = {
+constexpr ProjectItem kProjectItems[] = {
     {&texts::exportProjectName, OfBlock<&A::sProjectName>, nullptr, true},
     {&texts::exportCompany, OfBlock<&A::sCompany>, nullptr, true},
     {&texts::exportEditor, OfBlock<&A::sEditor>, nullptr, true},
@@ -129,7 +129,7 @@ constexpr MachineItem kMachineItems[] = {
 
 } // namespace
 
-std::span<const ExportItem> ProjectItems()
+std::span<const ProjectItem> ProjectItems()
 {
     return kProjectItems;
 }

@@ -4,7 +4,7 @@
 namespace korvanel::test {
 namespace {
 
-class ExportItemsTest : public ExportFixture
+class ProjectItemsTest : public ExportFixture
 {
 protected:
     /// Lines between the two empty ones and the first table.
@@ -20,7 +20,7 @@ protected:
     static constexpr int kOfProject = 22;
 };
 
-TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
+TEST_F(ProjectItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
 {
     MakeRecording(0, 3);
     App().sProjectName = "Förderband";
@@ -70,7 +70,7 @@ TEST_F(ExportItemsTest, ProjectItems_OneALineWithLabelValueAndUnit)
                        }));
 }
 
-TEST_F(ExportItemsTest, MachineItems_OfAMachineThatIsKnown)
+TEST_F(ProjectItemsTest, MachineItems_OfAMachineThatIsKnown)
 {
     MakeRecording(2, 0);
     MachineRecord& machine = App().MachineI.record;
@@ -110,7 +110,7 @@ TEST_F(ExportItemsTest, MachineItems_OfAMachineThatIsKnown)
                                        }));
 }
 
-TEST_F(ExportItemsTest, WhatIsNotKnownOfTheMachineIsAnEmptyValue)
+TEST_F(ProjectItemsTest, WhatIsNotKnownOfTheMachineIsAnEmptyValue)
 {
     MakeRecording(5, 0);
     App().MachineI.record = {};
@@ -120,7 +120,7 @@ TEST_F(ExportItemsTest, WhatIsNotKnownOfTheMachineIsAnEmptyValue)
         EXPECT_EQ(item.section(u'\t', 1, 1), "") << item.toStdString();
 }
 
-TEST_F(ExportItemsTest, GeneratorIsCalledOne)
+TEST_F(ProjectItemsTest, GeneratorIsCalledOne)
 {
     MakeRecording(2, 0);
     App().MachineI.record = Generator();
@@ -128,7 +128,7 @@ TEST_F(ExportItemsTest, GeneratorIsCalledOne)
     EXPECT_EQ(Items().at(kOfProject + 2), "Pmech:\t-18,5\tkW");
 }
 
-TEST_F(ExportItemsTest, WithoutAMachineInTheConfigurationNothingIsToldOfOne)
+TEST_F(ProjectItemsTest, WithoutAMachineInTheConfigurationNothingIsToldOfOne)
 {
     for (const int netConf : {0, 1, 3, 4, 6}) {
         MakeRecording(netConf, 0);

@@ -11,7 +11,7 @@
 
 namespace korvanel {
 
-struct ExportItem
+struct ProjectItem
 {
     TextRef label;
     QString (*value)();     ///< of the block, in local formats; empty if it is not known
@@ -20,7 +20,7 @@ struct ExportItem
 };
 
 /// The project: its header, the recording and how it was made.
-std::span<const ExportItem> ProjectItems();
+std::span<const ProjectItem> ProjectItems();
 
 struct MachineItem
 {
