@@ -327,8 +327,12 @@ void FormF9::Print()
 {
     if (isEvaluating || !range->Take())
         return;
+    if (ReportOfProject().PageCount() < 1) { // before anybody is asked for a file
+        ShowInformation(texts::reportNothing);
+        return;
+    }
     if (const std::unique_ptr<ReportOutput> output = printers->AskOutput())
-        LockedAndBusy([&] { RunPrint(*this, *output, ReportOfProject); }, [this] { ShowReport(); });
+        LockedAndBusy([&] { RunPrint(*this, *output, PrintReport); }, [this] { ShowReport(); });
 }
 
 } // namespace korvanel

@@ -186,7 +186,9 @@ void FormH16::Print()
         return;
     }
     if (const std::unique_ptr<ReportOutput> output = printers->AskOutput()) {
-        RunPrint(*this, *output, ReportOfBothMachines);
+        RunPrint(*this, *output, [](ReportOutput& target, const ReportWatch& watch) {
+            return PutReport(ReportOfBothMachines(), target, watch);
+        });
         DropPendingInput();
     }
 }

@@ -14,7 +14,7 @@
 
 namespace korvanel {
 
-bool RunPrint(QWidget& parent, ReportOutput& output, Report (*make)())
+bool RunPrint(QWidget& parent, ReportOutput& output, bool (*print)(ReportOutput& output, const ReportWatch& watch))
 {
     if (output.IsPrinter() && !HasDefaultPrinter()) {
         ShowInformation(texts::printNoPrinter);
@@ -25,7 +25,6 @@ bool RunPrint(QWidget& parent, ReportOutput& output, Report (*make)())
     clsWaitCursor cursor;
     cursor.Show();
     App().dtPrinted = PresentMoment();
-    const Report report = make();
     QProgressDialog dialog(texts::printProgress, {}, 0, kSteps, parent.window());
     auto* stop = new QPushButton(texts::buttonCancel);
     stop->setObjectName(QStringLiteral("cmdAbort"));
@@ -39,7 +38,7 @@ bool RunPrint(QWidget& parent, ReportOutput& output, Report (*make)())
         dialog.setValue(static_cast<int>(share * (kSteps - 1)));
         return !dialog.wasCanceled();
     };
-    return PutReport(report, output, {.progress = goOn, .atEnd = [&dialog] { dialog.reset(); }});
+    return print(output, {.progress = goOn, .atEnd = [&dialog] { dialog.reset(); }});
 }
 
 } // namespace korvanel

@@ -5,11 +5,10 @@ class QWidget;
 
 namespace korvanel {
 
-class Report;
 class ReportOutput;
+struct ReportWatch;
 
-/// Prints, and notes the moment in `dtPrinted`. `make` puts the report together then. False if nothing was put out,
-/// which is told.
-bool RunPrint(QWidget& parent, ReportOutput& output, Report (*make)());
+/// Notes the moment in `dtPrinted` and has a report printed. False if nothing was put out, which is told.
+bool RunPrint(QWidget& parent, ReportOutput& output, bool (*print)(ReportOutput& output, const ReportWatch& watch));
 
 } // namespace korvanel
