@@ -1,15 +1,19 @@
-// Draws the logo and the icon, and prints the manual as a PDF file.
-//   make_assets OUTPUT-DIRECTORY MANUAL.md
+// Draws the logo and the icon, and prints each manual as a PDF file into the folder of the languages.
+//   make_assets OUTPUT-DIRECTORY [MANUAL.md FILE.pdf]...
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPdfWriter>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextStream>
+#include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <numbers>
@@ -81,6 +85,21 @@ bool DrawIcon(const QString& path)
     return icon.save(path, "PNG");
 }
 
+/// Gives the manual its pictures, which stand beside it; those of pages are wider than the paper and shrink to it.
+void AddPictures(QTextDocument& manual, const QDir& folder)
+{
+    constexpr double kWidth = 460; // of the text, in the pixels of a screen
+    for (QTextBlock block = manual.begin(); block.isValid(); block = block.next())
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QString name = it.fragment().charFormat().toImageFormat().name();
+            QImage picture(folder.filePath(name));
+            if (name.isEmpty() || picture.isNull())
+                continue;
+            picture.setDevicePixelRatio(std::max(1.0, picture.width() / kWidth));
+            manual.addResource(QTextDocument::ImageResource, QUrl(name), picture);
+        }
+}
+
 bool PrintManual(const QString& source, const QString& path)
 {
     constexpr int kMarginMm = 22;
@@ -90,6 +109,7 @@ bool PrintManual(const QString& source, const QString& path)
     QTextDocument manual;
     manual.setDefaultFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     manual.setMarkdown(QString::fromUtf8(text.readAll()));
+    AddPictures(manual, QFileInfo(source).dir());
     QPdfWriter writer(path);
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageMargins(QMarginsF(kMarginMm, kMarginMm, kMarginMm, kMarginMm), QPageLayout::Millimeter);
@@ -104,14 +124,15 @@ int main(int argc, char* argv[])
 {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    if (arguments.size() != 3) {
-        QTextStream(stderr) << "usage: make_assets OUTPUT-DIRECTORY MANUAL.md\n";
+    if (arguments.size() < 2 || arguments.size() % 2 != 0) {
+        QTextStream(stderr) << "usage: make_assets OUTPUT-DIRECTORY [MANUAL.md FILE.pdf]...\n";
         return EXIT_FAILURE;
     }
     const QDir output(arguments[1]);
-    const bool isDone = output.mkpath(QStringLiteral("LANGUAGES")) &&
-                        DrawLogo(output.filePath(QStringLiteral("LOGO.BMP"))) &&
-                        DrawIcon(output.filePath(QStringLiteral("KORVANEL.png"))) &&
-                        PrintManual(arguments[2], output.filePath(QStringLiteral("LANGUAGES/Documentation_deu.pdf")));
+    bool isDone = output.mkpath(QStringLiteral("LANGUAGES")) && DrawLogo(output.filePath(QStringLiteral("LOGO.BMP"))) &&
+                  DrawIcon(output.filePath(QStringLiteral("KORVANEL.png")));
+    const QDir languages(output.filePath(QStringLiteral("LANGUAGES")));
+    for (qsizetype i = 2; isDone && i < arguments.size(); i += 2)
+        isDone = PrintManual(arguments[i], languages.filePath(arguments[i + 1]));
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }
