@@ -124,8 +124,8 @@ QWidget* FormF9::BuildTabs()
 {
     auto* tabs = new QTabWidget;
     tabs->setObjectName(QStringLiteral("tabEvaluation"));
-    tabs->addTab(sections = BuildGrid("flxPrint"), texts::printSections);
-    tabs->addTab(diagrams = BuildGrid("flxPrintDiagrams"), texts::printDiagrams);
+    tabs->addTab(sections = BuildGrid("flxPrint", texts::printSections), texts::printSections);
+    tabs->addTab(diagrams = BuildGrid("flxPrintDiagrams", texts::printDiagrams), texts::printDiagrams);
     isFilling = true;
     for (const int section : ReportSections(App().iNetConfIndex))
         AddSection(IsDiagram(section) ? *diagrams : *sections, section);
@@ -135,11 +135,12 @@ QWidget* FormF9::BuildTabs()
     return tabs;
 }
 
-QTableWidget* FormF9::BuildGrid(const char* name)
+QTableWidget* FormF9::BuildGrid(const char* name, const QString& title)
 {
     constexpr int kRowHeight = 20;
     auto* grid = new QTableWidget(0, 2);
     grid->setObjectName(QLatin1String(name));
+    grid->setAccessibleName(title);
     grid->setHorizontalHeaderLabels({texts::printHeadSection, texts::printHeadPages});
     grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     grid->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);

@@ -33,7 +33,7 @@ private:
     QWidget* BuildChoice();
     QWidget* BuildTabs();
     QWidget* BuildPreview();
-    QTableWidget* BuildGrid(const char* name);
+    QTableWidget* BuildGrid(const char* name, const QString& title);
     void AddSection(QTableWidget& grid, int section);
     void AddColumns();
     void Switch(const QTableWidgetItem& item);
