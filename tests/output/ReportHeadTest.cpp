@@ -110,8 +110,8 @@ TEST_F(ReportHead, File_TellsTitleAndAuthorAndIsSearchable)
     EXPECT_EQ(report.title, "Projektauswertung - Förderband Halle 3");
     EXPECT_EQ(report.author, "Erika Muster");
     const QString text = OutputOf("pdftotext", {"-enc", "UTF-8", PathOf("report.pdf"), "-"});
-    for (const QString& word : {"Netzkonfiguration", "Beschreibung", "Standort: Halle 3", "Maschinendaten", "Pmech",
-                                "Energie und Kosten", "cosphi", "Extremwerte"})
+    for (const QString word : {"Netzkonfiguration", "Beschreibung", "Standort: Halle 3", "Maschinendaten", "Pmech",
+                               "Energie und Kosten", "cosphi", "Extremwerte"})
         EXPECT_TRUE(text.contains(word)) << word.toStdString();
 }
 

@@ -85,9 +85,10 @@ inline void ExpectWordsApart(const PdfDocument& report)
             EXPECT_GE(row.front().box.left(), kLeft - kTolerance) << TextOfRow(row).toStdString();
             for (std::size_t i = 0; i < row.size(); ++i) {
                 EXPECT_LE(row[i].box.right(), kRight + kTolerance) << TextOfRow(row).toStdString();
-                if (i > 0)
+                if (i > 0) {
                     EXPECT_GE(row[i].box.left(), row[i - 1].box.right() - kTolerance)
                         << row[i - 1].text.toStdString() << " and " << row[i].text.toStdString();
+                }
             }
         }
     }

@@ -92,8 +92,6 @@ TEST_F(ReportTextTest, LineThatIsTooLong_IsBrokenBehindEachOfTheSigns)
             << QString(sign).toStdString();
         EXPECT_EQ(WrapText(text, Just(begin), font).constFirst(), begin) << "the sign itself just fits";
     }
-    for (const QString& sign : {"_", "/", "(", ")", "#", "=", "\t", "\u2013"})
-        EXPECT_NE(WrapText("Halle" + sign + "Motor", Just("Halle" + sign), font).constFirst().size(), 0);
     EXPECT_EQ(WrapText("Halle/Motor", Just("Halle/Mot"), font), (QStringList{"Halle/Mot", "or"}))
         << "no line is broken behind another sign";
 }
@@ -235,10 +233,7 @@ TEST_F(ReportTextTest, LinesInBoxesOfAnyHeight_FitAndTellWhatIsLeftOut)
                 const QStringList shown = LinesInBox(text, width, count * font.LineHeight(), font);
                 ASSERT_EQ(shown.size(), std::min<qsizetype>(count, all.size())) << Told(text);
                 ASSERT_EQ(shown.first(shown.size() - 1), all.first(shown.size() - 1)) << Told(text);
-                if (all.size() <= count)
-                    ASSERT_EQ(shown, all) << Told(text);
-                else
-                    ASSERT_TRUE(shown.back().endsWith("...")) << Told(text);
+                ASSERT_TRUE(all.size() <= count ? shown == all : shown.back().endsWith("...")) << Told(text);
                 ASSERT_LE(font.Width(shown.back()), width + kRounding) << Told(text);
             }
         }
@@ -263,9 +258,8 @@ TEST_F(ReportTextTest, CutTexts_FitAndBeginAsTheWhole)
         for (const double width : {5.0, 12.0, 40.0}) {
             const QString shown = CutText(text, width, font);
             ASSERT_LE(font.Width(shown), width + kRounding) << Told(shown) << " of " << Told(text) << " at " << width;
-            if (shown != text)
-                ASSERT_TRUE(shown.endsWith("...") && text.startsWith(shown.chopped(3)))
-                    << Told(text) << " at " << width;
+            ASSERT_TRUE(shown == text || (shown.endsWith("...") && text.startsWith(shown.chopped(3))))
+                << Told(text) << " at " << width;
         }
     }
 }
