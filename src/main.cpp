@@ -171,11 +171,15 @@ void ConnectMenu(MainWindow& window)
     menu.OnRecentFile(OpenRecentProject);
 }
 
-/// The toolkit's own texts, as in its file dialog, in the language of the built-in table.
+/// The toolkit's own texts, as in its file dialog, in the language in use. Without a translation of its own for that
+/// language they are English.
 void TranslateToolkit(QApplication& application)
 {
     auto* translator = new QTranslator(&application);
-    if (translator->load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (!IsLocaleName(texts::toolkitLocale))
+        return;
+    if (translator->load(QStringLiteral("qtbase_") + texts::toolkitLocale,
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(translator);
 }
 
@@ -231,8 +235,7 @@ int main(int argc, char* argv[])
     RegisterDialogs(window);
     ConnectMenu(window);
     const Languages languages = LoadLanguage();
-    if (settings.LanguageFile() == kStandardLanguage)
-        TranslateToolkit(application);
+    TranslateToolkit(application);
     window.ApplyMainTexts();
     window.Menu().SetLanguages(languages.LangNames, languages.LangFiles, settings.LanguageFile(),
                                [&window](const QString& file) { window.ChooseLanguage(file); });

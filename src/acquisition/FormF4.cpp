@@ -205,10 +205,9 @@ QBoxLayout* FormF4::BuildButtonRow()
     row->addWidget(methodLabel);
     engineBox = new QComboBox;
     engineBox->setObjectName(QStringLiteral("cboEngine"));
-    const std::array methods{texts::methodSpaceVector, texts::methodPowerBalance};
-    for (int method = 0; method < static_cast<int>(methods.size()); ++method)
+    for (const int method : {0, 1})
         if (IsMethodUsable(method))
-            engineBox->addItem(methods[static_cast<std::size_t>(method)], method);
+            engineBox->addItem(MethodName(method), method);
     engineBox->setCurrentIndex(std::max(0, engineBox->findData(App().iCalcMethod)));
     engineBox->setVisible(HasMachine(App().iNetConfIndex));
     row->addWidget(engineBox);

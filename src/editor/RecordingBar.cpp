@@ -54,10 +54,9 @@ void RecordingBar::BuildMethod(QBoxLayout& row)
     auto* caption = new PlainLabel(texts::editorMethod);
     engineBox->setObjectName(QStringLiteral("cboEngine"));
     caption->setBuddy(engineBox);
-    const std::array methods{texts::methodSpaceVector, texts::methodPowerBalance};
-    for (int method = 0; method < static_cast<int>(methods.size()); ++method)
+    for (const int method : {0, 1})
         if (IsMethodUsable(method))
-            engineBox->addItem(methods.at(static_cast<std::size_t>(method)), method);
+            engineBox->addItem(MethodName(method), method);
     simulationButton->setObjectName(QStringLiteral("cmdSimulation"));
     simulationButton->setEnabled(HasHook(Hook::RunSimulation));
     for (QWidget* part : std::initializer_list<QWidget*>{caption, engineBox, simulationButton}) {

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace korvanel {
 
@@ -42,6 +43,13 @@ void FallBack(const QString& message)
 }
 
 } // namespace
+
+bool IsLocaleName(const QString& name)
+{
+    static const QRegularExpression form(
+        QRegularExpression::anchoredPattern(QStringLiteral("[a-z]{2,3}(_[A-Za-z]{2,4})?")));
+    return form.match(name).hasMatch();
+}
 
 Languages FindLanguages()
 {

@@ -15,6 +15,10 @@ struct Languages
     QStringList LangFiles;
 };
 
+/// True for what can name a translation of the toolkit, such as "de" or "pt_BR". The name comes from a language file;
+/// nothing else in it may lead to another file.
+bool IsLocaleName(const QString& name);
+
 /// "standard" and the language files of the program's folder, in the order of the directory.
 Languages FindLanguages();
 

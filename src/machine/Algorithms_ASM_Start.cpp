@@ -139,6 +139,12 @@ bool IsMethodUsable(int method)
     return method == 0 ? status[kConnectionKnown] : method == 1 && status[kRatingKnown];
 }
 
+QString MethodName(int method)
+{
+    const QString& word = method == 0 ? texts::methodSpaceVector : texts::methodPowerBalance;
+    return word + QStringLiteral(" (") + App().MethodLetter.at(static_cast<std::size_t>(method)) + u')';
+}
+
 void AdjustCalcMethod()
 {
     const int other = 1 - App().iCalcMethod;

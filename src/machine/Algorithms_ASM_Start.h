@@ -42,6 +42,9 @@ const LoadEstimate& RequireFinite(const LoadEstimate& estimate);
 /// Whether the methods can be used with what is known: 0 needs the connection, 1 the rating data.
 bool IsMethodUsable(int method);
 
+/// Name of a method with its letter behind it: "Raumvektor (V)".
+QString MethodName(int method);
+
 /// Changes `iCalcMethod` to the other method if its own can't be used and the other can. The project is dirty then.
 void AdjustCalcMethod();
 

@@ -1,59 +1,18 @@
 // The languages of the program's folder, and loading the one that the settings name.
 #include "language/LangManaging.h"
 
-#include "core/SettingsStore.h"
-#include "core/clsProgSettings.h"
 #include "core/texts/DefaultTexts.h"
 #include "core/texts/MainTexts.h"
 #include "core/texts/ValueNamesTexts.h"
-#include "support/Fixture.h"
-
-#include <memory>
+#include "language/LanguageFixture.h"
+#include "machine/Algorithms_ASM_Start.h"
 
 namespace korvanel::test {
 
 namespace {
 
-const QString kMissing = QStringLiteral("Couldn't find the saved language file.\nLoading standard language!");
-const QString kBroken = QStringLiteral("Unable to load the language file!\nLoading standard language!");
-
-class LangManagingTest : public BlockTest
+class LangManagingTest : public LanguageTest
 {
-protected:
-    LangManagingTest()
-    {
-        DeleteSection(kSettingsApplication, "Settings");
-        settings = std::make_unique<clsProgSettings>(App().sProgramDir);
-        App().ProgSettings = settings.get();
-    }
-    ~LangManagingTest() override { DeleteSection(kSettingsApplication, "Settings"); }
-
-    void WriteLanguage(const QString& file, const QByteArray& content) const
-    {
-        ASSERT_TRUE(QDir(folder.path()).mkpath("LANGUAGES"));
-        WriteContent("LANGUAGES/" + file, content);
-    }
-    void UseLanguage(const QString& file) const { settings->SetLanguageFile(file); }
-    QString SavedLanguage() const { return clsProgSettings(App().sProgramDir).LanguageFile(); }
-
-    /// The state after any failure: told once, built-in texts, "standard" in use and saved.
-    void ExpectFallenBack(const QString& message) const
-    {
-        ASSERT_EQ(shell.boxes.size(), 1u);
-        EXPECT_EQ(shell.boxes[0].text, message);
-        EXPECT_EQ(shell.boxes[0].icon, BoxIcon::Exclamation);
-        EXPECT_EQ(settings->LanguageFile(), "standard");
-        EXPECT_EQ(SavedLanguage(), "standard");
-        ExpectBuiltInTexts();
-    }
-    static void ExpectBuiltInTexts()
-    {
-        for (const TextSection& section : TextSections())
-            for (const TextLine& line : section.lines)
-                EXPECT_EQ(*line.variable, line.german);
-    }
-
-    std::unique_ptr<clsProgSettings> settings;
 };
 
 } // namespace
@@ -226,6 +185,38 @@ TEST_F(LangManagingTest, LoadLanguage_ANameOfNoFileIsMissing)
         LoadLanguage();
         ExpectFallenBack(kMissing);
     }
+}
+
+TEST_F(LangManagingTest, MethodNames_AreTheWordsOfTheLanguageWithTheirLetters)
+{
+    EXPECT_EQ(MethodName(0), "Raumvektor (V)");
+    EXPECT_EQ(MethodName(1), "Leistungsbilanz (P)");
+    QByteArray content = "lang=English\n[DEFAULT]\nsize=69\n";
+    for (int i = 1; i <= 69; ++i)
+        content += QStringLiteral("%1 word %1\n").arg(i, 3, 10, QLatin1Char('0')).toLatin1();
+    WriteLanguage("eng.lng", content);
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    EXPECT_EQ(MethodName(0), "word 068 (V)");
+    EXPECT_EQ(MethodName(1), "word 069 (P)");
+}
+
+TEST_F(LangManagingTest, ToolkitLocale_IsTheOneOfTheBuiltInTextsOrOfTheFile)
+{
+    EXPECT_EQ(texts::toolkitLocale, "de");
+    WriteLanguage("eng.lng", "lang=English\n[DEFAULT]\nsize=1\n001 Error\n");
+    UseLanguage("eng.lng");
+    LoadLanguage();
+    EXPECT_FALSE(IsLocaleName(texts::toolkitLocale)) << "a file that names none is no German one";
+}
+
+TEST_F(LangManagingTest, IsLocaleName_OfNothingThatLeadsToAnotherFile)
+{
+    for (const char* name : {"de", "en", "pt_BR", "zh_Hant", "gsw"})
+        EXPECT_TRUE(IsLocaleName(name)) << name;
+    for (const char* name : {"", "d", "DE", "deutsch", "de_", "de_DE_x", "../de", "de/../../x", "de\n", "de ", "de.qm",
+                             "de_\xC3\x84", "_"})
+        EXPECT_FALSE(IsLocaleName(name)) << name;
 }
 
 TEST_F(LangManagingTest, LoadLanguage_IsSilentAtTheStartAfterAFallback)

@@ -1,6 +1,8 @@
 // The format of a language file, and files that don't follow it.
 #include "language/LanguageFile.h"
 
+#include "language/CodePage.h"
+
 #include "support/Fixture.h"
 
 #include <sys/stat.h>
@@ -45,8 +47,9 @@ TEST_F(LanguageFileTest, LanguageName_IsWhatStandsBehindTheSignInLineOne)
 
 TEST_F(LanguageFileTest, LanguageName_OfAFileWithoutItInLineOneIsNothing)
 {
-    for (const char* content : {"", "\n", "\nlang=English\n", " lang=English\n", "language=English\n", "lang\n",
-                                ";lang=English\n", "[MAIN]\nlang=English\n", "\xEF\xBB\xBFlang=English\n"})
+    for (const char* content :
+         {"", "\n", "\nlang=English\n", " lang=English\n", "language=English\n", "lang\n", ";lang=English\n",
+          "[MAIN]\nlang=English\n", "\xEF\xBB\xBF;lang=English\n", "\xEF\xBB\xBFlang=\xE8\n", "\xFF\xFElang=English\n"})
         EXPECT_EQ(NameIn(content), std::nullopt) << content;
 }
 
@@ -121,6 +124,61 @@ TEST_F(LanguageFileTest, FromCp1252_LeavesAsciiAndLatin1)
 {
     EXPECT_EQ(FromCp1252("Az09~\x7F"), "Az09~\x7F");
     EXPECT_EQ(FromCp1252("\xA0\xD8\xFF"), QString("\u00A0Øÿ"));
+}
+
+TEST_F(LanguageFileTest, ToCp1252_IsTheWayBackForEveryByte)
+{
+    QByteArray all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    EXPECT_EQ(ToCp1252(FromCp1252(all)), all);
+}
+
+TEST_F(LanguageFileTest, ToCp1252_OfACharacterBeyondItIsNothing)
+{
+    for (const char* text : {"Č", "Ω", "\u2212", "\U0001F600", "ok ✓"})
+        EXPECT_EQ(ToCp1252(QString(text)), std::nullopt) << text;
+}
+
+TEST_F(LanguageFileTest, IsUnusedInCp1252_OfTheFivePlacesWithoutACharacter)
+{
+    QByteArray unused;
+    for (int byte = 0; byte < 256; ++byte)
+        if (IsUnusedInCp1252(static_cast<char>(byte)))
+            unused += static_cast<char>(byte);
+    EXPECT_EQ(unused, "\x81\x8D\x8F\x90\x9D");
+}
+
+TEST_F(LanguageFileTest, Utf8WithItsMark_HasCharactersBeyondTheCodePage)
+{
+    const QByteArray content = "\xEF\xBB\xBFlang=Čeština\r\n[MAIN]\r\nsize=1\r\n001 Měření~~Ω\r\n";
+    EXPECT_EQ(NameIn(content), "Čeština");
+    EXPECT_EQ(Read(content), (Main{{"MAIN", {"Měření\nΩ"}}}));
+}
+
+TEST_F(LanguageFileTest, Utf8WithoutItsMark_IsReadAsTheCodePage)
+{
+    EXPECT_EQ(ReadMain("size=1\n001 \xC3\xA4\n"), (Main{{"MAIN", {"Ã¤"}}}));
+}
+
+TEST_F(LanguageFileTest, MarkOfUtf8BeforeInvalidBytes_MakesNoLanguageFile)
+{
+    EXPECT_EQ(Read("\xEF\xBB\xBFlang=Probe\n[MAIN]\nsize=1\n001 \xE4\n"), std::nullopt);
+    EXPECT_EQ(Read("\xEF\xBB\xBFlang=Probe\n[MAIN]\nsize=1\n001 \xED\xA0\x80\n"), std::nullopt) << "half a character";
+    EXPECT_EQ(Read("\xEF\xBB\xBF"), std::nullopt);
+}
+
+TEST_F(LanguageFileTest, OfTwoSectionsOfOneName_TheLaterCounts)
+{
+    EXPECT_EQ(Read("lang=Probe\n[MAIN]\nsize=2\n001 a\n002 b\n[MAIN]\nsize=1\n001 c\n"), (Main{{"MAIN", {"c"}}}));
+}
+
+TEST_F(LanguageFileTest, ZeroBytes_AreCharactersLikeOthers)
+{
+    const std::optional<LanguageSections> sections = ReadMain(QByteArray("size=2\n001 a\0b\n002 c\n", 22));
+    ASSERT_TRUE(sections.has_value());
+    EXPECT_EQ(sections->at("MAIN").at(0).size(), 3);
+    EXPECT_EQ(sections->at("MAIN").at(1), "c");
 }
 
 TEST_F(LanguageFileTest, Comments_StandBetweenEntries)
