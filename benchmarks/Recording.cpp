@@ -96,11 +96,11 @@ void OpenForPage(const QString& path)
     PrepareMachine();
 }
 
-void CreateProject(const QString& path)
+void CreateProject(const QString& path, int netConf)
 {
     QFile::remove(path);
     ResetProjectData();
-    App().iNetConfIndex = kNetConf;
+    App().iNetConfIndex = static_cast<qint16>(netConf);
     App().sProjectPath = path;
     CreateProjectFile(path);
     if (!SaveProject())

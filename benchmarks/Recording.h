@@ -19,7 +19,7 @@ void PrepareMachine();
 /// Opens a project for the page of a machine.
 void OpenForPage(const QString& path);
 /// Creates a project and leaves it current.
-void CreateProject(const QString& path);
+void CreateProject(const QString& path, int netConf = kNetConf);
 /// Path of a project of `Sets()` sets, made on first use.
 const QString& LargeProject();
 /// Path of a project without sets.

@@ -49,7 +49,7 @@ void StoreBareRow(sqlite3_stmt* insert, sqlite3_stmt* read, double& energy)
     constexpr double kSlip = 0.025;
     constexpr double kLoadLoss = 0.09;
     constexpr double kNoLoad = 648;
-    enum Read
+    enum ColumnRead
     {
         kSet,
         kU,

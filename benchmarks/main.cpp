@@ -1,5 +1,6 @@
 // Runs the benchmarks, then prints what counts: the program's work as a ratio to the bare work beside it, measured in
 // the same run, and the peak memory.
+#include "Conversion.h"
 #include "EditingMemory.h"
 #include "Recording.h"
 #include "Simulating.h"
@@ -187,6 +188,7 @@ const MemoryTask kMemoryTasks[] = {
     {"--duplicate-noted", "duplicating sets, noted: the same", DuplicateSetsNoted, MostMegabytesNoted()},
     {"--resample-noted", "changing the interval, noted: the same", ChangeIntervalNoted, MostMegabytesNoted()},
     {"--simulate", "simulating and evaluating: the same", SimulateSets},
+    {"--convert", "converting: the same", ConvertAsManySets},
     {"--draw", "drawing, 8 curves kept: the same", DrawSets, 66},
 };
 
@@ -337,6 +339,7 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "simulate all sets / bare loop", "Simulate_Program", "Simulate_Bare", 2.0);
     isGood &= PrintRatio(reporter, "evaluate the simulated sets / bare loop", "EvaluateSimulation_Program",
                          "EvaluateSimulation_Bare", 2.0);
+    isGood &= PrintRatio(reporter, "convert an old file / bare inserts", "Convert_Program", "Convert_Bare", 3.0);
     isGood &= PrintRatio(reporter, "draw all sets, 8 curves / bare loop", "Diagram_First", "Diagram_Bare", 2.0);
     // Its columns cost the picture the same, however many sets share them.
     const double ofFurther = isShort ? 0.2 : 0.1;

@@ -33,6 +33,7 @@
 #include "instruments/PortNames.h"
 #include "instruments/SystemPort.h"
 #include "language/LangManaging.h"
+#include "language/OldProjectConversion.h"
 #include "motors/FormF10.h"
 #include "motors/FormH11.h"
 #include "motors/FormH8.h"
@@ -167,7 +168,7 @@ void ConnectMenu(MainWindow& window)
     menu.OnTriggered(QStringLiteral("mnuDelete"), DeleteProjectFile);
     menu.OnTriggered(QStringLiteral("mnuEnd"), [&window] { window.EndProgram(); });
     menu.OnTriggered(QStringLiteral("mnuBook"), OpenManual);
-    menu.OnTriggered(QStringLiteral("mnuConvert"), [] { ShowInformation(texts::laterVersion); });
+    menu.OnTriggered(QStringLiteral("mnuConvert"), ConvertOldProject);
     menu.OnRecentFile(OpenRecentProject);
 }
 

@@ -44,6 +44,8 @@ bool Told(const std::function<void()>& rewriting)
     }
 }
 
+} // namespace
+
 void IntegrateRow(tValueRow& row)
 {
     WholeSeconds(row.dt); // a time that the column can't hold is none to integrate over
@@ -52,8 +54,6 @@ void IntegrateRow(tValueRow& row)
     if (!std::isfinite(row.dWp) || !std::isfinite(row.dWq))
         throw ArithmeticFault();
 }
-
-} // namespace
 
 bool RecomputeEnergies()
 {

@@ -2,7 +2,14 @@
 // the load after a change of machine or method.
 #pragma once
 
+#include "core/ValueRow.h"
+
 namespace korvanel {
+
+/// The energies up to and with a set go into its row, from its powers and time. To be called for the sets in order,
+/// after `ResetEnergies`. Throws ArithmeticFault for an energy that isn't finite, DbError for a time that can't be
+/// stored.
+void IntegrateRow(tValueRow& row);
 
 /// Forms the energies of all sets anew from their powers and times. All sets change or none: a failure is told, counted
 /// in `iFileErrors` and takes everything back. False then.

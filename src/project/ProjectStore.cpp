@@ -103,6 +103,9 @@ QString ReplaceByDraft(const QString& path, const std::function<void(const QStri
             journals.Drop();
     } catch (const DbError& error) {
         failure = QString::fromUtf8(error.what());
+    } catch (...) {
+        DeleteFile(draft);
+        throw;
     }
     if (!failure.isEmpty())
         DeleteFile(draft); // a file without tables would only puzzle whoever finds it
@@ -134,13 +137,15 @@ void MakeDraft(const QString& draft)
 } // namespace
 
 // By value: it is mostly the path in the block, which is that of the draft for a while.
-bool CreateProjectFile(QString path, ExistingFile existing)
+bool CreateProjectFile(QString path, ExistingFile existing, const std::function<void()>& fill)
 {
     const QString failure = ReplaceByDraft(path, [&](const QString& draft) {
         if (existing == ExistingFile::Stays && QFileInfo::exists(path))
             throw DbError(texts::fileExists.toStdString());
         RequireNotInUse(path);
         MakeDraft(draft);
+        if (fill)
+            fill();
     });
     App().sProjectPath = std::move(path);
     if (!failure.isEmpty())
@@ -160,6 +165,12 @@ void RequireNotInUse(const QString& path)
     } catch (const DbError&) {
         // Whatever else is wrong with the file is no matter here.
     }
+}
+
+void WriteProjectHeader()
+{
+    App().dtProjectSaved = PresentMoment();
+    TransferProjectData(Direction::Write);
 }
 
 void DeleteProjectMachines()

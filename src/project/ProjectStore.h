@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace korvanel {
 
 /// What becomes of a file that has the name of a new one.
@@ -17,8 +19,14 @@ enum class ExistingFile
 };
 
 /// Creates the file with its value tables for the current net configuration and the two key-value tables, beside its
-/// place, and then puts it there. A failure shows the engine's words and returns false; nothing has changed then.
-bool CreateProjectFile(QString path, ExistingFile existing = ExistingFile::Stays);
+/// place, and then puts it there. `fill` puts in what else belongs into it from the beginning, while the project in the
+/// block is the file that isn't in its place yet. A failure, DbError of `fill` among them, shows the engine's words and
+/// returns false; nothing has changed then, and neither has if `fill` throws anything else, which comes through.
+bool CreateProjectFile(QString path, ExistingFile existing = ExistingFile::Stays,
+                       const std::function<void()>& fill = {});
+
+/// Writes header and settings into the open project, saved at the present moment. Throws DbError.
+void WriteProjectHeader();
 
 /// Takes the machines out of the open project. Throws DbError.
 void DeleteProjectMachines();

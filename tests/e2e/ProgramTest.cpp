@@ -421,15 +421,6 @@ TEST_F(ProgramTest, TheMeasuringConfigurationIsStoredWithTheProject)
     EXPECT_EQ(program.Text("cboInterval"), "7");
 }
 
-TEST_F(ProgramTest, LaterDialogsSayThatTheyComeLater)
-{
-    ProgramDriver program(settings);
-    program.Start();
-    program.WaitForWindow("MainForm");
-    program.Trigger("mnuConvert");
-    EXPECT_EQ(program.AnswerBox("OK"), "Diese Funktion ist in dieser Version noch nicht enthalten.");
-}
-
 TEST_F(ProgramTest, ResultTables_AppearWithoutARecordingToo)
 {
     ProgramDriver program(settings);
