@@ -176,9 +176,9 @@ void ConnectMenu(MainWindow& window)
 /// language they are English.
 void TranslateToolkit(QApplication& application)
 {
-    auto* translator = new QTranslator(&application);
     if (!IsLocaleName(texts::toolkitLocale))
         return;
+    auto* translator = new QTranslator(&application);
     if (translator->load(QStringLiteral("qtbase_") + texts::toolkitLocale,
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(translator);
