@@ -76,6 +76,31 @@ TEST_F(LanguageFolder, OfWhatIsNoLanguageOffersWhatIsOneAndStartsInGerman)
     EXPECT_EQ(driver.Text("mnuNew"), "") << "an entry that the section lacks";
 }
 
+/// The texts that the toolkit has of its own, here in its file dialog, are in the language that the file names.
+TEST_F(LanguageFolder, LocaleOfAFileIsThatOfTheToolkit)
+{
+    struct Case
+    {
+        const char* locale;
+        const char* label;
+    };
+    for (const Case& c : {Case{"fr", "Fichiers de type :"}, Case{"../../fr", "Files of type:"},
+                          Case{"xx", "Files of type:"}, Case{"de", "Dateien des Typs:"}}) {
+        SCOPED_TRACE(c.locale);
+        QByteArray content = "lang=Probe\n[DEFAULT]\nsize=143\n";
+        for (int i = 1; i < 143; ++i)
+            content += QByteArray::number(i).rightJustified(3, '0') + " text\n";
+        Write("probe.lng", content + "143 " + c.locale + "\n");
+        Store().setValue("Settings/LangFile", "probe.lng");
+        ProgramDriver driver(settings, program);
+        driver.Start();
+        driver.WaitForWindow("MainForm");
+        driver.Trigger("mnuOpen");
+        driver.WaitForControl("fileTypeLabel");
+        EXPECT_EQ(driver.Text("fileTypeLabel"), c.label);
+    }
+}
+
 TEST_F(LanguageFolder, OfFortyThousandFilesKeepsTheProgramUsable)
 {
     constexpr int kFiles = 40'000;
