@@ -121,6 +121,10 @@ TEST(OldProjectFile, AHeadThatCountsPaddingOrLongSets_IsUnderstood)
     const OldFileBuilder sets = OldFileBuilder().LongBody(RecordWithPhi(1, 2, 3, 4, 5, 6), "\1\2\3\4");
     EXPECT_TRUE(ReadBytes(sets.Bytes(8 + 24 + 8 + 4)));
     EXPECT_FALSE(ReadBytes(sets.Bytes(8 + 24 + 8 + 5)));
+    const OldFileBuilder both = OldFileBuilder().Text("F101", "abc").LongBody(RecordWithPhi(1, 2, 3, 4, 5, 6), "\1\2");
+    for (const qint32 counted : {11 + 28 + 10, 12 + 28 + 12, 11 + 32 + 10, 12 + 32 + 12})
+        EXPECT_TRUE(ReadBytes(both.Bytes(counted))) << counted;
+    EXPECT_FALSE(ReadBytes(both.Bytes(12 + 32 + 11)));
 }
 
 // Version

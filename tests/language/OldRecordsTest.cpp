@@ -105,6 +105,19 @@ TEST(OldRecords, ALaterMark_CountsMore)
     EXPECT_EQ(read[3].mark, 'd');
 }
 
+TEST(OldRecords, MarksThatOthersReplaceAsAWhole_AreNotKept)
+{
+    OldFileBuilder file;
+    file.Body(SomeRecords(2)).Unknown("ABCD", "");
+    for (int i = 0; i < 1000; ++i)
+        file.Chunk("BODX", i % 2 == 0 ? "ab" : "c", 4);
+    const std::optional<OldProject> project = ReadBytes(file.Bytes());
+    ASSERT_TRUE(project);
+    EXPECT_EQ(project->marks.size(), 2U);
+    EXPECT_EQ(ReadBytes(file.Chunk("BODX", "c", 4).Bytes())->marks.size(), 2U);
+    EXPECT_EQ(ReadBytes(file.Chunk("BODX", "abc", 4).Bytes())->marks.size(), 1U) << "longer than the sets";
+}
+
 TEST(OldRecords, OfTwoBodies_TheLastOneCountsAndTakesTheMarksOfTheFirst)
 {
     OldFileBuilder file;
