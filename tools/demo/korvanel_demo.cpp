@@ -57,6 +57,7 @@ public:
         driver.Trigger(QStringLiteral("mnuEnd"));
         if (driver.WaitForEnd() != EXIT_SUCCESS)
             throw DriverError("the program ended with an error");
+        ShowInEnglish();
         Comparison comparison = CompareRecording(instrument, ProjectFile(), simulator.Log(), firstExchange);
         CompareExport(ProjectFile(), ExportFile(), comparison);
         return comparison;
@@ -359,6 +360,31 @@ private:
         driver.Trigger(QStringLiteral("mnuResTable"));
         driver.WaitForControl(QStringLiteral("FormF6"));
         Picture(QStringLiteral("6-lastspiel-auswertung"));
+    }
+
+    /// The recorded project once more, with the language file that comes with the program.
+    void ShowInEnglish()
+    {
+        QSettings settings(folder.filePath(QStringLiteral("settings/KORVANEL/KORVANEL.ini")), QSettings::IniFormat);
+        const QString language = QStringLiteral("Settings/LangFile");
+        settings.setValue(language, QStringLiteral("english.lng"));
+        settings.sync();
+        {
+            ProgramDriver english(folder.filePath(QStringLiteral("settings")));
+            english.Start();
+            english.WaitForWindow(QStringLiteral("MainForm"));
+            english.Trigger(QStringLiteral("mnuOpen"));
+            english.GivePath(ProjectFile());
+            english.WaitForControl(QStringLiteral("FormF1"));
+            english.Trigger(QStringLiteral("mnuResTable"));
+            english.WaitForControl(QStringLiteral("FormF6"));
+            english.Choose(QStringLiteral("TabEvaluation"), QStringLiteral("Energy / costs"));
+            english.Grab(QStringLiteral("MainForm"), folder.filePath(QStringLiteral("10-english.png")));
+            english.Trigger(QStringLiteral("mnuEnd"));
+            if (english.WaitForEnd() != EXIT_SUCCESS)
+                throw DriverError("the program ended with an error in English");
+        }
+        settings.remove(language);
     }
 
     void FindSet(int set)

@@ -2,6 +2,7 @@
 // tests and the demo are written with it.
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QLocalSocket>
 #include <QPoint>
@@ -58,6 +59,8 @@ public:
     void CloseMainWindow() { Do("close"); }
     /// What can be read of a control; without "ok" there is none of that name.
     QJsonObject Read(const QString& name) { return Send({{"do", "read"}, {"name", name}}); }
+    /// All texts of the windows on show, with the names of their controls: "name" and "text".
+    QJsonArray Texts() { return Do("texts")["texts"].toArray(); }
     QString Text(const QString& name) { return Read(name)["text"].toString(); }
     bool IsEnabled(const QString& name) { return Read(name)["enabled"].toBool(); }
     /// True if there is a control of that name on show.

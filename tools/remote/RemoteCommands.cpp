@@ -1,16 +1,15 @@
 #include "remote/RemoteCommands.h"
 
+#include "remote/RemoteReading.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QFileDialog>
-#include <QGroupBox>
 #include <QJsonArray>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
@@ -251,76 +250,6 @@ QJsonObject Choose(const QString& name, const QString& text)
     return Failure(QStringLiteral("nothing to choose from: ") + name);
 }
 
-QJsonArray Items(QWidget* widget)
-{
-    QJsonArray items;
-    if (auto* combo = qobject_cast<QComboBox*>(widget))
-        for (int i = 0; i < combo->count(); ++i)
-            items.append(combo->itemText(i));
-    else if (auto* list = qobject_cast<QListWidget*>(widget))
-        for (int i = 0; i < list->count(); ++i)
-            items.append(list->item(i)->text());
-    else if (auto* tabs = qobject_cast<QTabWidget*>(widget))
-        for (int i = 0; i < tabs->count(); ++i)
-            items.append(tabs->tabText(i));
-    return items;
-}
-
-/// Texts of a table, row by row.
-/// What stands before the rows of a table.
-QJsonArray RowHeads(QWidget* widget)
-{
-    QJsonArray heads;
-    const auto* table = qobject_cast<QTableWidget*>(widget);
-    for (int r = 0; table && r < table->rowCount(); ++r)
-        heads.append(table->verticalHeaderItem(r) ? table->verticalHeaderItem(r)->text() : QString());
-    return heads;
-}
-
-QJsonArray Cells(QWidget* widget)
-{
-    QJsonArray rows;
-    const auto* table = qobject_cast<QTableWidget*>(widget);
-    for (int r = 0; table && r < table->rowCount(); ++r) {
-        QJsonArray row;
-        for (int c = 0; c < table->columnCount(); ++c)
-            row.append(table->item(r, c) ? table->item(r, c)->text() : QString());
-        rows.append(row);
-    }
-    return rows;
-}
-
-/// Headings of a table's columns.
-QJsonArray Headings(QWidget* widget)
-{
-    QJsonArray headings;
-    const auto* table = qobject_cast<QTableWidget*>(widget);
-    for (int c = 0; table && c < table->columnCount(); ++c)
-        headings.append(table->horizontalHeaderItem(c) ? table->horizontalHeaderItem(c)->text() : QString());
-    return headings;
-}
-
-QString TextOfControl(QWidget* widget)
-{
-    if (auto* line = qobject_cast<QLineEdit*>(widget))
-        return line->text();
-    if (auto* box = qobject_cast<QPlainTextEdit*>(widget))
-        return box->toPlainText();
-    if (auto* label = qobject_cast<QLabel*>(widget))
-        return label->text();
-    if (auto* button = qobject_cast<QAbstractButton*>(widget))
-        return button->text();
-    if (auto* group = qobject_cast<QGroupBox*>(widget))
-        return group->title();
-    if (auto* combo = qobject_cast<QComboBox*>(widget))
-        return combo->currentText();
-    if (auto* tabs = qobject_cast<QTabWidget*>(widget))
-        return tabs->tabText(tabs->currentIndex());
-    if (auto* message = qobject_cast<QMessageBox*>(widget))
-        return message->text();
-    return {};
-}
-
 QJsonObject Read(const QString& name)
 {
     if (QAction* action = FindAction(name))
@@ -424,6 +353,8 @@ QJsonObject Execute(const QJsonObject& command)
     const QString text = command["text"].toString();
     if (what == u"windows")
         return Windows();
+    if (what == u"texts")
+        return AllTexts();
     if (what == u"trigger")
         return Trigger(name);
     if (what == u"type")
