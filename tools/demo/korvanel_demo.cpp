@@ -5,6 +5,7 @@
 //   korvanel_demo [--seconds N] [--out DIR] [--family NAME]
 #include "demo/Comparison.h"
 #include "demo/DemoInstrument.h"
+#include "demo/OldProject.h"
 #include "remote/ProgramDriver.h"
 #include "remote/SimulatorProcess.h"
 
@@ -54,6 +55,7 @@ public:
         WalkPages();
         PrintReport();
         BuildLoadCycle();
+        ConvertOldProject();
         driver.Trigger(QStringLiteral("mnuEnd"));
         if (driver.WaitForEnd() != EXIT_SUCCESS)
             throw DriverError("the program ended with an error");
@@ -385,6 +387,33 @@ private:
                 throw DriverError("the program ended with an error in English");
         }
         settings.remove(language);
+    }
+
+    /// A project of the predecessor becomes one of this program.
+    void ConvertOldProject()
+    {
+        const QString source = folder.filePath(QStringLiteral("Kreiselpumpe.KVL"));
+        const QString target = folder.filePath(QStringLiteral("Kreiselpumpe von früher.MDB"));
+        QFile::remove(target);
+        QFile file(source);
+        const QByteArray bytes = OldProjectFile();
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            throw DriverError("the old project can't be written");
+        file.close();
+        driver.Trigger(QStringLiteral("mnuClose"));
+        driver.WaitUntilGone(QStringLiteral("FormF6"));
+        driver.Trigger(QStringLiteral("mnuConvert"));
+        driver.GivePath(source);
+        driver.GivePath(target);
+        driver.AnswerBox(QStringLiteral("OK"));
+        driver.WaitForQuiet();
+        driver.Trigger(QStringLiteral("mnuOpen"));
+        driver.GivePath(target);
+        driver.WaitForControl(QStringLiteral("FormF1"));
+        driver.Trigger(QStringLiteral("mnuResGraph"));
+        driver.WaitForControl(QStringLiteral("FormF8"));
+        driver.WaitUntilEnabled(QStringLiteral("cmdRedraw"));
+        Picture(QStringLiteral("9-alte-messreihe"));
     }
 
     void FindSet(int set)
