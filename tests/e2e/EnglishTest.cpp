@@ -181,6 +181,11 @@ TEST_F(EnglishProgram, MainWindowAndItsDialogs)
     Look("dlgFile", "open");
     program.GivePath(ProgramFile("LOGO.BMP"));
     LookAtBox("no-project", "OK");
+    program.Trigger("mnuConvert");
+    program.WaitForWindow("dlgFile");
+    Look("dlgFile", "convert");
+    program.GivePath({});
+    LookAtBox("nothing-chosen", "OK");
     program.Trigger("mnuLaname_0");
     LookAtBox("language", "No");
     EXPECT_TRUE(program.Read("mnuLaname_1")["checked"].toBool());
