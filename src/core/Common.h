@@ -75,8 +75,8 @@ struct ApplicationBlock
     QString sMotorDbPath;
     QString sProgramTitle;
     QString sVersion;
-    QString sDialogPreset; ///< name that stands in the open dialog before the user types one
-    QString sPrinter;      ///< printer in use
+    QString sDialogPreset;       ///< name that stands in the open dialog before the user types one
+    QString sPrinter;            ///< printer in use
     bool isReportToFile = false; ///< reports go into a file and not to that printer
 
     QChar DecimalChar = u',';

@@ -1,8 +1,8 @@
 #include "editor/EntryColumns.h"
 
 #include "core/Common.h"
-#include "core/NetConfigurations.h"
 #include "core/Messages.h"
+#include "core/NetConfigurations.h"
 #include "core/NumberText.h"
 
 #include <algorithm>
