@@ -20,6 +20,7 @@
 #include "motors/FormF10.h"
 #include "motors/FormH11.h"
 #include "motors/FormH8.h"
+#include "output/FormH16.h"
 #include "project/FormF1.h"
 #include "project/ProjectCommands.h"
 #include "project/ProjectStore.h"
@@ -107,6 +108,7 @@ protected:
         window.RegisterDialog(kDialogSecondMachine, BuildDialog<FormH12>);
         window.RegisterDialog(kDialogComparison, BuildDialog<FormH13>);
         window.RegisterDialog(kDialogSimulationResults, BuildDialog<FormH14>);
+        window.RegisterDialog(kDialogPrintMachines, BuildDialog<FormH16>);
     }
 
     /// A project of a net configuration, open in the window without a page.
