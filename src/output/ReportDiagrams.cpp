@@ -1,4 +1,5 @@
 #include "core/Common.h"
+#include "core/NumberText.h"
 #include "core/texts/PrintExportTexts.h"
 #include "diagrams/DiagramContent.h"
 #include "diagrams/DiagramPicture.h"

@@ -65,13 +65,14 @@ void ReportFlow::AddItems(const std::vector<ReportItem>& items, int columns, int
 {
     const double labelWidth = columns == 1 ? 50 : 44;
     const double valueWidth = ColumnWidth(columns) - labelWidth;
-    const auto rows = (static_cast<int>(items.size()) + columns - 1) / columns;
+    const int rows = (static_cast<int>(items.size()) + columns - 1) / columns;
     for (int row = 0; row < rows; ++row) {
         std::vector<std::pair<int, ReportItem>> beside; // with their columns
         qsizetype most = 1;
         const double mostHeight = mostLines * fonts.text.LineHeight();
         for (int column = 0; column < columns; ++column) {
-            const auto place = static_cast<std::size_t>(column * rows + row);
+            const auto place =
+                static_cast<std::size_t>(column) * static_cast<std::size_t>(rows) + static_cast<std::size_t>(row);
             if (place >= items.size())
                 continue;
             beside.emplace_back(column, items[place]);
