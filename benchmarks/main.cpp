@@ -342,7 +342,7 @@ int main(int argc, char* argv[])
     isGood &= PrintRatio(reporter, "convert an old file / bare inserts", "Convert_Program", "Convert_Bare", 3.0);
     isGood &= PrintRatio(reporter, "draw all sets, 8 curves / bare loop", "Diagram_First", "Diagram_Bare", 2.0);
     // Its columns cost the picture the same, however many sets share them.
-    const double ofFurther = isShort ? 0.2 : 0.1;
+    const double ofFurther = isShort ? 0.3 : 0.1;
     isGood &= PrintRatio(reporter, "draw them again / bare loop", "Diagram_Further", "Diagram_Bare", ofFurther);
     isGood &= PrintRatio(reporter, "zoom to any view / bare loop", "Diagram_Zoom", "Diagram_Bare", 0.1);
     PrintRatio(reporter, "(a line for each set and curve / bare loop", "Diagram_Lines", "Diagram_Bare", 1000);
