@@ -96,6 +96,16 @@ void AddWindow(ReportFlow& flow, const EvaluationResults& results)
     flow.AddLines({FillPlaceholders(texts::reportWindow, {results.sWindow})});
 }
 
+/// A table of the measured machine, below the time window that its values belong to.
+ReportRun WindowPages(const ReportFonts& fonts, ReportSection section, const QString& title, const ResultTable& table)
+{
+    ReportFlow flow(fonts);
+    flow.AddTitle(title);
+    AddWindow(flow, App().MachineI.evaluation);
+    flow.AddTable(table);
+    return flow.Run(section);
+}
+
 } // namespace
 
 ReportRun OverviewPages(const ReportFonts& fonts, bool hasOverview, bool hasMachine)
@@ -123,11 +133,7 @@ ReportRun BothOverviewPages(const ReportFonts& fonts)
 
 ReportRun ExtremePages(const ReportFonts& fonts)
 {
-    ReportFlow flow(fonts);
-    flow.AddTitle(texts::reportExtremes);
-    AddWindow(flow, App().MachineI.evaluation);
-    flow.AddTable(ExtremTable(App().MachineI));
-    return flow.Run(kReportExtremes);
+    return WindowPages(fonts, kReportExtremes, texts::reportExtremes, ExtremTable(App().MachineI));
 }
 
 ReportRun EnergyPages(const ReportFonts& fonts)
@@ -152,11 +158,7 @@ ReportRun EnergyPages(const ReportFonts& fonts)
 
 ReportRun UtilisationPages(const ReportFonts& fonts)
 {
-    ReportFlow flow(fonts);
-    flow.AddTitle(texts::reportUtilisation);
-    AddWindow(flow, App().MachineI.evaluation);
-    flow.AddTable(UtilisationTable(App().MachineI));
-    return flow.Run(kReportUtilisation);
+    return WindowPages(fonts, kReportUtilisation, texts::reportUtilisation, UtilisationTable(App().MachineI));
 }
 
 ReportRun BothUtilisationPages(const ReportFonts& fonts)
